@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// Small steps of the C family's rules: text from tokens, and types put together word by word.
+#include "cfamily/grammar_actions.h"
+
+#include "cfamily/type_text.h"
+#include "parserstate/std_string.h"
+
+namespace vexltags {
+
+Name NameOf(pANTLR3_COMMON_TOKEN token) {
+  Name name;
+  name = token;
+  return name;
+}
+
+void AppendTypeWord(Name& type, pANTLR3_COMMON_TOKEN word) {
+  AppendWithSpace(type.text, TokenString(word));
+  type.line = TokenLine(word);
+}
+
+void AppendTypeName(TypeDescriptor& type, const Name& name) {
+  AppendWithSpace(type.name, name.text);
+  type.line = name.line;
+}
+
+void AppendSpecifiers(TypeDescriptor& type, const TypeDescriptor& specifiers) {
+  AppendWithSpace(type.name, specifiers.name);
+  type.line = specifiers.line;
+}
+
+std::string ParenthesizedNames(const ParamList& list) {
+  return "(" + ConcatenateNamesUsingSeparator(list.params, ", ") + ")";
+}
+
+void EndObjcInterfacePart(VexlTagsParser& builder, const Name& name, const Name& category,
+                          bool isInterface, bool isForward) {
+  if (!isForward) OpenObjcInterface(builder, name, category, isInterface);
+}
+
+}  // namespace vexltags

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// The token types of the C family that hand-written code names, numbered as in the vocabulary.
+#pragma once
+
+namespace vexltags {
+
+/// Types of tokens of one or a few fixed characters, and of the common kinds. The keywords follow
+/// from 92 on in the order of `kMainKeywords`.
+enum MainToken : unsigned {
+  kMainRCurly = 4,
+  kMainSemicolon = 5,
+  kMainLParen = 6,
+  kMainRParen = 7,
+  kMainComma = 8,
+  kMainEllipsis = 9,
+  kMainLCurly = 10,
+  kMainId = 14,
+  kMainColon = 15,
+  kMainLess = 16,
+  kMainGreater = 17,
+  kMainAssign = 20,
+  kMainTimesEqual = 21,
+  kMainDivideEqual = 22,
+  kMainPlusEqual = 23,
+  kMainMinusEqual = 24,
+  kMainModEqual = 25,
+  kMainShiftLeftEqual = 26,
+  kMainGreaterOrEqual = 27,
+  kMainAndEqual = 28,
+  kMainXorEqual = 29,
+  kMainOrEqual = 30,
+  kMainQuestionMark = 31,
+  kMainOr = 32,
+  kMainAnd = 33,
+  kMainBitwiseOr = 34,
+  kMainBitwiseXor = 35,
+  kMainAmpersand = 36,
+  kMainNotEqual = 37,
+  kMainEqual = 38,
+  kMainLessOrEqual = 39,
+  kMainShiftLeft = 40,
+  kMainPlus = 41,
+  kMainMinus = 42,
+  kMainStar = 43,
+  kMainDivide = 44,
+  kMainMod = 45,
+  kMainDotMember = 46,
+  kMainPointerToMember = 47,
+  kMainPlusPlus = 48,
+  kMainMinusMinus = 49,
+  kMainScope = 50,
+  kMainLSquare = 51,
+  kMainRSquare = 52,
+  kMainDot = 53,
+  kMainPointerTo = 54,
+  kMainNumber = 55,
+  kMainCharLiteral = 56,
+  kMainStringLiteral = 57,
+  kMainTilde = 58,
+  kMainNot = 59,
+  kMainDefine = 60,
+  kMainSpaceship = 61,
+  kMainFirstKeyword = 92,
+};
+
+}  // namespace vexltags

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+// The C family's scopes and braces, the tags of class-like scopes, and the cutting of names.
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
+
+#include "cfamily/vexl_tags_parser.h"
+#include "driver/text.h"
+#include "parserstate/append.h"
+
+namespace vexltags {
+namespace {
+
+constexpr long kNamespace = 6;
+constexpr long kInterface = 7;
+constexpr long kImplementation = 9;
+
+}  // namespace
+
+std::string VexlTagsParser::CurrentNamespaceName() const {
+  return ConcatenateNamesUsingSeparator(classStack, "::");
+}
+
+void VexlTagsParser::PushClass(const TypeDescriptor& descriptor) {
+  classStack.push_back(descriptor);
+  PushCurly(descriptor.kind == kNamespace ? CurlyType::Namespace : CurlyType::Class);
+}
+
+void VexlTagsParser::PushFunctionLCurly() { PushCurly(CurlyType::Function); }
+
+void VexlTagsParser::PushOtherLCurly() { PushCurly(CurlyType::Other); }
+
+bool VexlTagsParser::InFunctionCurlies() const {
+  return !curlyStack.empty() && curlyStack.back().first == CurlyType::Function;
+}
+
+bool VexlTagsParser::InFunctionCurliesDeep() const {
+  return std::any_of(curlyStack.begin(), curlyStack.end(),
+                     [](const auto& entry) { return entry.first == CurlyType::Function; });
+}
+
+bool VexlTagsParser::InClassCurlies() const {
+  return !curlyStack.empty() && curlyStack.back().first == CurlyType::Class;
+}
+
+bool VexlTagsParser::InObjc() const {
+  return !classStack.empty() && classStack.back().kind >= kInterface &&
+         classStack.back().kind <= kImplementation;
+}
+
+bool VexlTagsParser::CurrentNamespaceIsTyperef() const {
+  return !CurrentNamespaceName().empty() && classStack.back().isTypedef;
+}
+
+std::string VexlTagsParser::NextAnonName() {
+  static std::int32_t counter = 0;
+  return "__anon" + std::to_string(++counter);
+}
+
+const std::string& VexlTagsParser::AppendWithSpace(std::string& text, std::string_view piece) {
+  return vexltags::AppendWithSpace(text, piece);
+}
+
+std::pair<std::string, std::string> VexlTagsParser::GetNamespaceAndName(
+    const std::string& name) const {
+  std::string scope = CurrentNamespaceName();
+  std::size_t start = 0;
+  int depth = 0;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    if (name[i] == '<') {
+      ++depth;
+    } else if (name[i] == '>') {
+      --depth;
+    } else if (depth == 0 && name.compare(i, 2, "::") == 0) {
+      if (!scope.empty()) scope += "::";
+      scope.append(name, start, i - start);
+      start = i + 2;
+      ++i;
+    }
+  }
+  return {scope, name.substr(start)};
+}
+
+void VexlTagsParser::DumpClass(const TypeDescriptor& descriptor, int line) const {
+  if (options->debugDump) {
+    std::printf("class: %s", descriptor.name.c_str());
+    DebugPosition(line);
+    return;
+  }
+  const auto [scope, plainName] = GetNamespaceAndName(descriptor.name);
+  dumper->Print(CollapseWhitespace(plainName, " "));
+  dumper->PrintFormat("\t%s\t%d;\"\t%s", FileField().c_str(), line,
+                      NameSpaceSelector(descriptor.kind).c_str());
+  if (!scope.empty()) {
+    const std::string word =
+        CurrentNamespaceName().empty() ? "class" : NameSpaceKindName(classStack.back().kind);
+    dumper->PrintFormat("\t%s:%s", word.c_str(), CollapseWhitespace(scope, " ").c_str());
+  }
+  dumper->Print("\n");
+}
+
+void VexlTagsParser::PrintScopeField() const {
+  const std::string scope = CurrentNamespaceName();
+  if (scope.empty()) return;
+  dumper->PrintFormat("\t%s:%s", NameSpaceKindName(classStack.back().kind).c_str(),
+                      CollapseWhitespace(scope, " ").c_str());
+}
+
+void VexlTagsParser::PrintTagHead(const std::string& name, int line, char letter) const {
+  dumper->Print(CollapseWhitespace(name, " "));
+  dumper->PrintFormat("\t%s\t%d;\"\t%c", FileField().c_str(), line, letter);
+}
+
+void VexlTagsParser::DebugPosition(int line) const {
+  std::printf("| %s:%d\n", FileField().c_str(), line);
+}
+
+}  // namespace vexltags

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// A test fixture with a C-family tag builder for the file "a.h" and a look at what it wrote.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+#include "cfamily/declarations.h"
+
+namespace vexltags {
+
+/// Numbers of the scope-like kinds, for readable tests.
+enum Kind : long {
+  kClassKind = 1,
+  kStructKind = 2,
+  kUnionKind = 3,
+  kEnumKind = 4,
+  kUnnamedKind = 5,
+  kNamespaceKind = 6,
+  kInterfaceKind = 7,
+  kProtocolKind = 8,
+  kImplementationKind = 9,
+};
+
+class TagBuilderTest : public testing::Test {
+ protected:
+  Options options;
+  Dumper dumper;
+  VexlTagsParser builder{options, dumper, "a.h"};
+
+  /// Opens a scope without a tag.
+  void Open(const std::string& name, long kind) {
+    builder.PushClass(TypeDescriptor(name, kind, 1));
+  }
+
+  /// All tag lines since the last call, one text.
+  std::string Tags() {
+    std::string all;
+    for (; seen < dumper.Lines().size(); ++seen) all += dumper.Lines()[seen];
+    return all;
+  }
+
+  /// What `action` prints to standard output under `--debugDump`. Fails if it stores a tag.
+  template <class Action>
+  std::string Readable(Action action) {
+    options.debugDump = true;
+    testing::internal::CaptureStdout();
+    action();
+    std::fflush(stdout);
+    const std::string printed = testing::internal::GetCapturedStdout();
+    options.debugDump = false;
+    EXPECT_EQ(Tags(), "");
+    return printed;
+  }
+
+  /// A list of names, the n-th on line n.
+  static VectorOfName Names(std::initializer_list<const char*> texts) {
+    VectorOfName list;
+    for (const char* text : texts) {
+      list.Add(Name(text, static_cast<std::int32_t>(list.names.size()) + 1));
+    }
+    return list;
+  }
+
+ private:
+  std::size_t seen = 0;
+};
+
+}  // namespace vexltags

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+// The tags of macros, typedefs, concepts, variables, members, and names behind a closing brace.
+#include <cassert>
+#include <cstdio>
+
+#include "cfamily/type_text.h"
+#include "cfamily/vexl_tags_parser.h"
+#include "driver/text.h"
+#include "output/tags_format.h"
+
+namespace vexltags {
+namespace {
+
+/// True for the kinds that a typeref names: class, struct, union, enum.
+bool IsTypeKind(long kind) { return kind >= 1 && kind <= 4; }
+
+/// True for the kinds that a qualified variable can be a member of: class, struct, union,
+/// namespace.
+bool HoldsVariables(long kind) { return (kind >= 1 && kind <= 3) || kind == 6; }
+
+char VariableLetter(bool isMember) {
+  return isMember ? kind_letter::kMember : kind_letter::kVariable;
+}
+
+}  // namespace
+
+std::string VexlTagsParser::FlattenParamList(const ParamList& list) {
+  std::string text;
+  for (const Param& param : list.params) {
+    if (&param != &list.params.front()) text += ", ";
+    text += param.type;
+    if (!param.name.empty()) text += " @" + param.name + "@";
+  }
+  return text;
+}
+
+void VexlTagsParser::DumpMacro(const std::string& name, int line) const {
+  if (options->debugDump) {
+    std::printf("macro: %s", name.c_str());
+    DebugPosition(line);
+    return;
+  }
+  dumper->Print(CollapseWhitespace(name, " "));
+  dumper->PrintFormat("\t%s\t%d;\"\t%c\n", FileField().c_str(), line, kind_letter::kMacro);
+}
+
+void VexlTagsParser::DumpTypedef(const std::string& name, const TypeDescriptor& type,
+                                 int line) const {
+  assert(line >= 0 && "name.fLine >= 0");
+  if (options->debugDump) {
+    std::printf("typedef: %s", name.c_str());
+    DebugPosition(line);
+    return;
+  }
+  PrintTagHead(name, line, kind_letter::kTypedef);
+  if (IsTypeKind(type.kind)) {
+    std::string typeText = type.name;
+    dumper->PrintFormat("\ttyperef:%s", ReplaceAll(typeText, " ", ":").c_str());
+  }
+  PrintScopeField();
+  dumper->Print("\n");
+}
+
+void VexlTagsParser::DumpConstraint(const std::string& name, const TypeDescriptor& /*type*/,
+                                    int line) const {
+  assert(line >= 0 && "n.fLine >= 0");
+  if (options->debugDump) {
+    std::printf("constraint: %s", name.c_str());
+    DebugPosition(line);
+    return;
+  }
+  PrintTagHead(name, line, kind_letter::kConstraint);
+  PrintScopeField();
+  dumper->Print("\n");
+}
+
+void VexlTagsParser::DumpDeclDef(bool isMember, const std::string& name, const TypeDescriptor& type,
+                                 int line) {
+  DumpTrackPerFileDeclVolume();
+  if (options->debugDump) {
+    std::printf("%s: %s %s", isMember ? "member" : "global", type.name.c_str(), name.c_str());
+    DebugPosition(line);
+    return;
+  }
+  std::string plainName, qualifier;
+  SplitNameQualifier(name, plainName, qualifier);
+  dumper->Print(CollapseWhitespace(plainName, " "));
+  dumper->Print("\t");
+  dumper->Print(FileField());
+  dumper->PrintFormat("\t%d;\"\t%c", line, VariableLetter(isMember));
+  const long kind = CurrentNamespaceKind();
+  if (qualifier.empty()) {
+    PrintScopeField();
+  } else if (HoldsVariables(kind)) {
+    const std::string scope = AppendQualifier(CurrentNamespaceName(), qualifier, false);
+    dumper->PrintFormat("\t%s:%s", NameSpaceKindName(kind).c_str(),
+                        CollapseWhitespace(scope, " ").c_str());
+  } else {
+    dumper->Print("\tclass:");
+    dumper->Print(CollapseWhitespace(qualifier, " "));
+  }
+  dumper->Print("\n");
+}
+
+void VexlTagsParser::DumpDeclaration(bool isMember, bool isTypedef, const std::string& name,
+                                     long typeKind, const std::string& typeName, long scopeKind,
+                                     const std::string& scopeName, int line) {
+  assert(line >= 0 && "name.fLine >= 0");
+  DumpTrackPerFileDeclVolume();
+  if (options->debugDump) {
+    std::printf("%s: %s %s", isMember ? "member" : "global", typeName.c_str(), name.c_str());
+    DebugPosition(line);
+    return;
+  }
+  PrintTagHead(name, line, isTypedef ? kind_letter::kTypedef : VariableLetter(isMember));
+  if (isMember) {
+    dumper->PrintFormat("\t%s:%s", NameSpaceKindName(scopeKind).c_str(),
+                        CollapseWhitespace(scopeName, " ").c_str());
+  }
+  if (!typeName.empty()) {
+    dumper->PrintFormat("\ttyperef:%s:%s", NameSpaceKindName(typeKind).c_str(),
+                        CollapseWhitespace(typeName, " ").c_str());
+  }
+  dumper->Print("\n");
+}
+
+}  // namespace vexltags

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// The steps of a run, and what the process needs around them.
+#include "driver/run.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <vector>
+
+#include "driver/command_line.h"
+#include "driver/input_list.h"
+
+namespace vexltags {
+namespace {
+
+/// Turns signals about failed writes into plain errors, which the writer reports.
+void IgnoreWriteSignals() {
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
+/// Fills the places of standard streams that the caller closed, with descriptors on which every
+/// read or write fails. Otherwise the next file opened would take the place, and messages would
+/// land in the tags file.
+void FillStandardStreams() {
+  for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(fd, F_GETFD) != -1) continue;
+    if (open("/dev/null", fd == STDIN_FILENO ? O_WRONLY : O_RDONLY) != fd) return;
+  }
+}
+
+/// Indexes all paths in order. Returns 0 if at least one succeeded, else the result of the last.
+int IndexFiles(const std::vector<std::string>& paths, const Options& options, Dumper& dumper,
+               FileIndexer indexFile) {
+  bool anySucceeded = false;
+  int result = 0;
+  for (const std::string& path : paths) {
+    if (options.debugDumpFilenames) std::fprintf(stderr, "Indexing: %s\n", path.c_str());
+    result = indexFile(path, options, dumper);
+    if (result == 0) anySucceeded = true;
+  }
+  return anySucceeded ? 0 : result;
+}
+
+/// Reports text that standard output did not take, unless the run has failed already.
+int FinishStandardOutput(int status) {
+  const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+  if (written || status != 0) return status;
+  std::fputs("error writing <stdout>\n", stderr);
+  return -1;
+}
+
+int RunToStatus(const std::vector<std::string>& arguments, FileIndexer indexFile) {
+  CommandLine commandLine;
+  switch (ScanCommandLine(arguments, commandLine)) {
+    case ScanResult::kDone:
+      return 0;
+    case ScanResult::kFailed:
+      return -1;
+    case ScanResult::kRun:
+      break;
+  }
+  const Options& options = commandLine.options;
+
+  std::vector<std::string> paths = std::move(commandLine.inputPaths);
+  if (commandLine.hasListFile) {
+    ReadInputList(commandLine.listPath, options.debugDumpFilenames, paths);
+  }
+
+  Dumper dumper;
+  if (commandLine.hasOutputFile) dumper.SetOutput(commandLine.outputPath);
+  // Without any path, the one empty path makes the indexer say that there is nothing to read.
+  const int status = paths.empty() ? indexFile("", options, dumper)
+                                   : IndexFiles(paths, options, dumper, indexFile);
+  return status == 0 ? dumper.Dump(options) : status;
+}
+
+}  // namespace
+
+int Run(int argc, const char* const* argv, FileIndexer indexFile) {
+  IgnoreWriteSignals();
+  FillStandardStreams();
+  const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+  return FinishStandardOutput(RunToStatus(arguments, indexFile));
+}
+
+}  // namespace vexltags

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// A source file in memory, as the recognisers read it.
+#include "driver/source_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
+
+namespace vexltags {
+namespace {
+
+/// A file descriptor that closes itself.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number(number) {}
+  ~Descriptor() {
+    if (number >= 0) close(number);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  int Number() const { return number; }
+
+ private:
+  int number;
+};
+
+/// Reads to the end, whatever the size was said to be: the file may grow or shrink meanwhile.
+bool ReadAll(int file, std::size_t expected, std::vector<ANTLR3_UINT8>& bytes) {
+  constexpr std::size_t kLargest = UINT32_MAX - 1;
+  bytes.resize(expected + 1);
+  std::size_t size = 0;
+  for (;;) {
+    if (size == bytes.size()) bytes.resize(bytes.size() * 2);
+    const ssize_t count = read(file, bytes.data() + size, bytes.size() - size);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    if (count == 0) break;
+    size += static_cast<std::size_t>(count);
+    if (size > kLargest) return false;
+  }
+  bytes.resize(size);
+  return true;
+}
+
+}  // namespace
+
+bool SourceFile::Read(const std::string& path) {
+  // Without O_NONBLOCK opening a FIFO waits for a writer.
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (file.Number() < 0) return false;
+  struct stat status;
+  if (fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
+  if (static_cast<std::uint64_t>(status.st_size) >= UINT32_MAX) return false;
+  if (!ReadAll(file.Number(), static_cast<std::size_t>(status.st_size), bytes)) return false;
+  const auto size = static_cast<ANTLR3_UINT32>(bytes.size());
+  if (bytes.empty()) bytes.push_back(0);  // The stream wants an address also for nothing.
+  std::vector<ANTLR3_UINT8> name(path.begin(), path.end());
+  name.push_back(0);
+  input.reset(antlr3StringStreamNew(bytes.data(), ANTLR3_ENC_8BIT, size, name.data()));
+  return input != nullptr;
+}
+
+}  // namespace vexltags

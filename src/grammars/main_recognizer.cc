@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// Runs the grammar of C, C++ and Objective-C over one file: the one place that sees its generated
+// names.
+#include "grammars/main_recognizer.h"
+
+#include "cfamily/directives.h"
+#include "cfamily/main_scanner.h"
+#include "cfamily/main_tokens.h"
+#include "cfamily/vexl_tags_parser.h"
+
+// Last: these headers define every token name as a macro.
+#include "mainLexer.h"
+#include "mainParser.h"
+
+// The scanner's numbers are the vocabulary's.
+static_assert(RCURLY == vexltags::kMainRCurly && LCURLY == vexltags::kMainLCurly &&
+              ID == vexltags::kMainId && COLON == vexltags::kMainColon &&
+              LESSTHAN == vexltags::kMainLess && GREATERTHAN == vexltags::kMainGreater &&
+              ASSIGN == vexltags::kMainAssign && BITWISEOREQUAL == vexltags::kMainOrEqual &&
+              QUESTIONMARK == vexltags::kMainQuestionMark && MOD == vexltags::kMainMod &&
+              POINTERTO == vexltags::kMainPointerTo && Number == vexltags::kMainNumber &&
+              NOT == vexltags::kMainNot && Define == vexltags::kMainDefine &&
+              SPACESHIP == vexltags::kMainSpaceship && T__92 == vexltags::kMainFirstKeyword);
+
+namespace vexltags {
+namespace {
+
+struct MainGrammar {
+  using Lexer = mainLexer;
+  using Parser = mainParser;
+  using Builder = VexlTagsParser;
+  static constexpr bool kFiltersTokens = false;
+  static constexpr bool kKeepsNeighbours = false;
+  static constexpr Scanner Scan = ScanMain;
+
+  static pmainLexer NewLexer(pANTLR3_INPUT_STREAM input) { return mainLexerNew(input); }
+  static pmainParser NewParser(pANTLR3_COMMON_TOKEN_STREAM tokens) { return mainParserNew(tokens); }
+  void Attach(pmainLexer lexer) { lexer->conditionals = &conditionals; }
+  static void Start(pmainParser parser) { parser->inputStream(parser); }
+
+  /// What the lexer has learned of the file's conditionals.
+  ConditionalMemo conditionals;
+};
+
+}  // namespace
+
+RecognizerCounts RunMain(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
+                         const std::string& stored) {
+  return RunRecognizer<MainGrammar>(input, options, dumper, stored);
+}
+
+}  // namespace vexltags

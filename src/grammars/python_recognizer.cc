@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// Runs the Python grammar over one file: the one place that sees its generated names.
+#include "grammars/python_recognizer.h"
+
+#include "python/python_scanner.h"
+#include "python/python_tags_parser.h"
+
+// Last: these headers define every token name as a macro.
+#include "pythonLexer.h"
+#include "pythonParser.h"
+
+static_assert(PY_LeadingWithespace == vexltags::kPythonLeadingWhitespace &&
+              PY_NAME == vexltags::kPythonName && T__17 == vexltags::kPythonColon &&
+              T__18 == vexltags::kPythonLParen && T__19 == vexltags::kPythonRParen &&
+              T__20 == vexltags::kPythonClass && T__21 == vexltags::kPythonDef &&
+              T__22 == vexltags::kPythonArrow);
+
+namespace vexltags {
+namespace {
+
+struct PythonGrammar {
+  using Lexer = pythonLexer;
+  using Parser = pythonParser;
+  using Builder = PythonTagsParser;
+  static constexpr bool kFiltersTokens = true;
+  static constexpr bool kKeepsNeighbours = false;
+  static constexpr Scanner Scan = ScanPython;
+  static ppythonLexer NewLexer(pANTLR3_INPUT_STREAM input) { return pythonLexerNew(input); }
+  static ppythonParser NewParser(pANTLR3_COMMON_TOKEN_STREAM tokens) {
+    return pythonParserNew(tokens);
+  }
+  static void Attach(ppythonLexer) {}
+  static void Start(ppythonParser parser) { parser->inputStream(parser); }
+};
+
+}  // namespace
+
+RecognizerCounts RunPython(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
+                           const std::string& stored) {
+  return RunRecognizer<PythonGrammar>(input, options, dumper, stored);
+}
+
+}  // namespace vexltags

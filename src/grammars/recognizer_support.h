@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+// Replaces operations of the recogniser runtime in the generated recognisers, each with its reason.
+//
+// A grammar includes it first in its @members section, that is, behind the generator's own macros,
+// which it redefines; the project headers that it stands on come in by the grammar's @includes. Two
+// replacements mend what the generator gets wrong, one keeps the outcomes of trials. All others only
+// save time: a build with VEXLTAGS_PLAIN goes without them and has to give the same tags and the same
+// error counts, which tests/differential.py checks.
+#pragma once
+
+#include "parserstate/parser_ops.h"
+
+// --- What the generator gets wrong ---
+
+// REWIND also sets the place that REWINDLAST goes back to. A prediction that asks several predicates
+// goes back to its start between them by REWINDLAST; stock leaves lastMarker at the last nested mark,
+// so the second predicate would be tried at a wrong token or character.
+#undef REWIND
+#define REWIND(m)                  \
+  do {                             \
+    ISTREAM->rewind(ISTREAM, (m)); \
+    ISTREAM->lastMarker = (m);     \
+  } while (0)
+
+// A failed set test in a lexer rule costs one character, which the runtime's token loop drops.
+// Stock's LRECOVER would drop a second one in the rule itself.
+#undef LRECOVER
+#define LRECOVER()
+
+// --- Trials: see RunTrial ---
+
+namespace vexltags {
+/// The first number that __COUNTER__ gives to a predicate of this file.
+inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
+}  // namespace vexltags
+#define VEXL_TRIAL(ctx, fragment) \
+  (vexltags::RunTrial<__COUNTER__ - vexltags::kFirstTrial>(ctx, fragment))
+#define VEXL_LEXER_TRIAL(ctx, fragment) (vexltags::RunLexerTrial(ctx, fragment))
+
+// --- Time ---
+
+#ifdef VEXLTAGS_PLAIN
+
+#define VEXL_MATCH(type, follow) MATCHT(type, follow)
+#define VEXL_PREDICT(ctx, dfa) dfa.predict(ctx, RECOGNIZER, ISTREAM, &dfa)
+
+#elif defined(PARSER)
+
+// The token stream is a flat table; the runtime's own access goes through three function pointers.
+#undef LA
+#define LA(k) (ctx->tokens->LA(k))
+// A label on a set takes its token by LT. No action looks at it in a trial, so there is none then.
+#undef LT
+#define LT(k) (BACKTRACKING > 0 ? nullptr : ctx->tokens->LT(k))
+#undef CONSUME
+#define CONSUME() (ctx->tokens->Consume())
+#undef INDEX
+#define INDEX() (static_cast<ANTLR3_MARKER>(ctx->tokens->Position()))
+#undef SEEK
+#define SEEK(index) (ctx->tokens->Seek(static_cast<std::size_t>(index)))
+#undef MARK
+#define MARK() (ISTREAM->lastMarker = INDEX())
+#undef REWIND
+#define REWIND(m) (SEEK(m), ISTREAM->lastMarker = (m))
+#undef REWINDLAST
+#define REWINDLAST() SEEK(ISTREAM->lastMarker)
+
+// A matching token is the common case and settled here; the runtime makes a token object for each
+// match, wanted or not, so a match without a label has a form of its own.
+#undef MATCHT
+#define MATCHT(type, follow) (vexltags::MatchLabelled(ctx, type, follow))
+#define VEXL_MATCH(type, follow) (vexltags::MatchToken(ctx, type, follow))
+
+#define VEXL_PREDICT(ctx, dfa) (vexltags::Predict(ctx, dfa))
+
+// The follow sets on the rule stack serve error recovery only.
+#undef FOLLOWPUSH
+#define FOLLOWPUSH(set) (vexltags::PushFollow(FOLLOWSTACK, &(set)))
+#undef FOLLOWPOP
+#define FOLLOWPOP() (vexltags::PopFollow(FOLLOWSTACK))
+
+#else
+
+// Characters are read where they lie.
+#undef LA
+#define LA(k) (vexltags::LookAtCharacter(INPUT, k))
+#undef CONSUME
+#define CONSUME() (vexltags::ConsumeCharacter(INPUT))
+#undef MATCHC
+#define MATCHC(c) (vexltags::MatchCharacter(LEXER, c))
+
+#define VEXL_PREDICT(ctx, dfa) dfa.predict(ctx, RECOGNIZER, ISTREAM, &dfa)
+
+#endif

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+// The predicates of the Swift parser, over its generated context, and the text of an operator.
+//
+// The grammar includes it in its @parser::members, where the context's type and the token names are
+// known.
+#pragma once
+
+static_assert(SW_SEMI == vexltags::kSwiftSemi && SW_RCURLY == vexltags::kSwiftRCurly &&
+              SW_LPAREN == vexltags::kSwiftLParen && SW_RPAREN == vexltags::kSwiftRParen &&
+              SW_LT == vexltags::kSwiftLess && SW_GT == vexltags::kSwiftGreater &&
+              SW_COMMA == vexltags::kSwiftComma && SW_COLON == vexltags::kSwiftColon &&
+              SW_ASSIGN == vexltags::kSwiftAssign && SW_AMPERSAND == vexltags::kSwiftAmpersand &&
+              SW_QUESTIONMARK == vexltags::kSwiftQuestionMark && SW_NOT == vexltags::kSwiftNot &&
+              SW_DOT == vexltags::kSwiftDot && SW_LSQUARE == vexltags::kSwiftLSquare &&
+              SW_RSQUARE == vexltags::kSwiftRSquare && SW_LCURLY == vexltags::kSwiftLCurly &&
+              SW_DIVIDE == vexltags::kSwiftDivide && SW_MINUS == vexltags::kSwiftMinus &&
+              SW_PLUS == vexltags::kSwiftPlus && SW_STAR == vexltags::kSwiftStar &&
+              SW_MOD == vexltags::kSwiftMod && SW_BITWISEOR == vexltags::kSwiftBitwiseOr &&
+              SW_BITWISEXOR == vexltags::kSwiftBitwiseXor && SW_TILDE == vexltags::kSwiftTilde &&
+              SW_FloatingPoint_E == vexltags::kSwiftFloatingPointE &&
+              SW_FloatingPoint_P == vexltags::kSwiftFloatingPointP &&
+              SW_Identifier == vexltags::kSwiftIdentifier &&
+              SW_Whitespace == vexltags::kSwiftWhitespace &&
+              SW_SingleLineComment == vexltags::kSwiftSingleLineComment &&
+              SW_CComment == vexltags::kSwiftCComment &&
+              ANTLR3_TOKEN_EOF == vexltags::kSwiftEndOfFile);
+
+/// The types of the tokens around the one that the parser stands at, hidden ones included.
+static vexltags::TokenWindow TokensAround(pswiftParser ctx) {
+#ifdef VEXLTAGS_PLAIN
+  return {ctx->pParser->tstream->super, [](const void* buffer, int offset) {
+            const auto* const stream = static_cast<const ANTLR3_COMMON_TOKEN_STREAM*>(buffer);
+            const auto index = static_cast<ANTLR3_UINT32>(stream->p + offset);
+            if (index >= stream->tokens->count) return static_cast<unsigned>(ANTLR3_TOKEN_EOF);
+            void* const token = stream->tokens->elements[index].element;
+            return static_cast<unsigned>(static_cast<pANTLR3_COMMON_TOKEN>(token)->type);
+          }};
+#else
+  return {ctx->tokens, [](const void* table, int offset) {
+            return static_cast<const vexltags::TokenTable*>(table)->RawType(offset);
+          }};
+#endif
+}
+
+static int getLastOpTokenIndex(pswiftParser ctx) {
+  return vexltags::getLastOpTokenIndex(TokensAround(ctx));
+}
+static bool isBinaryOp(pswiftParser ctx) { return vexltags::isBinaryOp(TokensAround(ctx)); }
+static bool isPrefixOp(pswiftParser ctx) { return vexltags::isPrefixOp(TokensAround(ctx)); }
+static bool isPostfixOp(pswiftParser ctx) { return vexltags::isPostfixOp(TokensAround(ctx)); }
+static bool operNotGenericClauseOpener(pswiftParser ctx) {
+  return vexltags::operNotGenericClauseOpener(TokensAround(ctx));
+}
+
+/// The operator from the token with index `first` to the last one matched: the text of all tokens
+/// between, hidden ones too, with the line of the token that comes next.
+static vexltags::Name OperatorName(pswiftParser ctx, ANTLR3_MARKER first) {
+#ifdef VEXLTAGS_PLAIN
+  const pANTLR3_TOKEN_STREAM tokens = ctx->pParser->tstream;
+  const auto last = static_cast<ANTLR3_UINT32>(tokens->_LT(tokens, -1)->index);
+  const auto from = static_cast<ANTLR3_UINT32>(first);
+  return {vexltags::stdString(tokens->toStringSS(tokens, from, last)),
+          vexltags::TokenLine(tokens->_LT(tokens, 1))};
+#else
+  const vexltags::TokenTable& tokens = *ctx->tokens;
+  return {tokens.Text(static_cast<std::size_t>(first), tokens.Position() - 1), tokens.NextLine()};
+#endif
+}

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+// Assembles tag lines and writes them at the end of the run.
+#include "output/dumper.h"
+
+#include <sys/stat.h>
+
+#include <cstdarg>
+#include <cstdio>
+#include <fstream>
+#include <utility>
+
+#include "driver/paths.h"
+#include "output/file_writer.h"
+#include "output/line_order.h"
+#include "output/relative_path.h"
+#include "output/tags_format.h"
+
+namespace vexltags {
+
+namespace {
+
+int Fail(const char* what, const std::string& path) {
+  std::fprintf(stderr, "error %s %s\n", what, path.c_str());
+  return -1;
+}
+
+}  // namespace
+
+void Dumper::SetOutput(const std::string& path) { outputPath = path; }
+
+void Dumper::SetPrintObserver(std::function<void(const std::string&)> observer) {
+  printObserver = std::move(observer);
+}
+
+void Dumper::Print(std::string_view text) {
+  pending += text;
+  if (pending.empty() || pending.back() != '\n') return;
+  if (printObserver) printObserver(pending);
+  // Copied, so that the stored line has no spare room and `pending` keeps its own.
+  lines.push_back(pending);
+  pending.clear();
+}
+
+void Dumper::PrintFormat(const char* format, ...) {
+  char buffer[1024];
+  va_list arguments;
+  va_start(arguments, format);
+  const int length = std::vsnprintf(buffer, sizeof buffer, format, arguments);
+  va_end(arguments);
+  if (length >= 0) Print(buffer);
+}
+
+std::string Dumper::FileName(const Options& options, const std::string& path) const {
+  if (!options.tagRelative) return path;
+  // The environment is read until it gives a value, and no more after that.
+  static std::string home;
+  static std::string cwd;
+  if (home.empty()) home = HomePrefix(options.cannonicalPaths);
+  if (cwd.empty()) cwd = WorkingDirectory();
+  return RelativeToWorkingDirectory(path, home, cwd);
+}
+
+int Dumper::Dump(const Options& options) {
+  bool exists = false;
+  if (!outputPath.empty()) {
+    struct stat info;
+    exists = stat(outputPath.c_str(), &info) == 0;
+    MakeParentDirForPathIfNeeded(outputPath);
+  }
+  const bool unsorted = options.sort == 0;
+  const bool append = options.append && exists && unsorted;
+  const bool merge = options.append && exists && !unsorted;
+  const bool header = !(options.append && unsorted);
+
+  if (merge && !ReadOldLines()) return Fail("opening", outputPath);
+  SortLines(lines, options.sort);
+  return Write(options, append, header);
+}
+
+// Takes over the lines of the existing file, without its header.
+bool Dumper::ReadOldLines() {
+  std::ifstream file(outputPath, std::ios::binary);
+  if (!file) return false;
+  std::string line;
+  while (std::getline(file, line)) {
+    if (!line.empty() && line.front() != '!') lines.push_back(line + '\n');
+  }
+  return !file.bad();
+}
+
+int Dumper::Write(const Options& options, bool append, bool header) const {
+  const bool toFile = !outputPath.empty();
+  const std::string target = toFile ? outputPath : "<stdout>";
+  FileWriter writer;
+  if (!toFile) {
+    writer.OpenStandardOutput();
+  } else if (!writer.OpenFile(outputPath,
+                              append ? FileWriter::Mode::Append : FileWriter::Mode::Truncate)) {
+    return Fail("opening", target);
+  }
+
+  bool good = !header || writer.Write(TagsHeader(options.sort));
+  for (auto line = lines.begin(); good && line != lines.end(); ++line) good = writer.Write(*line);
+  if (good && writer.Close()) return 0;
+  writer.Abandon();
+  return Fail("writing", target);
+}
+
+}  // namespace vexltags

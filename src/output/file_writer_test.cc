@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+// Tests of writing, with devices and limits that fail.
+#include "output/file_writer.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+#include "testing/scratch.h"
+
+namespace vexltags {
+namespace {
+
+using testing_support::ReadFile;
+using testing_support::RunInChild;
+using testing_support::ScratchFolder;
+using testing_support::WriteFile;
+using Mode = FileWriter::Mode;
+
+// Lets no file of this process grow beyond `bytes`.
+void LimitFileSize(rlim_t bytes) {
+  struct rlimit limit;
+  getrlimit(RLIMIT_FSIZE, &limit);
+  limit.rlim_cur = bytes;
+  setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+TEST(FileWriter, WritesAndAppends) {
+  const ScratchFolder scratch;
+  const std::string path = scratch.Path("f");
+  for (const Mode mode : {Mode::Truncate, Mode::Append, Mode::Append}) {
+    FileWriter writer;
+    ASSERT_TRUE(writer.OpenFile(path, mode));
+    EXPECT_TRUE(writer.Write("one"));
+    EXPECT_TRUE(writer.Write(""));
+    EXPECT_TRUE(writer.Write(" two\n"));
+    EXPECT_TRUE(writer.Close());
+  }
+  EXPECT_EQ(ReadFile(path), "one two\none two\none two\n");
+  FileWriter writer;
+  ASSERT_TRUE(writer.OpenFile(path, Mode::Truncate));
+  EXPECT_TRUE(writer.Close());
+  EXPECT_EQ(ReadFile(path), "");
+}
+
+TEST(FileWriter, WritesPiecesOfEverySizeInOrder) {
+  const ScratchFolder scratch;
+  std::string expected;
+  FileWriter writer;
+  ASSERT_TRUE(writer.OpenFile(scratch.Path("f"), Mode::Truncate));
+  for (const std::size_t size : {1, 65535, 1, 65536, 2, 70000, 3, 200000, 65534, 4}) {
+    const std::string piece(size, static_cast<char>('a' + expected.size() % 26));
+    EXPECT_TRUE(writer.Write(piece));
+    expected += piece;
+  }
+  EXPECT_TRUE(writer.Close());
+  EXPECT_EQ(ReadFile(scratch.Path("f")), expected);
+}
+
+TEST(FileWriter, CannotOpenBelowAFileOrOnAFolder) {
+  const ScratchFolder scratch;
+  WriteFile(scratch.Path("f"), "");
+  for (const std::string& path : {scratch.Path("f/g"), scratch.Path(), std::string()}) {
+    FileWriter writer;
+    EXPECT_FALSE(writer.OpenFile(path, Mode::Truncate)) << path;
+    EXPECT_FALSE(writer.Write("x"));
+    EXPECT_FALSE(writer.Close());
+  }
+}
+
+TEST(FileWriter, NoticesAFullDeviceAtTheLastFlush) {
+  FileWriter writer;
+  ASSERT_TRUE(writer.OpenFile("/dev/full", Mode::Truncate));
+  EXPECT_TRUE(writer.Write("buffered"));
+  EXPECT_FALSE(writer.Close());
+  EXPECT_FALSE(writer.Write("more"));
+}
+
+TEST(FileWriter, NoticesAFullDeviceAtALargeWrite) {
+  FileWriter writer;
+  ASSERT_TRUE(writer.OpenFile("/dev/full", Mode::Append));
+  EXPECT_FALSE(writer.Write(std::string(100000, 'x')));
+  EXPECT_FALSE(writer.Write("more"));
+  EXPECT_FALSE(writer.Close());
+}
+
+TEST(FileWriter, AbandonsNoDevice) {
+  FileWriter writer;
+  ASSERT_TRUE(writer.OpenFile("/dev/full", Mode::Truncate));
+  EXPECT_TRUE(writer.Write("x"));
+  EXPECT_FALSE(writer.Close());
+  writer.Abandon();
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+}
+
+TEST(FileWriter, FailsAtASizeLimitWithoutASignal) {
+  const ScratchFolder scratch;
+  const std::string path = scratch.Path("f");
+  const int status = RunInChild([&path] {
+    LimitFileSize(10);
+    FileWriter writer;
+    if (!writer.OpenFile(path, Mode::Truncate) || !writer.Write("0123456789abc")) return 1;
+    return writer.Close() ? 2 : 0;
+  });
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(ReadFile(path), "0123456789");
+}
+
+TEST(FileWriter, TakesBackWhatItWrote) {
+  const struct {
+    const char* why;
+    Mode mode;
+    bool exists;
+    bool throughLink;
+    std::optional<std::string> left;
+  } cases[] = {
+      {"a new file is removed", Mode::Truncate, false, false, std::nullopt},
+      {"a replaced file is removed", Mode::Truncate, true, false, std::nullopt},
+      {"behind a link it is emptied", Mode::Truncate, true, true, ""},
+      {"an extended file gets its length back", Mode::Append, true, false, "old\n"},
+      {"also behind a link", Mode::Append, true, true, "old\n"},
+  };
+  for (const auto& c : cases) {
+    const ScratchFolder scratch;
+    const std::string path = scratch.Path("f");
+    const std::string opened = c.throughLink ? scratch.Path("link") : path;
+    if (c.exists) WriteFile(path, "old\n");
+    if (c.throughLink) std::filesystem::create_symlink("f", opened);
+    FileWriter writer;
+    ASSERT_TRUE(writer.OpenFile(opened, c.mode)) << c.why;
+    EXPECT_TRUE(writer.Write(std::string(100000, 'x'))) << c.why;
+    EXPECT_TRUE(writer.Write("buffered")) << c.why;
+    writer.Abandon();
+    EXPECT_EQ(ReadFile(path), c.left) << c.why;
+    EXPECT_EQ(std::filesystem::is_symlink(opened), c.throughLink) << c.why;
+    EXPECT_FALSE(writer.Write("x")) << c.why;
+    EXPECT_FALSE(writer.Close()) << c.why;
+  }
+}
+
+TEST(FileWriter, LeavesAFileThatTookItsPlace) {
+  const ScratchFolder scratch;
+  FileWriter writer;
+  ASSERT_TRUE(writer.OpenFile(scratch.Path("f"), Mode::Truncate));
+  WriteFile(scratch.Path("other"), "other");
+  std::filesystem::rename(scratch.Path("other"), scratch.Path("f"));
+  writer.Abandon();
+  EXPECT_EQ(ReadFile(scratch.Path("f")), "other");
+}
+
+TEST(FileWriter, WritesToStandardOutputBehindWhatIsThere) {
+  testing::internal::CaptureStdout();
+  std::printf("before ");
+  {
+    FileWriter writer;
+    writer.OpenStandardOutput();
+    EXPECT_TRUE(writer.Write("tags "));
+    EXPECT_TRUE(writer.Close());
+  }
+  std::printf("behind");
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "before tags behind");
+}
+
+TEST(FileWriter, NoticesBrokenStandardOutputWithoutASignal) {
+  enum Kind { Full, Closed, ReaderGone };
+  for (const Kind kind : {Full, Closed, ReaderGone}) {
+    for (const bool printedBefore : {false, true}) {
+      const int status = RunInChild([kind, printedBefore] {
+        int ends[2] = {-1, -1};
+        if (kind == Full) ends[1] = open("/dev/full", O_WRONLY);
+        if (kind == ReaderGone && pipe(ends) != 0) return 1;
+        close(STDOUT_FILENO);
+        if (kind == ReaderGone) close(ends[0]);
+        if (kind != Closed && dup2(ends[1], STDOUT_FILENO) < 0) return 2;
+        if (printedBefore) std::printf("before");
+        FileWriter writer;
+        writer.OpenStandardOutput();
+        writer.Write("tags");
+        return writer.Close() ? 3 : 0;
+      });
+      // The child's own output is lost when it ends, which must not end it either.
+      EXPECT_EQ(status, 0) << kind << printedBefore;
+    }
+  }
+}
+
+TEST(FileWriter, GivesSignalsBackTheirFormerMeaning) {
+  const int status = RunInChild([] {
+    signal(SIGPIPE, SIG_DFL);
+    { const FileWriter writer; }
+    raise(SIGPIPE);
+    return 0;
+  });
+  EXPECT_EQ(status, -SIGPIPE);
+}
+
+}  // namespace
+}  // namespace vexltags

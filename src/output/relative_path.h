@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// Rewrites a stored path relative to the working directory.
+#pragma once
+
+#include <string>
+
+namespace vexltags {
+
+/// The longest leading directory that both paths share, with its trailing `/`, or `a` when they are
+/// equal. Empty when they share no more than the root.
+std::string CommonSubpath(const std::string& a, const std::string& b);
+
+/// Rewrites `path`, in the form in which tag builders store it, relative to `cwd`.
+///
+/// `home` is the home directory with a `/` behind it, to be put in for the first `~/` anywhere in
+/// the path; empty to leave the path alone. `cwd` ends in `/`. A path that shares only the root
+/// with `cwd` stays absolute. Backslash escapes are part of the path and the directory has none, so
+/// below a directory with a blank in its name the common part ends above that directory; and a
+/// directory with a backslash in its name stops the count of the steps up.
+std::string RelativeToWorkingDirectory(const std::string& path, const std::string& home,
+                                       const std::string& cwd);
+
+/// The home directory from `HOME` with a `/` behind it; empty when it is not to be expanded
+/// (`cannonicalPaths` false) or `HOME` is not set, which a line on standard output then tells.
+std::string HomePrefix(bool cannonicalPaths);
+
+/// The working directory without symbolic links, with a `/` behind it: `PWD` if that names the
+/// directory the process is in, otherwise what the system tells. Empty when neither can be had.
+std::string WorkingDirectory();
+
+}  // namespace vexltags

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// How methods and property attributes are assigned.
+#include "parserstate/method_prototype.h"
+
+namespace vexltags {
+
+MethodPrototype& MethodPrototype::operator=(const Name& other) {
+  name = other.text;
+  line = other.line;
+  return *this;
+}
+
+MethodPrototype& MethodPrototype::operator=(const Param& other) {
+  name = other.name;
+  line = other.line;
+  return *this;
+}
+
+MethodPrototypeList& MethodPrototypeList::operator=(std::nullptr_t) {
+  methods.clear();
+  return *this;
+}
+
+PropertyAttributeInfo& PropertyAttributeInfo::operator=(std::nullptr_t) {
+  return *this = PropertyAttributeInfo();
+}
+
+}  // namespace vexltags

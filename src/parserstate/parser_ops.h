@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+// What the macros of generated code stand for: trials with kept outcomes, and the runtime's most
+// frequent operations done in place.
+#pragma once
+
+#include <antlr3.h>
+
+#include <cstddef>
+#include <string>
+
+#include "parserstate/lexer_state.h"
+#include "parserstate/std_string.h"
+#include "parserstate/token_table.h"
+#include "parserstate/trial_table.h"
+
+namespace vexltags {
+
+/// Asks a predicate of a parser: runs `fragment` from the current token with actions off and goes
+/// back, or repeats the kept outcome of an earlier run. Repeating includes the one side effect that
+/// a trial has on the recogniser, the cleared mark "in error recovery" after any matched token.
+///
+/// The time limit changes what rules answer, so outcomes from before a file was given up are dropped.
+template <unsigned kPredicate, class Context>
+ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
+  static_assert(kPredicate < TrialTable::kPredicates);
+  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
+  pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
+  const ANTLR3_MARKER start = stream->index(stream);
+  const auto token = static_cast<std::size_t>(start);
+  TrialTable& trials = *ctx->trials;
+
+  trials.SetGivenUp(ctx->fileState->Aborted());
+  if (state->backtracking == 0) trials.Commit(token);
+  const TrialTable::Outcome kept = trials.Find(kPredicate, token);
+  if (kept.known) {
+    if (kept.matched) state->errorRecovery = ANTLR3_FALSE;
+    return kept.success;
+  }
+
+  const ANTLR3_BOOLEAN inRecovery = state->errorRecovery;
+  state->errorRecovery = ANTLR3_TRUE;
+  state->backtracking++;
+  stream->lastMarker = start;
+  fragment(ctx);
+  const bool success = !state->failed;
+  stream->seek(stream, start);
+  stream->lastMarker = start;
+  state->backtracking--;
+  state->failed = ANTLR3_FALSE;
+  const bool matched = state->errorRecovery == ANTLR3_FALSE;
+  if (!matched) state->errorRecovery = inRecovery;
+  trials.Keep(kPredicate, token, success, matched);
+  return success;
+}
+
+/// Asks a predicate of a lexer: the same without keeping, since a lexer asks once per character.
+template <class Context>
+ANTLR3_BOOLEAN RunLexerTrial(Context* ctx, void (*fragment)(Context*)) {
+  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pLexer->rec->state;
+  pANTLR3_INT_STREAM stream = ctx->pLexer->input->istream;
+  state->backtracking++;
+  const ANTLR3_MARKER start = stream->mark(stream);
+  fragment(ctx);
+  const bool success = !state->failed;
+  stream->rewind(stream, start);
+  stream->lastMarker = start;
+  state->backtracking--;
+  state->failed = ANTLR3_FALSE;
+  return success;
+}
+
+// Questions that grammar actions ask -----------------------------------------------------------
+
+/// The 1-based line of the next token, that of the end of the file behind the last.
+template <class Context>
+int NextLine(Context* ctx) {
+  if (ctx->tokens != nullptr) return ctx->tokens->NextLine();
+  return TokenLine(ctx->pParser->tstream->_LT(ctx->pParser->tstream, 1));
+}
+
+/// The index of the last token matched.
+template <class Context>
+ANTLR3_MARKER LastIndex(Context* ctx) {
+  if (ctx->tokens != nullptr) return static_cast<ANTLR3_MARKER>(ctx->tokens->Position()) - 1;
+  return ctx->pParser->tstream->_LT(ctx->pParser->tstream, -1)->index;
+}
+
+/// The type of the token `k` behind, 1 being the last matched; 0 in front of the first.
+template <class Context>
+ANTLR3_UINT32 TypeBehind(Context* ctx, int k) {
+  if (ctx->tokens != nullptr) return ctx->tokens->TypeBehind(static_cast<std::size_t>(k));
+  const pANTLR3_COMMON_TOKEN token = ctx->pParser->tstream->_LT(ctx->pParser->tstream, -k);
+  return token == nullptr ? 0 : token->type;
+}
+
+/// The texts of the tokens from index `first` to `last`, hidden ones between them included.
+/// Characters that the lexer dropped are in no token and so not in the text.
+template <class Context>
+std::string TextBetween(Context* ctx, ANTLR3_MARKER first, ANTLR3_MARKER last) {
+  if (last < first) return std::string();
+  if (ctx->tokens != nullptr) {
+    return ctx->tokens->Text(static_cast<std::size_t>(first), static_cast<std::size_t>(last));
+  }
+  std::string text;
+  pANTLR3_TOKEN_STREAM stream = ctx->pParser->tstream;
+  for (ANTLR3_MARKER i = first; i <= last; ++i) {
+    text += TokenString(stream->get(stream, static_cast<ANTLR3_UINT32>(i)));
+  }
+  return text;
+}
+
+// Parsers -----------------------------------------------------------------------------------------
+
+/// Matches a token that nobody wants to see. A mismatch goes to the runtime.
+template <class Context>
+inline void MatchToken(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
+  pANTLR3_BASE_RECOGNIZER recognizer = ctx->pParser->rec;
+  if (ctx->tokens->LA(1) == type) {
+    ctx->tokens->Consume();
+    recognizer->state->errorRecovery = ANTLR3_FALSE;
+    recognizer->state->failed = ANTLR3_FALSE;
+  } else if (recognizer->state->backtracking > 0) {
+    recognizer->state->failed = ANTLR3_TRUE;
+  } else {
+    recognizer->match(recognizer, type, follow);
+  }
+}
+
+/// Matches a token for a label. In a trial no action looks at labels, so there is no token then.
+template <class Context>
+inline void* MatchLabelled(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
+  pANTLR3_BASE_RECOGNIZER recognizer = ctx->pParser->rec;
+  if (recognizer->state->backtracking > 0) {
+    MatchToken(ctx, type, follow);
+    return nullptr;
+  }
+  return recognizer->match(recognizer, type, follow);
+}
+
+/// Predicts an alternative: the runtime's table-driven prediction over the token table.
+template <class Context>
+int Predict(Context* ctx, ANTLR3_CYCLIC_DFA& dfa) {
+  TokenTable& tokens = *ctx->tokens;
+  pANTLR3_BASE_RECOGNIZER recognizer = ctx->pParser->rec;
+  pANTLR3_RECOGNIZER_SHARED_STATE recognizerState = recognizer->state;
+  pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
+  const std::size_t start = tokens.Position();
+  stream->lastMarker = static_cast<ANTLR3_MARKER>(start);
+
+  ANTLR3_INT32 state = 0;
+  for (;;) {
+    const ANTLR3_INT32 special = dfa.special[state];
+    if (special >= 0) {
+      state = dfa.specialStateTransition(ctx, recognizer, stream, &dfa, special);
+      if (state < 0) break;
+      tokens.Consume();
+      continue;
+    }
+    if (dfa.accept[state] >= 1) {
+      tokens.Seek(start);
+      return dfa.accept[state];
+    }
+    const auto type = static_cast<ANTLR3_INT32>(tokens.LA(1));
+    if (type >= dfa.min[state] && type <= dfa.max[state]) {
+      const ANTLR3_INT32 next = dfa.transition[state][type - dfa.min[state]];
+      if (next >= 0) {
+        state = next;
+      } else if (dfa.eot[state] >= 0) {
+        state = dfa.eot[state];
+      } else {
+        break;
+      }
+      tokens.Consume();
+      continue;
+    }
+    if (dfa.eot[state] >= 0) {
+      state = dfa.eot[state];
+      tokens.Consume();
+      continue;
+    }
+    if (tokens.LA(1) == ANTLR3_TOKEN_EOF && dfa.eof[state] >= 0) {
+      tokens.Seek(start);
+      return dfa.accept[dfa.eof[state]];
+    }
+    break;
+  }
+
+  // No alternative. A predicate's own error stays as it is.
+  if (state >= 0 || recognizerState->error != ANTLR3_TRUE) {
+    if (recognizerState->backtracking > 0) {
+      recognizerState->failed = ANTLR3_TRUE;
+    } else {
+      recognizer->exConstruct(recognizer);
+      recognizerState->exception->type = ANTLR3_NO_VIABLE_ALT_EXCEPTION;
+      recognizerState->exception->message = const_cast<ANTLR3_UCHAR*>(dfa.description);
+      recognizerState->exception->decisionNum = dfa.decisionNumber;
+      recognizerState->exception->state = static_cast<ANTLR3_UINT32>(state);
+    }
+  }
+  tokens.Seek(start);
+  return 0;
+}
+
+inline void PushFollow(pANTLR3_STACK stack, pANTLR3_BITSET_LIST follow) {
+  pANTLR3_VECTOR vector = stack->vector;
+  if (vector->count < vector->elementsSize) {
+    vector->elements[vector->count++] = {follow, nullptr};
+  } else {
+    vector->add(vector, follow, nullptr);
+  }
+}
+
+inline void PopFollow(pANTLR3_STACK stack) { --stack->vector->count; }
+
+// Lexers ------------------------------------------------------------------------------------------
+
+/// The character `k` ahead, 1 being the next; 0 and below look back and are not bounded.
+inline ANTLR3_UINT32 LookAtCharacter(pANTLR3_INPUT_STREAM input, ANTLR3_INT32 k) {
+  const auto* at = static_cast<const unsigned char*>(input->nextChar) + k - 1;
+  return at < static_cast<const unsigned char*>(input->data) + input->sizeBuf
+             ? *at
+             : ANTLR3_CHARSTREAM_EOF;
+}
+
+inline void ConsumeCharacter(pANTLR3_INPUT_STREAM input) {
+  auto* at = static_cast<unsigned char*>(input->nextChar);
+  if (at >= static_cast<unsigned char*>(input->data) + input->sizeBuf) return;
+  input->charPositionInLine++;
+  if (*at == input->newlineChar) {
+    input->line++;
+    input->charPositionInLine = 0;
+    input->currentLine = at + 1;
+  }
+  input->nextChar = at + 1;
+}
+
+inline ANTLR3_BOOLEAN MatchCharacter(pANTLR3_LEXER lexer, ANTLR3_UCHAR c) {
+  if (LookAtCharacter(lexer->input, 1) != c) return lexer->matchc(lexer, c);
+  ConsumeCharacter(lexer->input);
+  lexer->rec->state->failed = ANTLR3_FALSE;
+  return ANTLR3_TRUE;
+}
+
+}  // namespace vexltags

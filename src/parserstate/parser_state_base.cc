@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+// Keeps track of open scopes and braces, and writes the tags of enums.
+#include "parserstate/parser_state_base.h"
+
+#include <cstdio>
+
+#include "driver/text.h"
+#include "output/tags_format.h"
+#include "parserstate/std_string.h"
+
+namespace vexltags {
+
+namespace {
+
+constexpr long kNamespaceKind = 6;
+constexpr std::int32_t kManyDeclarations = 10000;
+
+}  // namespace
+
+void ParserStateBase::TypeDescriptor::ResetNameAndLine(const Name& other) {
+  name = other.text;
+  line = other.line;
+}
+
+void ParserStateBase::TypeDescriptor::ResetNameAndLine(const Param& other) {
+  name = other.name;
+  line = other.line;
+}
+
+void ParserStateBase::TypeDescriptor::ResetNameAndLine(pANTLR3_COMMON_TOKEN token) {
+  if (token == nullptr) name.clear();
+  TokenText(token, name);
+  line = TokenLine(token);
+}
+
+ParserStateBase::TypeDescriptor& ParserStateBase::TypeDescriptor::operator+=(const Name& other) {
+  name += other.text;
+  line = other.line;
+  return *this;
+}
+
+ParserStateBase::ParserStateBase(const Options& runOptions, Dumper& sink, std::string storedPath)
+    : options(&runOptions), dumper(&sink), fileName(std::move(storedPath)) {}
+
+ParserStateBase::~ParserStateBase() = default;
+
+std::string ParserStateBase::CurrentNamespaceName() const { return "implement me"; }
+
+void ParserStateBase::PushClass(const TypeDescriptor& descriptor) {
+  classStack.push_back(descriptor);
+  PushCurly(descriptor.kind == kNamespaceKind ? CurlyType::Namespace : CurlyType::Class);
+}
+
+void ParserStateBase::PopClass(int line) {
+  if (!classStack.empty()) {
+    classStack.pop_back();
+  } else if (options->dumpErrors) {
+    std::fprintf(stderr, "error -- no class to close, %s:%d\n", FileField().c_str(), line);
+  }
+}
+
+void ParserStateBase::DumpEnum(const Name& name) {
+  const std::string file = FileField();
+  if (options->debugDump) {
+    std::printf("enum: %s| %s:%d\n", name.text.c_str(), file.c_str(), name.line);
+    return;
+  }
+  dumper->Print(CollapseWhitespace(name.text, " "));
+  dumper->PrintFormat("\t%s\t%d;\"\t%c", file.c_str(), name.line, kind_letter::kEnum);
+  const std::string scope = CurrentNamespaceName();
+  if (!scope.empty()) {
+    dumper->PrintFormat("\t%s:%s", CurrentNamespaceKindName().c_str(),
+                        CollapseWhitespace(scope, " ").c_str());
+  }
+  dumper->Print("\n");
+}
+
+void ParserStateBase::DumpEnumerator(const Name& name) {
+  if (classStack.empty()) {
+    if (options->dumpErrors) {
+      std::fprintf(stderr, "enumerator %s %s %d, unexpected-not inside an enum\n",
+                   name.text.c_str(), FileField().c_str(), name.line);
+    }
+    return;
+  }
+  const std::string file = FileField();
+  const std::string scope = CurrentNamespaceName();
+  if (options->debugDump) {
+    std::printf("enumerator: %s, enum:%s| %s:%d\n", name.text.c_str(), scope.c_str(), file.c_str(),
+                name.line);
+    return;
+  }
+  dumper->Print(CollapseWhitespace(name.text, " "));
+  dumper->PrintFormat("\t%s\t%d;\"\t%c\tenum:%s\n", file.c_str(), name.line,
+                      kind_letter::kEnumerator, CollapseWhitespace(scope, " ").c_str());
+}
+
+long ParserStateBase::CurrentNamespaceKind() const {
+  return classStack.empty() || CurrentNamespaceName().empty() ? 0 : classStack.back().kind;
+}
+
+std::string ParserStateBase::CurrentNamespaceKindName() const {
+  return NameSpaceKindName(CurrentNamespaceKind());
+}
+
+std::string ParserStateBase::NameSpaceKindName(long kind) { return ScopeKindName(kind); }
+
+std::string ParserStateBase::NameSpaceSelector(long kind) {
+  return std::string(1, ScopeKindLetter(kind));
+}
+
+ParserStateBase::CurlyType ParserStateBase::PopRCurly(bool semicolonFollows, int line) {
+  if (curlyStack.empty()) {
+    if (options->dumpErrors) {
+      std::fprintf(stderr, "error -- } imballance %s:%d\n", FileField().c_str(), line);
+    }
+    return CurlyType::Function;
+  }
+  const CurlyType type = curlyStack.back().first;
+  if (--curlyStack.back().second == 0) curlyStack.pop_back();
+
+  if (type == CurlyType::Namespace || (type == CurlyType::Class && semicolonFollows)) {
+    PopClass(line);
+    return type;
+  }
+  if (type == CurlyType::Class) {
+    if (options->dumpErrors) {
+      std::fprintf(stderr, "error -- class terminator }; expected, missing semicolon %s:%d\n",
+                   FileField().c_str(), line);
+    }
+    return CurlyType::Function;
+  }
+  return type;
+}
+
+void ParserStateBase::DumpTrackPerFileDeclVolume() {
+  ++declarationCount;
+  if (!options->debugDumpFilesWithHugeOutput || declarationCount != kManyDeclarations) return;
+  std::fprintf(stderr, "%s -- more than %d declarations seen so far\n", FileField().c_str(),
+               declarationCount);
+}
+
+void ParserStateBase::PushCurly(CurlyType type) {
+  if (!curlyStack.empty() && curlyStack.back().first == type) {
+    ++curlyStack.back().second;
+  } else {
+    curlyStack.emplace_back(type, 1);
+  }
+}
+
+std::string ParserStateBase::FileField() const { return dumper->FileName(*options, fileName); }
+
+}  // namespace vexltags

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+// What every tag builder holds for one file: open scopes, open braces, and the enum tags.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "driver/options.h"
+#include "output/dumper.h"
+#include "parserstate/name.h"
+#include "parserstate/param.h"
+
+namespace vexltags {
+
+/// Base of the tag builders. Lives for one file; unbalanced scopes at its end are dropped silently.
+class ParserStateBase {
+ public:
+  /// A class-like scope, and in the C family any type as text with a line.
+  struct TypeDescriptor {
+    std::string name;
+    long kind = 0;  ///< A scope-like kind number, see `NameSpaceKindName`; 0 when it is no scope.
+    bool isAnonymous = false;  ///< The name was made up.
+    bool isScoped = false;     ///< `enum class` or `enum struct`.
+    bool isTypedef = false;    ///< The declaration began with `typedef`.
+    std::int32_t line = -1;    ///< 1-based, -1 while unknown.
+
+    TypeDescriptor() = default;
+    TypeDescriptor(std::string newName, long newKind, std::int32_t newLine)
+        : name(std::move(newName)), kind(newKind), line(newLine) {}
+    TypeDescriptor(long newKind, const Name& other)
+        : name(other.text), kind(newKind), line(other.line) {}
+
+    /// Each takes text and line and leaves kind and flags alone.
+    void ResetNameAndLine(const Name& other);
+    void ResetNameAndLine(const Param& other);
+    void ResetNameAndLine(pANTLR3_COMMON_TOKEN token);
+    /// Appends the text; the line becomes that of `other`.
+    TypeDescriptor& operator+=(const Name& other);
+  };
+
+  /// Which kind of brace stands open. The numbers are also what `PopRCurly` returns.
+  enum class CurlyType : std::int32_t { Class = 1, Namespace = 2, Function = 3, Other = 4 };
+
+  ParserStateBase(const Options& options, Dumper& dumper, std::string fileName);
+  virtual ~ParserStateBase();
+  ParserStateBase(const ParserStateBase&) = delete;
+  ParserStateBase& operator=(const ParserStateBase&) = delete;
+
+  /// The open scopes as one text; empty outside any. Builders that have scopes override it.
+  virtual std::string CurrentNamespaceName() const;
+  /// Opens a scope and its brace.
+  virtual void PushClass(const TypeDescriptor& descriptor);
+  /// Closes the innermost scope; with none open only `--dumpErrors` says so.
+  virtual void PopClass(int line);
+  /// Writes the tag of an enum.
+  virtual void DumpEnum(const Name& name);
+  /// Writes the tag of an enumerator; outside any scope it writes nothing.
+  virtual void DumpEnumerator(const Name& name);
+
+  /// The kind number of the innermost scope, 0 when `CurrentNamespaceName` is empty.
+  long CurrentNamespaceKind() const;
+  /// Its word, such as "class"; empty for 0.
+  std::string CurrentNamespaceKindName() const;
+  /// The word of a kind number: 1 class, 2 struct, 3 union, 4 enum, 5 (empty), 6 namespace,
+  /// 7 interface, 8 protocol, 9 implementation, 10 constant, 11 variable, 12 extension, 13 concept.
+  static std::string NameSpaceKindName(long kind);
+  /// Its kind letter as a string of one character; a blank outside 1 to 13.
+  static std::string NameSpaceSelector(long kind);
+
+  /// Handles a closing brace at 1-based `line`; `semicolonFollows` tells whether `;` stands behind.
+  CurlyType PopRCurly(bool semicolonFollows, int line);
+
+  /// Counts a declaration and warns once, at the 10000th, when the option asks for it.
+  void DumpTrackPerFileDeclVolume();
+
+ protected:
+  /// Pushes a brace, merging it with an equal one on top.
+  void PushCurly(CurlyType type);
+  /// The file field of this file's tags.
+  std::string FileField() const;
+
+  const Options* options;
+  Dumper* dumper;
+  std::string fileName;
+  std::int32_t declarationCount = 0;
+  std::vector<TypeDescriptor> classStack;
+  std::vector<std::pair<CurlyType, std::int32_t>> curlyStack;
+};
+
+/// The `name` of each record in order with `separator` between them; empty for an empty list.
+template <class List>
+std::string ConcatenateNamesUsingSeparator(const List& list, const std::string& separator) {
+  std::string result;
+  bool first = true;
+  for (const auto& item : list) {
+    if (!first) result += separator;
+    result += item.name;
+    first = false;
+  }
+  return result;
+}
+
+}  // namespace vexltags

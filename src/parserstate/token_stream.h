@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// The runtime's token stream over a token table.
+#pragma once
+
+#include <antlr3.h>
+
+#include "parserstate/token_table.h"
+
+namespace vexltags {
+
+/// Lets the runtime's parser functions (recovery, error display) read a `TokenTable` as they would
+/// read their own token stream. An index is the number of the visible token.
+class TokenStream {
+ public:
+  /// `table` and `lexer`, whose token source is named in messages, must outlive the stream.
+  TokenStream(TokenTable& table, pANTLR3_LEXER lexer);
+  TokenStream(const TokenStream&) = delete;
+  TokenStream& operator=(const TokenStream&) = delete;
+
+  /// What a generated parser is built on.
+  pANTLR3_COMMON_TOKEN_STREAM Stream() { return &common; }
+
+  TokenTable& Table() { return table; }
+
+ private:
+  TokenTable& table;
+  ANTLR3_COMMON_TOKEN_STREAM common;
+  ANTLR3_TOKEN_STREAM tokens;
+  ANTLR3_INT_STREAM ints;
+};
+
+}  // namespace vexltags

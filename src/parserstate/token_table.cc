@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+// The tokens of one file in flat arrays: neighbours, texts and the runtime's token objects.
+#include "parserstate/token_table.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace vexltags {
+
+TokenTable::TokenTable(pANTLR3_INPUT_STREAM input)
+    : input(input), data(static_cast<const unsigned char*>(input->data)) {
+  std::memset(&endOfFile, 0, sizeof endOfFile);
+  antlr3SetTokenAPI(&endOfFile);
+  endOfFile.type = ANTLR3_TOKEN_EOF;
+  endOfFile.factoryMade = ANTLR3_TRUE;
+  endOfFile.strFactory = input->strFactory;
+  endOfFile.input = input;
+}
+
+void TokenTable::Add(unsigned type, const unsigned char* start, const unsigned char* end,
+                     unsigned line, std::string_view text) {
+  replaced.push_back({static_cast<std::uint32_t>(Count()), std::string(text)});
+  Add(type, start, end, line);
+}
+
+void TokenTable::AddNeighbour(unsigned type, bool isVisible) {
+  const auto small = static_cast<std::uint8_t>(type);
+  if (isVisible) {
+    before.push_back(lastHidden);
+    behind.push_back(0);
+    lastHidden = 0;
+  } else {
+    if (!behind.empty() && behind.back() == 0) behind.back() = small;
+    lastHidden = small;
+  }
+}
+
+void TokenTable::Finish(unsigned line) {
+  types.insert(types.end(), kEndMarks, static_cast<std::int16_t>(ANTLR3_TOKEN_EOF));
+  endLine = line;
+  endOfFile.line = line;
+}
+
+pANTLR3_COMMON_TOKEN TokenTable::LT(ANTLR3_INT32 k) {
+  if (k < 0) {
+    const auto behindBy = static_cast<std::size_t>(-k);
+    return behindBy <= position ? Token(position - behindBy) : nullptr;
+  }
+  return Token(position + static_cast<std::size_t>(k) - 1);
+}
+
+pANTLR3_COMMON_TOKEN TokenTable::Token(std::size_t index) {
+  if (index >= Count()) {
+    endOfFile.start = endOfFile.stop = static_cast<ANTLR3_MARKER>(position);
+    return &endOfFile;
+  }
+  if (made.size() < kMadeTokens) {
+    made.reserve(kMadeTokens);  // Callers hold addresses.
+    made.push_back(endOfFile);
+    nextMade = made.size() - 1;
+  }
+  ANTLR3_COMMON_TOKEN& token = made[nextMade];
+  nextMade = (nextMade + 1) % made.size();
+  token.type = static_cast<ANTLR3_UINT32>(types[index]);
+  token.line = lines[index];
+  token.index = static_cast<ANTLR3_MARKER>(index);
+  token.start = reinterpret_cast<ANTLR3_MARKER>(data + starts[index]);
+  token.stop = reinterpret_cast<ANTLR3_MARKER>(data + ends[index]) - 1;
+  token.textState = ANTLR3_TEXT_NONE;
+  if (const std::string* text = ReplacedText(index)) {
+    token.textState = ANTLR3_TEXT_CHARP;
+    token.tokText.chars = reinterpret_cast<pANTLR3_UCHAR>(const_cast<char*>(text->c_str()));
+  }
+  return &token;
+}
+
+const std::string* TokenTable::ReplacedText(std::size_t index) const {
+  const auto found =
+      std::lower_bound(replaced.begin(), replaced.end(), index,
+                       [](const Replaced& entry, std::size_t wanted) { return entry.index < wanted; });
+  return found != replaced.end() && found->index == index ? &found->text : nullptr;
+}
+
+std::string TokenTable::Text(std::size_t first, std::size_t last) const {
+  std::string result;
+  std::uint32_t place = starts[first];
+  const std::uint32_t end = ends[last];
+  auto gap = std::lower_bound(
+      dropped.begin(), dropped.end(), place,
+      [](const Stretch& stretch, std::uint32_t wanted) { return stretch.start < wanted; });
+  auto text = std::lower_bound(
+      replaced.begin(), replaced.end(), first,
+      [](const Replaced& entry, std::size_t wanted) { return entry.index < wanted; });
+  const auto append = [&](std::uint32_t upTo) {
+    result.append(reinterpret_cast<const char*>(data + place), upTo - place);
+  };
+  while (place < end) {
+    const bool hasGap = gap != dropped.end() && gap->start < end;
+    const bool hasText = text != replaced.end() && text->index <= last;
+    if (hasText && (!hasGap || starts[text->index] < gap->start)) {
+      append(starts[text->index]);
+      result += text->text;
+      place = ends[text->index];
+      ++text;
+    } else if (hasGap) {
+      append(gap->start);
+      place = gap->end;
+      ++gap;
+    } else {
+      append(end);
+      place = end;
+    }
+  }
+  return result;
+}
+
+unsigned TokenTable::RawType(int offset) const {
+  constexpr auto kEnd = static_cast<unsigned>(ANTLR3_TOKEN_EOF);
+  const std::size_t count = Count();
+  if (offset < 0) {
+    // Only the direct neighbour is kept.
+    if (offset < -1 || position >= count) {
+      if (offset == -1 && position >= count && count > 0) {
+        return behind[count - 1] != 0 ? lastHidden : static_cast<unsigned>(types[count - 1]);
+      }
+      return kEnd;
+    }
+    if (before[position] != 0) return before[position];
+    return position == 0 ? kEnd : static_cast<unsigned>(types[position - 1]);
+  }
+  std::size_t index = position;
+  for (; offset > 0; --offset) {
+    if (index >= count) return kEnd;
+    if (behind[index] != 0) return offset == 1 ? behind[index] : kEnd;
+    ++index;
+  }
+  return index < count ? static_cast<unsigned>(types[index]) : kEnd;
+}
+
+}  // namespace vexltags

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+// The tokens of one file in flat arrays: what the parsers read.
+#pragma once
+
+#include <antlr3.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexltags {
+
+/// Holds the visible tokens of one file, some 14 bytes each, and gives the position of the parser
+/// among them. Hidden tokens are not kept; of them only their neighbours know (see `KeepNeighbours`).
+///
+/// The runtime's own token object is made only where someone asks for a token and not for its type,
+/// and lives for the next `kMadeTokens` of them: whoever wants more than that copies text or line.
+class TokenTable {
+ public:
+  static constexpr std::size_t kMadeTokens = 4096;
+
+  explicit TokenTable(pANTLR3_INPUT_STREAM input);
+  TokenTable(const TokenTable&) = delete;
+  TokenTable& operator=(const TokenTable&) = delete;
+
+  // Filling ---------------------------------------------------------------------------------------
+
+  /// Asks to remember for each visible token which type stands directly before and behind it, hidden
+  /// tokens included. To be called before the first token.
+  void KeepNeighbours() { keepsNeighbours = true; }
+
+  /// Appends a visible token: the characters from `start` up to `end`, which is behind the last, on
+  /// 1-based `line`.
+  void Add(unsigned type, const unsigned char* start, const unsigned char* end, unsigned line) {
+    types.push_back(static_cast<std::int16_t>(type));
+    starts.push_back(Offset(start));
+    ends.push_back(Offset(end));
+    lines.push_back(line);
+    if (keepsNeighbours) AddNeighbour(type, true);
+  }
+  /// The same with a text that replaces the characters.
+  void Add(unsigned type, const unsigned char* start, const unsigned char* end, unsigned line,
+           std::string_view text);
+  /// Tells of a hidden token.
+  void AddHidden(unsigned type) {
+    if (keepsNeighbours) AddNeighbour(type, false);
+  }
+  /// Tells of characters that belong to no token, since a lexer rule failed on them.
+  void AddDropped(const unsigned char* start, const unsigned char* end) {
+    if (start < end) dropped.push_back({Offset(start), Offset(end)});
+  }
+  /// Ends the filling; `line` is the 1-based line of the end of the file.
+  void Finish(unsigned line);
+
+  // Reading ---------------------------------------------------------------------------------------
+
+  std::size_t Count() const { return starts.size(); }
+  std::size_t Position() const { return position; }
+  void Seek(std::size_t index) { position = index; }
+  /// Steps over one token; at the end nothing happens.
+  void Consume() {
+    if (position < starts.size()) ++position;
+  }
+  /// The type of the token `k` ahead, 1 being the next; the runtime's end-of-file type behind the
+  /// last.
+  ANTLR3_UINT32 LA(ANTLR3_INT32 k) const {
+    std::size_t index = position + static_cast<std::size_t>(k) - 1;
+    if (k > static_cast<ANTLR3_INT32>(kEndMarks) && index > starts.size()) index = starts.size();
+    return static_cast<ANTLR3_UINT32>(static_cast<ANTLR3_INT32>(types[index]));
+  }
+  /// The type of the token `k` behind, 1 being the one just consumed; 0 in front of the first.
+  ANTLR3_UINT32 TypeBehind(std::size_t k) const {
+    return k <= position ? static_cast<ANTLR3_UINT32>(types[position - k]) : 0;
+  }
+  /// The token `k` ahead for k > 0 and behind for k < 0, as the runtime's object; see above how long
+  /// it lives. Null in front of the first token.
+  pANTLR3_COMMON_TOKEN LT(ANTLR3_INT32 k);
+  /// The token at `index` as the runtime's object.
+  pANTLR3_COMMON_TOKEN Token(std::size_t index);
+  /// The line of the next token, that of the end of the file behind the last.
+  int NextLine() const { return static_cast<int>(position < Count() ? lines[position] : endLine); }
+
+  /// The text of the tokens from index `first` to `last`, hidden ones between them included: the
+  /// source, less what no token holds, with replaced texts.
+  std::string Text(std::size_t first, std::size_t last) const;
+
+  /// The type of what stands `offset` raw tokens, hidden ones counted, from the next token, as far as
+  /// neighbours are kept: -1, the next token itself at 0, and on while the tokens between are visible
+  /// and adjacent. End of file outside the file and where it is not known.
+  unsigned RawType(int offset) const;
+
+ private:
+  static constexpr std::size_t kEndMarks = 8;  ///< So that looking a few tokens ahead needs no test.
+
+  struct Stretch {
+    std::uint32_t start, end;
+  };
+  struct Replaced {
+    std::uint32_t index;
+    std::string text;
+  };
+
+  std::uint32_t Offset(const unsigned char* place) const {
+    return static_cast<std::uint32_t>(place - data);
+  }
+  void AddNeighbour(unsigned type, bool isVisible);
+  const std::string* ReplacedText(std::size_t index) const;
+
+  pANTLR3_INPUT_STREAM input;
+  const unsigned char* data;
+  std::vector<std::int16_t> types;  ///< Once finished, with kEndMarks marks of the end behind.
+  std::vector<std::uint32_t> starts, ends, lines;
+  std::vector<std::uint8_t> before, behind;  ///< Hidden neighbours, 0 for none.
+  std::vector<Stretch> dropped;              ///< In source order.
+  std::vector<Replaced> replaced;            ///< In source order.
+  std::size_t position = 0;
+  unsigned endLine = 1;
+  bool keepsNeighbours = false;
+  std::uint8_t lastHidden = 0;
+
+  std::vector<ANTLR3_COMMON_TOKEN> made;
+  std::size_t nextMade = 0;
+  ANTLR3_COMMON_TOKEN endOfFile;
+};
+
+}  // namespace vexltags

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// Reads Python's tokens by hand: the same ones that the generated lexer would give.
+#pragma once
+
+#include "parserstate/token_feed.h"
+
+namespace vexltags {
+
+/// The types of the visible tokens, as the grammar's vocabulary numbers them.
+enum PythonToken : unsigned {
+  kPythonLeadingWhitespace = 4,
+  kPythonName = 5,
+  kPythonWhitespace = 7,
+  kPythonColon = 17,
+  kPythonLParen = 18,
+  kPythonRParen = 19,
+  kPythonClass = 20,
+  kPythonDef = 21,
+  kPythonArrow = 22,
+};
+
+/// A `Scanner` for Python. Leaves to the generated lexer what ends in an error across several
+/// characters: open strings and comments, and blanks where the columns of the first line begin at -1.
+void ScanPython(ScanCursor& cursor, TokenTable& table);
+
+}  // namespace vexltags

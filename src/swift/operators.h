@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+// Tells binary, prefix and postfix operators apart by the tokens directly beside them.
+#pragma once
+
+#include "swift/token_types.h"
+
+namespace vexltags {
+
+/// The token types around the place where a parser stands, hidden tokens included.
+class TokenWindow {
+ public:
+  /// Gives the type of the token `offset` places behind the current one in `tokens`, or before it
+  /// when negative; outside the file the type of its end.
+  using TypeReader = unsigned (*)(const void* tokens, int offset);
+
+  /// A window on `tokens`, which it does not own, as `reader` sees them.
+  TokenWindow(const void* tokens, TypeReader reader) : tokens_(tokens), reader_(reader) {}
+
+  unsigned Type(int offset) const { return reader_(tokens_, offset); }
+
+ private:
+  const void* tokens_;
+  TypeReader reader_;
+};
+
+/// True for the characters that an operator can begin with: < > = & ? ! / - + * % | ^ ~
+bool isOperatorHead(unsigned type);
+
+/// The same test, for the tokens that an operator goes on with. The dot is not among them: only an
+/// operator that begins with a dot holds dots.
+bool isOperatorToken(unsigned type);
+
+/// True for what counts as white space to the left of an operator: blanks and line ends, and
+/// ; ( , : [ {. A comment does not count.
+bool isLeftOperatorWS(unsigned type);
+
+/// True for what counts as white space to the right of an operator: blanks, line ends and comments,
+/// and ; } ) , : ].
+bool isRightOperatorWS(unsigned type);
+
+/// The offset of the last token of the run of adjacent operator tokens that begins at the current
+/// token; -1 when that is no operator token. A hidden token ends a run.
+int getLastOpTokenIndex(const TokenWindow& window);
+
+/// White space on both sides of the run or on neither. A single `?` or `!` that is glued to its
+/// operand, with a dot directly behind it, is a suffix and so not binary.
+bool isBinaryOp(const TokenWindow& window);
+
+/// White space on the left of the run only.
+bool isPrefixOp(const TokenWindow& window);
+
+/// No white space on the left of the run, and white space or a dot on its right.
+bool isPostfixOp(const TokenWindow& window);
+
+/// False for a `<` that is glued to a name behind it, which opens a generic clause; else true.
+bool operNotGenericClauseOpener(const TokenWindow& window);
+
+}  // namespace vexltags

@@ -1,0 +1,2 @@
+def f(x: int = 3, *, y: str = "a:b"):
+    pass

@@ -1,0 +1,5 @@
+class A:
+    async def f(self):
+        pass
+    def g(self):
+        pass

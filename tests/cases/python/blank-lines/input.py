@@ -1,0 +1,9 @@
+class A:
+
+    
+	
+    def f(self):
+        pass
+  
+    def g(self):
+        pass

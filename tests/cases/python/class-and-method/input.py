@@ -1,0 +1,6 @@
+class A:
+    def f(self):
+        pass
+
+def g():
+    pass

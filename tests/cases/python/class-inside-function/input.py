@@ -1,0 +1,4 @@
+class A:
+  def f(self):
+    class B:
+      def g(self): pass

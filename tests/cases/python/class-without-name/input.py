@@ -1,0 +1,3 @@
+class A:
+    class
+    def f(self): pass

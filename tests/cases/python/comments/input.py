@@ -1,0 +1,4 @@
+# class X:
+    # def y():
+class A: # def z():
+    def f(self): pass

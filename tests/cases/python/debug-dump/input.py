@@ -1,0 +1,2 @@
+class A:
+    def f(self): pass

@@ -1,0 +1,8 @@
+@x
+def f():
+    pass
+
+class A:
+    @property
+    def g(self):
+        pass

@@ -1,0 +1,4 @@
+a = '\' class X: '
+b = """ \""" class Y: """
+c = "" ; d = ''
+def f(): pass

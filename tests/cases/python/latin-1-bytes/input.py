@@ -1,0 +1,5 @@
+# café
+x = "éÿ"
+def f(é): pass
+é
+def g(): pass

@@ -1,0 +1,8 @@
+def outer():
+    def inner():
+        pass
+
+class A:
+    def f(self):
+        def g():
+            pass

@@ -1,0 +1,4 @@
+def f(a="("):
+    pass
+def g(a=')', b="""(((""" ):
+    pass

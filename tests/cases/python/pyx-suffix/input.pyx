@@ -1,0 +1,2 @@
+cdef int x
+def f(int y): pass

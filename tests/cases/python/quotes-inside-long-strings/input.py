@@ -1,0 +1,3 @@
+a = """ " "" class X: """
+b = ''' ' '' class Y: '''
+def f(): pass

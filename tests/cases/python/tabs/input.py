@@ -1,0 +1,6 @@
+class A:
+	def f(self):
+		def g():
+			pass
+  def h(self):
+    pass

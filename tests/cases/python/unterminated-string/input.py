@@ -1,0 +1,3 @@
+x = "abc class Y:
+class A:
+    def f(self): pass

@@ -1,0 +1,7 @@
+# SPDX-License-Identifier: MIT
+# A lone dash is no standard input but a file of that name.
+status=0
+"$VEXLTAGS" - || status=$?
+echo $status
+: >-
+"$VEXLTAGS" -

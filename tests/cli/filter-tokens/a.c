@@ -1,0 +1,1 @@
+FOO f(void) { return 0; }

@@ -1,0 +1,5 @@
+# SPDX-License-Identifier: MIT
+# Filter words change nothing in what is found.
+"$VEXLTAGS" --tag-relative a.c >plain
+"$VEXLTAGS" --tag-relative -I FOO,,BAR, --filterToken x a.c | cmp plain -
+grep -c '^f	a.c	1;"	f' plain

@@ -1,0 +1,10 @@
+# SPDX-License-Identifier: MIT
+# A list that is missing, empty or a directory leaves nothing to index, without a word about itself.
+: >empty
+mkdir folder
+for list in missing empty folder; do
+  status=0
+  "$VEXLTAGS" -f tags -L $list || status=$?
+  echo $status
+done
+test ! -e tags

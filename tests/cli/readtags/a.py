@@ -1,0 +1,3 @@
+class Zeta:
+    def zeta(self): pass
+def alpha(): pass

@@ -1,0 +1,1 @@
+_ALIGNAS(8) _ALIGNAS_TYPE(int) x;

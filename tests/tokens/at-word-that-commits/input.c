@@ -1,0 +1,5 @@
+@selector(x)
+@encode(y)
+@import z;
+@protected
+@properties

@@ -1,0 +1,2 @@
+__attribute__
+((x)) __attribute__;

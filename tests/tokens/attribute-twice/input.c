@@ -1,0 +1,1 @@
+__attribute__((a))__attribute__((b))c

@@ -1,0 +1,2 @@
+__attribute__((a(b))) int f();
+__attribute__ 	((c)) g

@@ -1,0 +1,2 @@
+NS_AVAILABLE x yz;
+NS_AVAILABLE 	= 1;

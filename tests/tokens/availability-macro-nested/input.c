@@ -1,0 +1,3 @@
+NS_AVAILABLE(a(b)
+"(" c
+)) d;

@@ -1,0 +1,4 @@
+#define FOO\
+int a;
+#define BAR \
+int b;

@@ -1,0 +1,2 @@
+#define FOO/* a
+b */

@@ -1,0 +1,6 @@
+#define FOO /* a
+b */ 1
+#define B x/*
+*//*
+*/y
+c

@@ -1,0 +1,4 @@
+#define FOO(a, b) \
+ a \
+ b
+c

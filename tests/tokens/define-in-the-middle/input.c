@@ -1,0 +1,1 @@
+int a; #define B 1

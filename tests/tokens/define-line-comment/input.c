@@ -1,0 +1,3 @@
+#define FOO // a \
+ b
+c

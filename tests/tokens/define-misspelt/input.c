@@ -1,0 +1,2 @@
+#dummy x
+#defined A

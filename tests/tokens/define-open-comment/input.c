@@ -1,0 +1,3 @@
+#define FOO /* a
+#define BAR /* b /* c
+int x;

@@ -1,0 +1,3 @@
+#define
+int x;
+#define 1 2

@@ -1,0 +1,3 @@
+#define FOO 1
+#  define	 BAR
+#define F(a, b) a

@@ -1,0 +1,4 @@
+#if 0 /* x
+y */ int a;
+#endif
+int b;

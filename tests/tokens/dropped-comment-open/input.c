@@ -1,0 +1,4 @@
+#if 0
+/* a
+#endif
+int b;

@@ -1,0 +1,7 @@
+#if 0
+/* a
+#endif
+*/ b
+// #endif
+#endif
+int c;

@@ -1,0 +1,5 @@
+#if 0
+a \
+#endif
+#endif
+int b;

@@ -1,0 +1,1 @@
+#if 0int a;#elseint b;#endif

@@ -1,0 +1,4 @@
+#if 0
+int a;
+#endif
+int b;

@@ -1,0 +1,7 @@
+#if 0
+#elsewhere
+int a;
+#else
+int b;
+#endifx
+int c;

@@ -1,0 +1,4 @@
+#if 0
+don't "
+#endif
+int a;

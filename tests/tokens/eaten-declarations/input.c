@@ -1,0 +1,2 @@
+- (void)foo NS_UNAVAILABLE;
+FOUNDATION_EXPORT NSString *const X NS_AVAILABLE(10_5, 2_0);

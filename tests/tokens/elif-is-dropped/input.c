@@ -1,0 +1,8 @@
+#ifdef X
+int a;
+#elif Y
+int b;
+#else
+int c;
+#endif
+int d;

@@ -1,0 +1,3 @@
+int a;
+#elif 0
+int b;

@@ -1,0 +1,3 @@
+int a;
+#else
+int b;

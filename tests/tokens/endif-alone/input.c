@@ -1,0 +1,3 @@
+#endif
+int a;
+#endif // b

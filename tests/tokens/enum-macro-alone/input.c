@@ -1,0 +1,2 @@
+NS_ENUM
+NS_ENUM; NS_ENUMX(a, b)

@@ -1,0 +1,1 @@
+CF_ENUM(int) { A };

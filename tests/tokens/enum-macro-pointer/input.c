@@ -1,0 +1,1 @@
+NS_ENUM(unsigned long *, X) y;

@@ -1,0 +1,6 @@
+#if X
+int a;
+#else
+int b;
+#endif
+int c;

@@ -1,0 +1,1 @@
+getter=a setter=b getter = c setterx

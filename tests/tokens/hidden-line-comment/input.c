@@ -1,0 +1,2 @@
+#include <a> /* b
+c */ d

@@ -1,0 +1,3 @@
+#include <a>
+#define B 1
+#pragma cd

@@ -1,0 +1,4 @@
+#includes x
+#endifx
+#undefine y
+#macros z

@@ -1,0 +1,1 @@
+int NS_ROOT_CLASS getter

@@ -1,0 +1,1 @@
+FOO int FOO x FOOL;

@@ -1,0 +1,7 @@
+#if X
+#ifdef Y
+#ifndef Z
+# if defined(A) && \
+ B
+#ifoo
+int a;

@@ -1,0 +1,6 @@
+#if 0
+int a;
+#else
+int b;
+#endif
+int c;

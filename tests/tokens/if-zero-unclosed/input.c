@@ -1,0 +1,4 @@
+int a;
+#if 0
+int b;
+int c;

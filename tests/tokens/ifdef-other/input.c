@@ -1,0 +1,5 @@
+#ifdef FOO
+int a;
+#else
+int b;
+#endif

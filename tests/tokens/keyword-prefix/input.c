@@ -1,0 +1,1 @@
+intx int32 newer _NOEXCEPT_X

@@ -1,0 +1,1 @@
+_LIBCPP_X (a) _LIBCPP_ b

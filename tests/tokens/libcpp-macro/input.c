@@ -1,0 +1,2 @@
+_LIBCPP_INLINE_VISIBILITY void f();
+_LIBCPP_DEPRECATED_("x") void g();

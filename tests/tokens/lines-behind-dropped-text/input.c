@@ -1,0 +1,8 @@
+#if 0
+
+
+#if X
+#endif
+#else
+int a;
+#endif

@@ -1,0 +1,9 @@
+#if 0
+#ifdef X
+#else
+#elif Y
+#endif
+int a;
+#else
+int b;
+#endif

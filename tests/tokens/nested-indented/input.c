@@ -1,0 +1,5 @@
+#if 0
+ #if 1
+ #endif
+int a;
+#endif

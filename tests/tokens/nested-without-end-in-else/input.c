@@ -1,0 +1,6 @@
+int a;
+#else
+#if X
+int b;
+#endif
+int c;

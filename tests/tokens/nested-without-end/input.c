@@ -1,0 +1,5 @@
+#if 0
+#if X
+int a;
+#else
+int b;

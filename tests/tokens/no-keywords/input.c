@@ -1,0 +1,1 @@
+if for while return switch case do else this nullptr goto break

@@ -1,0 +1,1 @@
+@interface @implementation @protocol @end @synthesize @property

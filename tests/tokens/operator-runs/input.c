@@ -1,0 +1,1 @@
+p->*q p->q p-->q a<=>b a<=b a<<=b a.*b a...b

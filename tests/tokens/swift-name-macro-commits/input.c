@@ -1,0 +1,1 @@
+NS_SWIFT_NAME abc

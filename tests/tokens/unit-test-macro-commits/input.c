@@ -1,0 +1,1 @@
+UNIT_TEST_A abc

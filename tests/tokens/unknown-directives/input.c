@@ -1,0 +1,7 @@
+#line 3
+# 4 "a.c"
+#ident "x"
+#assert b
+#sccs
+#
+#ex

@@ -29,7 +29,10 @@ void AppendSpecifiers(TypeDescriptor& type, const TypeDescriptor& specifiers) {
 }
 
 std::string ParenthesizedNames(const ParamList& list) {
-  return "(" + ConcatenateNamesUsingSeparator(list.params, ", ") + ")";
+  std::string text = "(";
+  text += ConcatenateNamesUsingSeparator(list.params, ", ");
+  text += ")";
+  return text;
 }
 
 void EndObjcInterfacePart(VexlTagsParser& builder, const Name& name, const Name& category,

@@ -52,9 +52,7 @@ constexpr ByteTable<std::uint8_t> MakeMarkTable() {
 constexpr ByteTable<std::uint8_t> kMarks = MakeMarkTable();
 
 bool IsDigit(Byte c) { return c >= '0' && c <= '9'; }
-bool IsHexDigit(Byte c) {
-  return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
+bool IsHexDigit(Byte c) { return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
 bool IsBlank(Byte c) { return c == ' ' || c == '\t'; }
 
 class MainScanner {
@@ -74,13 +72,22 @@ class MainScanner {
 
   bool ScanToken() {
     switch (kFirst[*at]) {
-      case First::Blank: ++at; return true;
-      case First::LineEnd: SkipLineEnd(); return true;
-      case First::Letter: return ScanWord();
-      case First::Digit: return ScanNumber();
-      case First::Mark: return Take(kMarks[*at], 1);
-      case First::Other: return ScanOther();
-      case First::Unknown: break;
+      case First::Blank:
+        ++at;
+        return true;
+      case First::LineEnd:
+        SkipLineEnd();
+        return true;
+      case First::Letter:
+        return ScanWord();
+      case First::Digit:
+        return ScanNumber();
+      case First::Mark:
+        return Take(kMarks[*at], 1);
+      case First::Other:
+        return ScanOther();
+      case First::Unknown:
+        break;
     }
     table.AddDropped(at, at + 1);
     ++at;
@@ -90,11 +97,16 @@ class MainScanner {
 
   bool ScanOther() {
     switch (*at) {
-      case '/': return ScanSlash();
-      case '"': return ScanString();
-      case '\'': return ScanCharacter();
-      case '#': return ScanDirective();
-      case '[': return Ahead(1) != '[' && Take(kMainLSquare, 1);
+      case '/':
+        return ScanSlash();
+      case '"':
+        return ScanString();
+      case '\'':
+        return ScanCharacter();
+      case '#':
+        return ScanDirective();
+      case '[':
+        return Ahead(1) != '[' && Take(kMainLSquare, 1);
       case '.':
         if (Ahead(1) == '*') return Take(kMainDotMember, 2);
         if (Ahead(1) != '.') return Take(kMainDot, 1);
@@ -105,22 +117,33 @@ class MainScanner {
         }
         if (Ahead(1) != '<') return Take(kMainLess, 1);
         return Ahead(2) == '=' ? Take(kMainShiftLeftEqual, 3) : Take(kMainShiftLeft, 2);
-      case '>': return TakeAssigning(kMainGreater, kMainGreaterOrEqual);
+      case '>':
+        return TakeAssigning(kMainGreater, kMainGreaterOrEqual);
       case '-':
         if (Ahead(1) == '>') {
           return Ahead(2) == '*' ? Take(kMainPointerToMember, 3) : Take(kMainPointerTo, 2);
         }
         return TakeDoubling('-', kMainMinus, kMainMinusMinus, kMainMinusEqual);
-      case '+': return TakeDoubling('+', kMainPlus, kMainPlusPlus, kMainPlusEqual);
-      case '&': return TakeDoubling('&', kMainAmpersand, kMainAnd, kMainAndEqual);
-      case '|': return TakeDoubling('|', kMainBitwiseOr, kMainOr, kMainOrEqual);
-      case '*': return TakeAssigning(kMainStar, kMainTimesEqual);
-      case '%': return TakeAssigning(kMainMod, kMainModEqual);
-      case '^': return TakeAssigning(kMainBitwiseXor, kMainXorEqual);
-      case '!': return TakeAssigning(kMainNot, kMainNotEqual);
-      case '=': return TakeAssigning(kMainAssign, kMainEqual);
-      case ':': return Ahead(1) == ':' ? Take(kMainScope, 2) : Take(kMainColon, 1);
-      default: return false;
+      case '+':
+        return TakeDoubling('+', kMainPlus, kMainPlusPlus, kMainPlusEqual);
+      case '&':
+        return TakeDoubling('&', kMainAmpersand, kMainAnd, kMainAndEqual);
+      case '|':
+        return TakeDoubling('|', kMainBitwiseOr, kMainOr, kMainOrEqual);
+      case '*':
+        return TakeAssigning(kMainStar, kMainTimesEqual);
+      case '%':
+        return TakeAssigning(kMainMod, kMainModEqual);
+      case '^':
+        return TakeAssigning(kMainBitwiseXor, kMainXorEqual);
+      case '!':
+        return TakeAssigning(kMainNot, kMainNotEqual);
+      case '=':
+        return TakeAssigning(kMainAssign, kMainEqual);
+      case ':':
+        return Ahead(1) == ':' ? Take(kMainScope, 2) : Take(kMainColon, 1);
+      default:
+        return false;
     }
   }
 
@@ -233,16 +256,37 @@ class MainScanner {
     const Byte* next = backslash + 1;
     if (next == end) return nullptr;
     switch (*next) {
-      case '"': case '\'': case '?': case '\\': case 'a': case 'b': case 'f': case 'n': case 'r':
-      case 't': case 'v': case '0': case '1': case '2': case '3': case '4': case '5': case '6':
-      case '7': case '8': case '9':
+      case '"':
+      case '\'':
+      case '?':
+      case '\\':
+      case 'a':
+      case 'b':
+      case 'f':
+      case 'n':
+      case 'r':
+      case 't':
+      case 'v':
+      case '0':
+      case '1':
+      case '2':
+      case '3':
+      case '4':
+      case '5':
+      case '6':
+      case '7':
+      case '8':
+      case '9':
         return next + 1;
-      case 'x': return end - next >= 2 && IsHexDigit(next[1]) ? next + 2 : nullptr;
-      case '\n': return isString ? next + 1 : nullptr;
+      case 'x':
+        return end - next >= 2 && IsHexDigit(next[1]) ? next + 2 : nullptr;
+      case '\n':
+        return isString ? next + 1 : nullptr;
       case '\r':
         if (!isString) return nullptr;
         return end - next >= 2 && next[1] == '\n' ? next + 2 : next + 1;
-      default: return nullptr;
+      default:
+        return nullptr;
     }
   }
 
@@ -252,16 +296,21 @@ class MainScanner {
     while (word < end && IsBlank(*word)) ++word;
     if (word == end) return false;
     switch (*word) {
-      case 'd': return StartsWith(word, "define") && ScanDefine(word + 6);
+      case 'd':
+        return StartsWith(word, "define") && ScanDefine(word + 6);
       case 'e':
         return (StartsWith(word, "endif") || StartsWith(word, "error")) && SkipDirective(word);
       case 'i':
         if (StartsWith(word, "if")) return ScanIf(word);
         return (StartsWith(word, "include") || StartsWith(word, "import")) && SkipDirective(word);
-      case 'u': return StartsWith(word, "undef") && SkipDirective(word);
-      case 'p': return StartsWith(word, "pragma") && SkipDirective(word);
-      case 'w': return StartsWith(word, "warning") && SkipDirective(word);
-      default: return false;
+      case 'u':
+        return StartsWith(word, "undef") && SkipDirective(word);
+      case 'p':
+        return StartsWith(word, "pragma") && SkipDirective(word);
+      case 'w':
+        return StartsWith(word, "warning") && SkipDirective(word);
+      default:
+        return false;
     }
   }
 
@@ -286,8 +335,8 @@ class MainScanner {
     return true;
   }
 
-  // The name of a macro. Its body goes on to the first line end that no backslash continues, but the
-  // character right behind the name continues nothing. A comment in the body is taken whole.
+  // The name of a macro. Its body goes on to the first line end that no backslash continues, but
+  // the character right behind the name continues nothing. A comment in the body is taken whole.
   bool ScanDefine(const Byte* behindWord) {
     const Byte* name = behindWord;
     while (name < end && IsBlank(*name)) ++name;

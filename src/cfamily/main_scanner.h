@@ -6,9 +6,10 @@
 
 namespace vexltags {
 
-/// A `Scanner` for the C family where no word is to be hidden. Leaves to the generated lexer what is
-/// rare or fails across several characters: macros to be eaten, conditional branches to be dropped,
-/// Objective-C's `@` words, attributes in brackets, open literals and comments, unknown escapes.
+/// A `Scanner` for the C family where no word is to be hidden. Leaves to the generated lexer what
+/// is rare or fails across several characters: macros to be eaten, conditional branches to be
+/// dropped, Objective-C's `@` words, attributes in brackets, open literals and comments, unknown
+/// escapes.
 void ScanMain(ScanCursor& cursor, TokenTable& table);
 
 }  // namespace vexltags

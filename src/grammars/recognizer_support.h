@@ -3,18 +3,18 @@
 //
 // A grammar includes it first in its @members section, that is, behind the generator's own macros,
 // which it redefines; the project headers that it stands on come in by the grammar's @includes. Two
-// replacements mend what the generator gets wrong, one keeps the outcomes of trials. All others only
-// save time: a build with VEXLTAGS_PLAIN goes without them and has to give the same tags and the same
-// error counts, which tests/differential.py checks.
+// replacements mend what the generator gets wrong, one keeps the outcomes of trials. All others
+// only save time: a build with VEXLTAGS_PLAIN goes without them and has to give the same tags and
+// the same error counts, which tests/differential.py checks.
 #pragma once
 
 #include "parserstate/parser_ops.h"
 
 // --- What the generator gets wrong ---
 
-// REWIND also sets the place that REWINDLAST goes back to. A prediction that asks several predicates
-// goes back to its start between them by REWINDLAST; stock leaves lastMarker at the last nested mark,
-// so the second predicate would be tried at a wrong token or character.
+// REWIND also sets the place that REWINDLAST goes back to. A prediction that asks several
+// predicates goes back to its start between them by REWINDLAST; stock leaves lastMarker at the last
+// nested mark, so the second predicate would be tried at a wrong token or character.
 #undef REWIND
 #define REWIND(m)                  \
   do {                             \

@@ -12,8 +12,8 @@ namespace vexltags {
 template <class Value>
 using ByteTable = std::array<Value, 256>;
 
-/// A table that is true for the letters A to Z and a to z, `_` and, where asked for, the digits: the
-/// words of every language here. Bytes above 127 are never part of a word.
+/// A table that is true for the letters A to Z and a to z, `_` and, where asked for, the digits:
+/// the words of every language here. Bytes above 127 are never part of a word.
 constexpr ByteTable<bool> MakeWordTable(bool withDigits) {
   ByteTable<bool> table{};
   for (unsigned c = 'A'; c <= 'Z'; ++c) table[c] = true;

@@ -40,10 +40,8 @@ class TagsLexerState {
   /// The same with a function that would form the position; as long as nobody listens it is not
   /// called.
   template <class Form>
-    requires std::is_invocable_r_v<std::string, Form>
-  bool CheckWatchdog(const Form&) const {
-    return false;
-  }
+  requires std::is_invocable_r_v<std::string, Form>
+  bool CheckWatchdog(const Form&) const { return false; }
 
   /// Words that the C-family lexer hides. The set does not own the strings.
   FilterSet filterTokens;

@@ -19,7 +19,8 @@ namespace vexltags {
 /// back, or repeats the kept outcome of an earlier run. Repeating includes the one side effect that
 /// a trial has on the recogniser, the cleared mark "in error recovery" after any matched token.
 ///
-/// The time limit changes what rules answer, so outcomes from before a file was given up are dropped.
+/// The time limit changes what rules answer, so outcomes from before a file was given up are
+/// dropped.
 template <unsigned kPredicate, class Context>
 ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
   static_assert(kPredicate < TrialTable::kPredicates);

@@ -29,17 +29,17 @@ inline void dummyErrorDumper(pANTLR3_BASE_RECOGNIZER, pANTLR3_UINT8*) {}
 /// Runs one grammar over `input`, from its start rule on. Tags go to `dumper`.
 ///
 /// `Grammar` names the generated types and functions:
-///   Lexer, Parser, Builder               types; Builder(options, dumper, stored) is the tag builder
-///   NewLexer(input), NewParser(tokens)   the generated constructors, null on lack of memory
-///   Start(parser)                        calls the start rule
-///   Attach(lexer)                        sets what else the lexer's context holds; it belongs to
+///   Lexer, Parser, Builder               types; Builder(options, dumper, stored) is the tag
+///   builder NewLexer(input), NewParser(tokens)   the generated constructors, null on lack of
+///   memory Start(parser)                        calls the start rule Attach(lexer) sets what else
+///   the lexer's context holds; it belongs to
 ///                                        the `Grammar` object, which lives as long as the lexer
 ///   kFiltersTokens                       whether the words of `-I` go into the file's filter set
 ///   kKeepsNeighbours                     whether the parser asks what stands beside a token
 ///   Scan                                 the scanner for common ground, or null
 ///
-/// `stored` is the file's path as it goes into tags. A syntax error is no failure: the counts in the
-/// result are its only trace.
+/// `stored` is the file's path as it goes into tags. A syntax error is no failure: the counts in
+/// the result are its only trace.
 template <class Grammar>
 RecognizerCounts RunRecognizer(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
                                const std::string& stored) {
@@ -53,8 +53,8 @@ RecognizerCounts RunRecognizer(pANTLR3_INPUT_STREAM input, const Options& option
       antlr3CommonTokenStreamSourceNew(ANTLR3_SIZE_HINT, lexer->pLexer->rec->state->tokSource),
       free);
   if (!stream) return counts;
-  std::unique_ptr<typename Grammar::Parser, decltype(free)> parser(
-      Grammar::NewParser(stream.get()), free);
+  std::unique_ptr<typename Grammar::Parser, decltype(free)> parser(Grammar::NewParser(stream.get()),
+                                                                   free);
 #else
   TokenTable table(input);
   TokenStream stream(table, lexer->pLexer);
@@ -76,7 +76,8 @@ RecognizerCounts RunRecognizer(pANTLR3_INPUT_STREAM input, const Options& option
   lexer->fileState = &fileState;
   grammar.Attach(lexer.get());
   if constexpr (Grammar::kFiltersTokens) {
-    for (const std::string& word : options.filterTokens) fileState.filterTokens.insert(word.c_str());
+    for (const std::string& word : options.filterTokens)
+      fileState.filterTokens.insert(word.c_str());
   }
 
   // The whole file is read as tokens before the parser gets the first one.

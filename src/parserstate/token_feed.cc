@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Fills a token table from a file: a hand-written scanner for common ground, the generated lexer for
-// the rest.
+// Fills a token table from a file: a hand-written scanner for common ground, the generated lexer
+// for the rest.
 #include "parserstate/token_feed.h"
 
 #include "parserstate/std_string.h"
@@ -57,8 +57,8 @@ void FreeReportedErrors(pANTLR3_RECOGNIZER_SHARED_STATE state) {
 void FillTokenTable(pANTLR3_LEXER lexer, Scanner scan, TokenTable& table) {
   pANTLR3_INPUT_STREAM input = lexer->input;
   const auto* begin = static_cast<const unsigned char*>(input->data);
-  ScanCursor cursor{begin, begin + input->sizeBuf, begin, input->line,
-                    begin - input->charPositionInLine, 0};
+  ScanCursor cursor{
+      begin, begin + input->sizeBuf, begin, input->line, begin - input->charPositionInLine, 0};
   for (;;) {
     if (scan != nullptr) {
       scan(cursor, table);

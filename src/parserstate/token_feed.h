@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Fills a token table from a file: a hand-written scanner for common ground, the generated lexer for
-// the rest.
+// Fills a token table from a file: a hand-written scanner for common ground, the generated lexer
+// for the rest.
 #pragma once
 
 #include <antlr3.h>
@@ -18,15 +18,15 @@ struct ScanCursor {
   /// The place from which columns count: `at - columnZero` is what the generated lexer calls the
   /// position in the line. That is the line's first character, but for the first line the second.
   const unsigned char* columnZero;
-  unsigned errors;             ///< Lexer errors that the scanner counted.
+  unsigned errors;  ///< Lexer errors that the scanner counted.
 };
 
-/// Reads tokens into `table` as the generated lexer would, as far as it knows how to, and stops with
-/// `at` at the start of the first token that it leaves to the generated lexer, or at `end`.
+/// Reads tokens into `table` as the generated lexer would, as far as it knows how to, and stops
+/// with `at` at the start of the first token that it leaves to the generated lexer, or at `end`.
 using Scanner = void (*)(ScanCursor& cursor, TokenTable& table);
 
-/// Reads the whole input of `lexer` into `table`. `scan` may be null: the generated lexer then reads
-/// everything. Both give the same table and the same count of errors in the lexer's state.
+/// Reads the whole input of `lexer` into `table`. `scan` may be null: the generated lexer then
+/// reads everything. Both give the same table and the same count of errors in the lexer's state.
 void FillTokenTable(pANTLR3_LEXER lexer, Scanner scan, TokenTable& table);
 
 /// Gives back the records of errors that were already reported; the runtime would hold them until

@@ -9,7 +9,8 @@ namespace {
 
 TokenTable& TableOf(pANTLR3_TOKEN_STREAM tokens) {
   // The one field of the stream object that nothing of the runtime uses in a parser.
-  return *reinterpret_cast<TokenTable*>(static_cast<pANTLR3_COMMON_TOKEN_STREAM>(tokens->super)->super);
+  return *reinterpret_cast<TokenTable*>(
+      static_cast<pANTLR3_COMMON_TOKEN_STREAM>(tokens->super)->super);
 }
 TokenTable& TableOf(pANTLR3_INT_STREAM ints) {
   return TableOf(static_cast<pANTLR3_TOKEN_STREAM>(ints->super));
@@ -33,7 +34,9 @@ void Consume(pANTLR3_INT_STREAM ints) { TableOf(ints).Consume(); }
 ANTLR3_UINT32 Size(pANTLR3_INT_STREAM ints) {
   return static_cast<ANTLR3_UINT32>(TableOf(ints).Count());
 }
-pANTLR3_COMMON_TOKEN Lt(pANTLR3_TOKEN_STREAM tokens, ANTLR3_INT32 k) { return TableOf(tokens).LT(k); }
+pANTLR3_COMMON_TOKEN Lt(pANTLR3_TOKEN_STREAM tokens, ANTLR3_INT32 k) {
+  return TableOf(tokens).LT(k);
+}
 pANTLR3_COMMON_TOKEN Get(pANTLR3_TOKEN_STREAM tokens, ANTLR3_UINT32 index) {
   return TableOf(tokens).Token(index);
 }

@@ -75,9 +75,9 @@ pANTLR3_COMMON_TOKEN TokenTable::Token(std::size_t index) {
 }
 
 const std::string* TokenTable::ReplacedText(std::size_t index) const {
-  const auto found =
-      std::lower_bound(replaced.begin(), replaced.end(), index,
-                       [](const Replaced& entry, std::size_t wanted) { return entry.index < wanted; });
+  const auto found = std::lower_bound(
+      replaced.begin(), replaced.end(), index,
+      [](const Replaced& entry, std::size_t wanted) { return entry.index < wanted; });
   return found != replaced.end() && found->index == index ? &found->text : nullptr;
 }
 

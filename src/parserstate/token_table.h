@@ -13,7 +13,8 @@
 namespace vexltags {
 
 /// Holds the visible tokens of one file, some 14 bytes each, and gives the position of the parser
-/// among them. Hidden tokens are not kept; of them only their neighbours know (see `KeepNeighbours`).
+/// among them. Hidden tokens are not kept; of them only their neighbours know (see
+/// `KeepNeighbours`).
 ///
 /// The runtime's own token object is made only where someone asks for a token and not for its type,
 /// and lives for the next `kMadeTokens` of them: whoever wants more than that copies text or line.
@@ -27,8 +28,8 @@ class TokenTable {
 
   // Filling ---------------------------------------------------------------------------------------
 
-  /// Asks to remember for each visible token which type stands directly before and behind it, hidden
-  /// tokens included. To be called before the first token.
+  /// Asks to remember for each visible token which type stands directly before and behind it,
+  /// hidden tokens included. To be called before the first token.
   void KeepNeighbours() { keepsNeighbours = true; }
 
   /// Appends a visible token: the characters from `start` up to `end`, which is behind the last, on
@@ -74,8 +75,8 @@ class TokenTable {
   ANTLR3_UINT32 TypeBehind(std::size_t k) const {
     return k <= position ? static_cast<ANTLR3_UINT32>(types[position - k]) : 0;
   }
-  /// The token `k` ahead for k > 0 and behind for k < 0, as the runtime's object; see above how long
-  /// it lives. Null in front of the first token.
+  /// The token `k` ahead for k > 0 and behind for k < 0, as the runtime's object; see above how
+  /// long it lives. Null in front of the first token.
   pANTLR3_COMMON_TOKEN LT(ANTLR3_INT32 k);
   /// The token at `index` as the runtime's object.
   pANTLR3_COMMON_TOKEN Token(std::size_t index);
@@ -86,13 +87,14 @@ class TokenTable {
   /// source, less what no token holds, with replaced texts.
   std::string Text(std::size_t first, std::size_t last) const;
 
-  /// The type of what stands `offset` raw tokens, hidden ones counted, from the next token, as far as
-  /// neighbours are kept: -1, the next token itself at 0, and on while the tokens between are visible
-  /// and adjacent. End of file outside the file and where it is not known.
+  /// The type of what stands `offset` raw tokens, hidden ones counted, from the next token, as far
+  /// as neighbours are kept: -1, the next token itself at 0, and on while the tokens between are
+  /// visible and adjacent. End of file outside the file and where it is not known.
   unsigned RawType(int offset) const;
 
  private:
-  static constexpr std::size_t kEndMarks = 8;  ///< So that looking a few tokens ahead needs no test.
+  static constexpr std::size_t kEndMarks =
+      8;  ///< So that looking a few tokens ahead needs no test.
 
   struct Stretch {
     std::uint32_t start, end;

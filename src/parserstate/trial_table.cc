@@ -24,8 +24,8 @@ void TrialTable::Keep(unsigned predicate, std::size_t token, bool success, bool 
   }
   std::uint8_t& cell = blocks[slot]->cells[Cell(predicate, token)];
   const unsigned bits = kKnown | (success ? kSuccess : 0) | (matched ? kMatched : 0);
-  cell = static_cast<std::uint8_t>((cell & ~(kMask << Shift(predicate))) |
-                                   (bits << Shift(predicate)));
+  cell =
+      static_cast<std::uint8_t>((cell & ~(kMask << Shift(predicate))) | (bits << Shift(predicate)));
 }
 
 void TrialTable::Release(std::size_t upToBlock) {

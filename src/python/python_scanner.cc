@@ -44,14 +44,22 @@ class PythonScanner {
 
   bool ScanToken() {
     switch (kFirst[*at]) {
-      case First::Blank: return ScanBlanks();
-      case First::LineEnd: return SkipLineEnd();
-      case First::Letter: return ScanWord();
-      case First::Quote: return ScanString(at);
-      case First::Comment: return SkipComment(at);
-      case First::Mark: return ScanMark();
-      case First::Minus: return ScanMinus();
-      case First::Unknown: break;
+      case First::Blank:
+        return ScanBlanks();
+      case First::LineEnd:
+        return SkipLineEnd();
+      case First::Letter:
+        return ScanWord();
+      case First::Quote:
+        return ScanString(at);
+      case First::Comment:
+        return SkipComment(at);
+      case First::Mark:
+        return ScanMark();
+      case First::Minus:
+        return ScanMinus();
+      case First::Unknown:
+        break;
     }
     Drop(1);
     return true;
@@ -64,8 +72,8 @@ class PythonScanner {
     while (next < end && (*next == ' ' || *next == '\t')) ++next;
     if (next < end && *next == '#') return SkipComment(next);
     if (next < end && (*next == '\r' || *next == '\n')) {
-      // Blanks with a line end commit to the rule for leading ones. Anywhere else in a line that one
-      // fails when it has read them, and the token loop drops the next character.
+      // Blanks with a line end commit to the rule for leading ones. Anywhere else in a line that
+      // one fails when it has read them, and the token loop drops the next character.
       at = next;
       SkipLineEnd();
       if (column > 0) Drop(1);

@@ -20,7 +20,8 @@ enum PythonToken : unsigned {
 };
 
 /// A `Scanner` for Python. Leaves to the generated lexer what ends in an error across several
-/// characters: open strings and comments, and blanks where the columns of the first line begin at -1.
+/// characters: open strings and comments, and blanks where the columns of the first line begin at
+/// -1.
 void ScanPython(ScanCursor& cursor, TokenTable& table);
 
 }  // namespace vexltags

@@ -50,8 +50,6 @@ void PythonTagsParser::DumpNamespace() {
   dumper->Print(ConcatenateNamesUsingSeparator(namespaces, "."));
 }
 
-int IndentWidth(pANTLR3_COMMON_TOKEN token) {
-  return static_cast<int>(TokenString(token).size());
-}
+int IndentWidth(pANTLR3_COMMON_TOKEN token) { return static_cast<int>(TokenString(token).size()); }
 
 }  // namespace vexltags

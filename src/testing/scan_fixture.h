@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// Lets a test see what a scanner makes of a text.
+#pragma once
+
+#include <antlr3.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "parserstate/token_feed.h"
+#include "parserstate/token_table.h"
+
+namespace vexltags::testing_support {
+
+/// What a scanner gave for a text.
+struct Scanned {
+  std::vector<std::string> tokens;  ///< "type:line:text" for each visible token.
+  std::size_t stopped = 0;          ///< Where it stopped; the length of the text when it read all.
+  unsigned line = 0;                ///< The line at that place.
+  unsigned errors = 0;
+};
+
+/// Runs `scan` once over `text`.
+inline Scanned ScanText(Scanner scan, const std::string& text) {
+  std::vector<unsigned char> bytes(text.begin(), text.end());
+  bytes.push_back(0);
+  unsigned char name[] = "test";
+  pANTLR3_INPUT_STREAM input = antlr3StringStreamNew(bytes.data(), ANTLR3_ENC_8BIT,
+                                                     static_cast<ANTLR3_UINT32>(text.size()), name);
+  Scanned scanned;
+  {
+    TokenTable table(input);
+    const unsigned char* begin = bytes.data();
+    ScanCursor cursor{begin, begin + text.size(), begin, 1, begin + 1, 0};
+    scan(cursor, table);
+    table.Finish(cursor.line);
+    for (std::size_t i = 0; i < table.Count(); ++i) {
+      const pANTLR3_COMMON_TOKEN token = table.Token(i);
+      scanned.tokens.push_back(std::to_string(token->type) + ":" + std::to_string(token->line) +
+                               ":" + table.Text(i, i));
+    }
+    scanned.stopped = static_cast<std::size_t>(cursor.at - begin);
+    scanned.line = cursor.line;
+    scanned.errors = cursor.errors;
+  }
+  input->close(input);
+  return scanned;
+}
+
+}  // namespace vexltags::testing_support

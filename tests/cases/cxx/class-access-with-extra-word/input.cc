@@ -1,0 +1,7 @@
+class A {
+ public slots:
+  void go();
+ signals:
+  void gone();
+  private int x;
+};

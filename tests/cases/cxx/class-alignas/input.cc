@@ -1,0 +1,4 @@
+struct alignas(8) P {
+  int p;
+};
+int after;

@@ -1,0 +1,4 @@
+struct Outer {
+  union { int i; float f; };
+  struct { int x; } inner;
+};

@@ -1,0 +1,3 @@
+struct E : decltype(f(1)) {
+  int e;
+};

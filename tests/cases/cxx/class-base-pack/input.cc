@@ -1,0 +1,3 @@
+template <class... Bs> struct M : Bs... {
+  int a;
+};

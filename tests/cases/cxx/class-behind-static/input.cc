@@ -1,0 +1,2 @@
+static struct Point { int x; } origin;
+extern struct Q { int y; } q;

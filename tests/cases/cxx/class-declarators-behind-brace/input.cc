@@ -1,0 +1,1 @@
+struct S { int a; } one, *two, three[3] = {}, &four = one;

@@ -1,0 +1,6 @@
+struct A::B {
+  void f();
+};
+namespace N {
+struct C::D { int d; };
+}

@@ -1,0 +1,2 @@
+struct S { int a; } make();
+int b;

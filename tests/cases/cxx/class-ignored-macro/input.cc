@@ -1,0 +1,3 @@
+class EXPORT Widget {
+  int width;
+};

@@ -1,0 +1,5 @@
+class A {
+  Q_OBJECT
+  DECLARE(x) int y;
+  DISABLE_COPY(A);
+};

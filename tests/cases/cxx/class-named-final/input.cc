@@ -1,0 +1,2 @@
+class final { int a; };
+int after;

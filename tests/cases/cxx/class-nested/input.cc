@@ -1,0 +1,7 @@
+class A {
+  struct B {
+    union C { int c; };
+    int b;
+  };
+  int a;
+};

@@ -1,0 +1,3 @@
+template <> struct ns::hash<std::string> {
+  int x;
+};

@@ -1,0 +1,3 @@
+class A { int a; };
+struct B { int b; };
+union C { int c; };

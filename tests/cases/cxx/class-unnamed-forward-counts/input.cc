@@ -1,0 +1,2 @@
+struct;
+struct { int a; } x;

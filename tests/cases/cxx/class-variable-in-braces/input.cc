@@ -1,0 +1,2 @@
+struct S { int a; } s{1};
+int b;

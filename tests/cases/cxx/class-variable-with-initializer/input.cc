@@ -1,0 +1,2 @@
+const struct P { int x, y; } origin = { 1, { 2 } };
+int after;

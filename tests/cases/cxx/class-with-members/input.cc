@@ -1,0 +1,8 @@
+class Widget {
+ public:
+  Widget();
+  ~Widget();
+  void draw() const;
+ private:
+  int width;
+};

@@ -1,0 +1,5 @@
+class A {
+  int a;
+}
+int b;
+void f();

@@ -1,0 +1,3 @@
+enum E { A, B, };
+enum F { C D };
+enum G { };

@@ -1,0 +1,8 @@
+enum E {
+#if WIDE
+  A,
+#else
+  B,
+#endif
+  C
+};

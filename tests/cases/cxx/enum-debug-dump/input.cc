@@ -1,0 +1,4 @@
+namespace N {
+enum E { A } e;
+typedef enum { B } T;
+}

@@ -1,0 +1,6 @@
+enum E {
+  A,
+#define A A
+  B
+};
+int after;

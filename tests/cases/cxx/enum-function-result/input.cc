@@ -1,0 +1,2 @@
+enum E f(int n) { return E(n); }
+enum E g(void);

@@ -1,0 +1,1 @@
+void f() { enum E { A }; }

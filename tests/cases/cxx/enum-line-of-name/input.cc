@@ -1,0 +1,7 @@
+enum
+Color
+{
+  kRed
+    = 1,
+  kBlue
+};

@@ -1,0 +1,4 @@
+enum Color {
+  kRed,
+  kGreen = 7,
+};

@@ -1,0 +1,7 @@
+namespace N {
+enum E { A };
+class C {
+  enum Kind { kOne };
+  Kind kind;
+};
+}

@@ -1,0 +1,2 @@
+enum { A, B } x, y;
+int after;

@@ -1,0 +1,3 @@
+typedef enum { A } T;
+typedef enum E { B } U;
+typedef enum E V;

@@ -1,0 +1,5 @@
+enum E {
+  A,
+  B OLD("x") = 1
+};
+int after;

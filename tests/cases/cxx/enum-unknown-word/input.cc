@@ -1,0 +1,4 @@
+enum E {
+  A DEPRECATED = 1,
+  B
+};

@@ -1,0 +1,5 @@
+enum E { A } e;
+enum { B } f;
+class C {
+  enum K { D } k;
+};

@@ -1,0 +1,4 @@
+enum E x;
+class C {
+  enum E y;
+};

@@ -1,0 +1,3 @@
+int before;
+enum E { A, B
+int after;

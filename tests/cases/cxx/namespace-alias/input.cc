@@ -1,0 +1,2 @@
+namespace fs = std::filesystem;
+int x;

@@ -1,0 +1,4 @@
+namespace {
+int a;
+}
+namespace N { namespace { int b; } }

@@ -1,0 +1,2 @@
+namespace [[deprecated]] N { int a; }
+namespace M __attribute__((visibility("default"))) { int b; }

@@ -1,0 +1,2 @@
+inline namespace v1 { int a; }
+namespace a::b::inline c { int x; }

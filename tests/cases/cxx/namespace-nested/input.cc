@@ -1,0 +1,7 @@
+namespace A {
+namespace B {
+int b;
+}
+int a;
+};
+int c;

@@ -1,0 +1,4 @@
+namespace N EXPORT {
+int a;
+}
+int b;

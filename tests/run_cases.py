@@ -215,7 +215,8 @@ def keep_output(case, actual, diff, scratch, keep):
 def run_case(case, program, timeout):
     """Runs one case in a scratch folder; gives what came out and the folder for the caller."""
     # Reachable for other users too: some cases give up the rights of root.
-    scratch = pathlib.Path(tempfile.mkdtemp(prefix="vexltags-")).resolve()
+    parent = "/tmp" if ESCAPED & set(tempfile.gettempdir()) else None
+    scratch = pathlib.Path(tempfile.mkdtemp(prefix="vexltags-", dir=parent)).resolve()
     scratch.chmod(0o755)
     run = run_golden if case.kind == "cases" else run_cli
     return run(case, program, scratch, timeout), scratch
@@ -277,11 +278,11 @@ def accept(case, program, timeout):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--program", help="the vexltags to test")
-    parser.add_argument("--kind", choices=("cases", "cli"), help="golden or command-line cases only")
+    parser.add_argument("--kind", choices=("cases", "cli"), help="golden or command line only")
     parser.add_argument("--language", help="golden cases of this folder only")
     parser.add_argument("--filter", default="", help="cases with this text in FOLDER/NAME only")
     parser.add_argument("--list", action="store_true", help="print the names and run nothing")
-    parser.add_argument("--accept", metavar="CASE", help="make the output of one case its expectation")
+    parser.add_argument("--accept", metavar="CASE", help="show and take one case's output")
     parser.add_argument("--keep", help="where the output of failures goes (beside the program)")
     parser.add_argument("--root", default=ROOT, help="the folder with cases/ and cli/")
     parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="cases at the same time")
@@ -314,7 +315,8 @@ def main():
         for outcome in pool.map(lambda c: judge(c, program, options.timeout, keep), cases):
             counts[outcome.verdict] += 1
             if outcome.verdict != "ok":
-                print(f"{outcome.verdict}: {outcome.case.name}: {outcome.report.rstrip()}", flush=True)
+                print(f"{outcome.verdict}: {outcome.case.name}: {outcome.report.rstrip()}")
+                sys.stdout.flush()
     print(", ".join(f"{count} {verdict}" for verdict, count in counts.items() if count))
     return 1 if counts["FAILED"] or counts["FIXED"] else 0
 

@@ -34,8 +34,8 @@ class RunCases(unittest.TestCase):
         (self.root / "behave").write_text(script)
 
     def golden(self, name="python/one", source="a\n", tags="a\n", **more):
-        self.write("cases/" + name, **{"input.py": source, "expected.tags": tags, "README": "Why.\n"})
-        self.write("cases/" + name, **more)
+        files = {"input.py": source, "expected.tags": tags, "README": "Why.\n"}
+        self.write("cases/" + name, **files, **more)
 
     def cli(self, script, name="one", **more):
         self.write("cli/" + name, **{"run.sh": script}, **more)
@@ -61,7 +61,8 @@ class RunCases(unittest.TestCase):
     def test_equal_output_passes(self):
         self.golden()
         self.cli('echo hello; echo oops >&2; exit 3',
-                 **{"expected.stdout": "hello\n", "expected.stderr": "oops\n", "expected.status": "3\n"})
+                 **{"expected.stdout": "hello\n", "expected.stderr": "oops\n",
+                    "expected.status": "3\n"})
         self.expect(0, "2 ok")
 
     def test_different_tags_fail_and_are_kept(self):
@@ -86,8 +87,8 @@ class RunCases(unittest.TestCase):
             self.expect(1, "FAILED: cli/one", args=("--kind", "cli"))
 
     def test_golden_case_with_streams_status_and_args(self):
-        self.golden(**{"args": "--first\n--second=a b\n", "expected.stdout": "[--first][--second=a b]",
-                       "expected.status": "4\n"})
+        self.golden(**{"args": "--first\n--second=a b\n",
+                       "expected.stdout": "[--first][--second=a b]", "expected.status": "4\n"})
         self.behave("printf '[%s]' \"$5\" \"$6\"; exit 4")
         self.expect(0, "1 ok")
 
@@ -102,8 +103,8 @@ class RunCases(unittest.TestCase):
         self.expect(0, "skipped: cli/one: no tool here")
 
     def test_cli_case_has_a_home_of_its_own(self):
-        self.cli('test "$PWD" = "$HOME"; test ! -e expected.tags; test -x "$VEXLTAGS"; cp data tags',
-                 data="x\n", **{"expected.tags": "x\n"})
+        self.cli('test "$PWD" = "$HOME"; test ! -e expected.tags; test -x "$VEXLTAGS"\n'
+                 'cp data tags', data="x\n", **{"expected.tags": "x\n"})
         self.expect(0, "1 ok")
         self.assertFalse((self.root / "cli/one/tags").exists())
 

@@ -37,6 +37,7 @@ using namespace vexltags;
   vexltags::VexlTagsParser* builder;
   vexltags::TagsLexerState* fileState;
   vexltags::TokenTable* tokens;
+  vexltags::FollowStack* follows;
   vexltags::TrialTable* trials;
 }
 

@@ -29,6 +29,7 @@ options {
   vexltags::PythonTagsParser* builder;
   vexltags::TagsLexerState* fileState;
   vexltags::TokenTable* tokens;
+  vexltags::FollowStack* follows;
   vexltags::TrialTable* trials;
 }
 

@@ -37,6 +37,10 @@ inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
   (vexltags::RunTrial<__COUNTER__ - vexltags::kFirstTrial>(ctx, fragment))
 #define VEXL_LEXER_TRIAL(ctx, fragment) (vexltags::RunLexerTrial(ctx, fragment))
 
+// --- Depth: a rule that may not go deeper fails as on a syntax error ---
+
+#define VEXL_TOO_DEEP() (vexltags::StackIsLow() && (vexltags::FailForDepth(RECOGNIZER), true))
+
 // --- Time ---
 
 #ifdef VEXLTAGS_PLAIN
@@ -75,9 +79,9 @@ inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 
 // The follow sets on the rule stack serve error recovery only.
 #undef FOLLOWPUSH
-#define FOLLOWPUSH(set) (vexltags::PushFollow(FOLLOWSTACK, &(set)))
+#define FOLLOWPUSH(set) (ctx->follows->Push(&(set)))
 #undef FOLLOWPOP
-#define FOLLOWPOP() (vexltags::PopFollow(FOLLOWSTACK))
+#define FOLLOWPOP() (ctx->follows->Pop())
 
 #else
 

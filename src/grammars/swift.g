@@ -37,6 +37,7 @@ options {
   vexltags::SwiftTagsParser* builder;
   vexltags::TagsLexerState* fileState;
   vexltags::TokenTable* tokens;
+  vexltags::FollowStack* follows;
   vexltags::TrialTable* trials;
 }
 

@@ -8,7 +8,10 @@
 #include <cstddef>
 #include <string>
 
+#include "parserstate/error_recovery.h"
+#include "parserstate/follow_stack.h"
 #include "parserstate/lexer_state.h"
+#include "parserstate/stack_guard.h"
 #include "parserstate/std_string.h"
 #include "parserstate/token_table.h"
 #include "parserstate/trial_table.h"
@@ -201,17 +204,6 @@ int Predict(Context* ctx, ANTLR3_CYCLIC_DFA& dfa) {
   tokens.Seek(start);
   return 0;
 }
-
-inline void PushFollow(pANTLR3_STACK stack, pANTLR3_BITSET_LIST follow) {
-  pANTLR3_VECTOR vector = stack->vector;
-  if (vector->count < vector->elementsSize) {
-    vector->elements[vector->count++] = {follow, nullptr};
-  } else {
-    vector->add(vector, follow, nullptr);
-  }
-}
-
-inline void PopFollow(pANTLR3_STACK stack) { --stack->vector->count; }
 
 // Lexers ------------------------------------------------------------------------------------------
 

@@ -9,6 +9,7 @@
 
 #include "driver/options.h"
 #include "output/dumper.h"
+#include "parserstate/error_recovery.h"
 #include "parserstate/lexer_state.h"
 #include "parserstate/token_feed.h"
 #include "parserstate/token_stream.h"
@@ -22,9 +23,6 @@ struct RecognizerCounts {
   unsigned lexerErrors = 0;
   unsigned parserErrors = 0;
 };
-
-/// The error display that shows nothing; errors are counted and recovered from all the same.
-inline void dummyErrorDumper(pANTLR3_BASE_RECOGNIZER, pANTLR3_UINT8*) {}
 
 /// Runs one grammar over `input`, from its start rule on. Tags go to `dumper`.
 ///
@@ -63,8 +61,8 @@ RecognizerCounts RunRecognizer(pANTLR3_INPUT_STREAM input, const Options& option
 #endif
   if (!parser) return counts;
   if (!options.dumpErrors) {
-    lexer->pLexer->rec->displayRecognitionError = dummyErrorDumper;
-    parser->pParser->rec->displayRecognitionError = dummyErrorDumper;
+    SilenceErrors(lexer->pLexer->rec);
+    SilenceErrors(parser->pParser->rec);
   }
 
   typename Grammar::Builder builder(options, dumper, stored);
@@ -83,9 +81,12 @@ RecognizerCounts RunRecognizer(pANTLR3_INPUT_STREAM input, const Options& option
   // The whole file is read as tokens before the parser gets the first one.
 #ifdef VEXLTAGS_PLAIN
   parser->tokens = nullptr;
+  parser->follows = nullptr;
   stream->tstream->_LT(stream->tstream, 1);
 #else
   parser->tokens = &table;
+  parser->follows = &stream.Follows();
+  RecoverByFollowStack(parser->pParser->rec);
   if constexpr (Grammar::kKeepsNeighbours) table.KeepNeighbours();
   // A scanner has no words for an error, so where errors are shown the generated lexer reads all.
   FillTokenTable(lexer->pLexer, options.dumpErrors ? nullptr : Grammar::Scan, table);

@@ -29,7 +29,6 @@ void Step(pANTLR3_LEXER lexer, TokenTable& table) {
     lexer->rec->reportError(lexer->rec);
     lexer->recover(lexer);
     table.AddDropped(start, static_cast<const unsigned char*>(input->nextChar));
-    FreeReportedErrors(state);
   } else if (state->channel != ANTLR3_TOKEN_DEFAULT_CHANNEL) {
     table.AddHidden(state->type);
   } else {
@@ -43,16 +42,6 @@ void Step(pANTLR3_LEXER lexer, TokenTable& table) {
 }
 
 }  // namespace
-
-void FreeReportedErrors(pANTLR3_RECOGNIZER_SHARED_STATE state) {
-  pANTLR3_EXCEPTION exception = state->exception;
-  while (exception != nullptr) {
-    pANTLR3_EXCEPTION next = exception->nextException;
-    exception->freeEx(exception);
-    exception = next;
-  }
-  state->exception = nullptr;
-}
 
 void FillTokenTable(pANTLR3_LEXER lexer, Scanner scan, TokenTable& table) {
   pANTLR3_INPUT_STREAM input = lexer->input;

@@ -29,8 +29,4 @@ using Scanner = void (*)(ScanCursor& cursor, TokenTable& table);
 /// reads everything. Both give the same table and the same count of errors in the lexer's state.
 void FillTokenTable(pANTLR3_LEXER lexer, Scanner scan, TokenTable& table);
 
-/// Gives back the records of errors that were already reported; the runtime would hold them until
-/// the recogniser goes.
-void FreeReportedErrors(pANTLR3_RECOGNIZER_SHARED_STATE state);
-
 }  // namespace vexltags

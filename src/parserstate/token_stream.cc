@@ -7,11 +7,7 @@
 namespace vexltags {
 namespace {
 
-TokenTable& TableOf(pANTLR3_TOKEN_STREAM tokens) {
-  // The one field of the stream object that nothing of the runtime uses in a parser.
-  return *reinterpret_cast<TokenTable*>(
-      static_cast<pANTLR3_COMMON_TOKEN_STREAM>(tokens->super)->super);
-}
+TokenTable& TableOf(pANTLR3_TOKEN_STREAM tokens) { return TokenStream::Of(tokens).Table(); }
 TokenTable& TableOf(pANTLR3_INT_STREAM ints) {
   return TableOf(static_cast<pANTLR3_TOKEN_STREAM>(ints->super));
 }
@@ -48,7 +44,7 @@ TokenStream::TokenStream(TokenTable& table, pANTLR3_LEXER lexer) : table(table) 
   std::memset(&tokens, 0, sizeof tokens);
   std::memset(&ints, 0, sizeof ints);
   common.tstream = &tokens;
-  common.super = &table;
+  common.super = this;
   common.channel = ANTLR3_TOKEN_DEFAULT_CHANNEL;
   tokens.super = &common;
   tokens.istream = &ints;

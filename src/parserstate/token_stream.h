@@ -4,6 +4,7 @@
 
 #include <antlr3.h>
 
+#include "parserstate/follow_stack.h"
 #include "parserstate/token_table.h"
 
 namespace vexltags {
@@ -21,9 +22,19 @@ class TokenStream {
   pANTLR3_COMMON_TOKEN_STREAM Stream() { return &common; }
 
   TokenTable& Table() { return table; }
+  /// The follow sets of the rules that the parser is in.
+  FollowStack& Follows() { return follows; }
+
+  /// The stream behind the runtime's interface, which must have come from `Stream`.
+  static TokenStream& Of(pANTLR3_TOKEN_STREAM tokens) {
+    // The one field of the stream object that nothing of the runtime uses in a parser.
+    return *static_cast<TokenStream*>(
+        static_cast<pANTLR3_COMMON_TOKEN_STREAM>(tokens->super)->super);
+  }
 
  private:
   TokenTable& table;
+  FollowStack follows;
   ANTLR3_COMMON_TOKEN_STREAM common;
   ANTLR3_TOKEN_STREAM tokens;
   ANTLR3_INT_STREAM ints;

@@ -14,6 +14,7 @@ namespace {
 constexpr long kClassKind = 1;
 constexpr long kStructKind = 2;
 constexpr long kEnumKind = 4;
+constexpr std::size_t kLongestPiece = 1023;  ///< What the sink keeps of a formatted piece.
 
 }  // namespace
 
@@ -88,11 +89,23 @@ ParserStateBase::CurlyType SwiftTagsParser::PopRCurly(int line) {
 
 void SwiftTagsParser::DumpLineAndScope(int line, const std::string& letter) {
   dumper->PrintFormat("\t%s\t%d;\"\t%s", FileField().c_str(), line, letter.c_str());
-  const std::string scope = CurrentNamespaceName();
-  if (!scope.empty()) {
-    dumper->PrintFormat("\t%s", CollapseWhitespace(scope, " ").c_str());
-  }
+  const std::string scope = ScopeText();
+  if (!scope.empty()) dumper->PrintFormat("\t%s", scope.c_str());
   dumper->Print("\n");
+}
+
+std::string SwiftTagsParser::ScopeText() const {
+  std::string names;
+  for (const TypeDescriptor& type : classStack) {
+    if (&type != &classStack.front()) names += '.';
+    names += type.name;
+    // With thousands of types in each other the rest would cost time only.
+    if (names.size() > kLongestPiece) {
+      std::string collapsed = CollapseWhitespace(names, " ");
+      if (collapsed.size() > kLongestPiece) return collapsed;
+    }
+  }
+  return CollapseWhitespace(names, " ");
 }
 
 }  // namespace vexltags

@@ -44,6 +44,8 @@ class SwiftTagsParser : public ParserStateBase {
 
  private:
   void DumpLineAndScope(int line, const std::string& letter);
+  /// `CurrentNamespaceName` without runs of white space, as far as a line shows it.
+  std::string ScopeText() const;
 };
 
 }  // namespace vexltags

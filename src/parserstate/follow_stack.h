@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// The follow sets of the rules that a parser is in, for error recovery.
+#pragma once
+
+#include <antlr3.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace vexltags {
+
+/// Takes the place of the runtime's stack of follow sets. Rules push and pop all the time and only
+/// recovery looks, so the two are as short as can be; and recovery, which wants the union of the
+/// whole stack, finds most of it already made: an error at each level of a deep nesting costs the
+/// depth once and not once for each.
+class FollowStack {
+ public:
+  /// Large enough for every token type of any grammar here.
+  static constexpr std::size_t kWords = 3;
+  using Union = std::array<std::uint64_t, kWords>;
+
+  /// Pushes a set of the generated code, which outlives the stack.
+  void Push(pANTLR3_BITSET_LIST set) {
+    if (size == sets.size()) sets.resize(2 * size + 64);
+    sets[size++] = set;
+  }
+  void Pop() {
+    --size;
+    if (unions > size) unions = size;
+  }
+
+  std::size_t Size() const { return size; }
+  /// The union of all sets on the stack.
+  Union All();
+
+ private:
+  std::vector<pANTLR3_BITSET_LIST> sets;
+  std::size_t size = 0;
+  std::vector<Union> made;  ///< made[i]: the union of sets 0 to i, good for i < unions.
+  std::size_t unions = 0;
+};
+
+}  // namespace vexltags

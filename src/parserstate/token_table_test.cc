@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+// Tests of the token table and of the runtime's view on it.
+#include "parserstate/token_table.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include "parserstate/std_string.h"
+
+namespace vexltags {
+namespace {
+
+constexpr unsigned kWord = 7, kMark = 9, kBlank = 60;
+
+// The text "ab $c\n.d" as: word "ab", hidden blank, dropped "$", word "c", hidden line end, mark
+// ".", word "d".
+class TokenTableTest : public testing::Test {
+ protected:
+  TokenTableTest() {
+    unsigned char name[] = "test";
+    input = antlr3StringStreamNew(text, ANTLR3_ENC_8BIT, 8, name);
+  }
+  ~TokenTableTest() override { input->close(input); }
+
+  void Fill(TokenTable& table) const {
+    table.KeepNeighbours();
+    table.Add(kWord, text, text + 2, 1);
+    table.AddHidden(kBlank);
+    table.AddDropped(text + 3, text + 4);
+    table.Add(kWord, text + 4, text + 5, 1);
+    table.AddHidden(kBlank);
+    table.Add(kMark, text + 6, text + 7, 2);
+    table.Add(kWord, text + 7, text + 8, 2);
+    table.Finish(2);
+  }
+
+  unsigned char text[9] = {'a', 'b', ' ', '$', 'c', '\n', '.', 'd', 0};
+  pANTLR3_INPUT_STREAM input = nullptr;
+};
+
+TEST_F(TokenTableTest, LooksAheadAndBehindAndStopsAtTheEnd) {
+  TokenTable table(input);
+  Fill(table);
+  ASSERT_EQ(table.Count(), 4U);
+  EXPECT_EQ(table.LA(1), kWord);
+  EXPECT_EQ(table.LA(3), kMark);
+  EXPECT_EQ(table.LA(5), ANTLR3_TOKEN_EOF);
+  EXPECT_EQ(table.LA(100), ANTLR3_TOKEN_EOF);
+  EXPECT_EQ(table.TypeBehind(1), 0U);
+  table.Seek(3);
+  EXPECT_EQ(table.TypeBehind(1), kMark);
+  EXPECT_EQ(table.TypeBehind(3), kWord);
+  EXPECT_EQ(table.TypeBehind(4), 0U);
+  table.Consume();
+  table.Consume();
+  EXPECT_EQ(table.Position(), 4U);
+  EXPECT_EQ(table.LA(1), ANTLR3_TOKEN_EOF);
+}
+
+TEST_F(TokenTableTest, MakesTokensOnDemand) {
+  TokenTable table(input);
+  Fill(table);
+  EXPECT_EQ(TokenString(table.LT(1)), "ab");
+  EXPECT_EQ(TokenLine(table.LT(3)), 2);
+  EXPECT_EQ(table.LT(-1), nullptr);
+  table.Seek(4);
+  EXPECT_EQ(TokenString(table.LT(-1)), "d");
+  EXPECT_EQ(table.LT(1)->type, static_cast<ANTLR3_UINT32>(ANTLR3_TOKEN_EOF));
+  EXPECT_EQ(table.NextLine(), 2);
+}
+
+TEST_F(TokenTableTest, TokensLiveForTheNextOnesAndNotLonger) {
+  TokenTable table(input);
+  Fill(table);
+  const pANTLR3_COMMON_TOKEN first = table.Token(0);
+  for (std::size_t i = 1; i < TokenTable::kMadeTokens; ++i) table.Token(3);
+  EXPECT_EQ(TokenString(first), "ab");
+  table.Token(3);
+  EXPECT_EQ(TokenString(first), "d");
+}
+
+TEST_F(TokenTableTest, TextHoldsHiddenTokensButNothingDropped) {
+  TokenTable table(input);
+  Fill(table);
+  EXPECT_EQ(table.Text(0, 0), "ab");
+  EXPECT_EQ(table.Text(0, 1), "ab c");
+  EXPECT_EQ(table.Text(0, 3), "ab c\n.d");
+  EXPECT_EQ(table.Text(2, 3), ".d");
+}
+
+TEST_F(TokenTableTest, ReplacedTextTakesThePlaceOfTheCharacters) {
+  TokenTable table(input);
+  table.Add(kWord, text, text + 2, 1);
+  table.Add(kMark, text + 2, text + 6, 1, "name");
+  table.Add(kWord, text + 7, text + 8, 2);
+  table.Finish(2);
+  EXPECT_EQ(table.Text(0, 2), "abname.d");
+  EXPECT_EQ(TokenString(table.Token(1)), "name");
+  EXPECT_EQ(TokenString(table.Token(2)), "d");
+}
+
+TEST_F(TokenTableTest, KnowsRawNeighbours) {
+  constexpr auto kEnd = static_cast<unsigned>(ANTLR3_TOKEN_EOF);
+  TokenTable table(input);
+  Fill(table);
+  EXPECT_EQ(table.RawType(-1), kEnd);
+  EXPECT_EQ(table.RawType(0), kWord);
+  EXPECT_EQ(table.RawType(1), kBlank);
+  table.Seek(1);
+  EXPECT_EQ(table.RawType(-1), kBlank);
+  table.Seek(2);
+  EXPECT_EQ(table.RawType(-1), kBlank);
+  EXPECT_EQ(table.RawType(0), kMark);
+  EXPECT_EQ(table.RawType(1), kWord);
+  EXPECT_EQ(table.RawType(2), kEnd);
+  table.Seek(3);
+  EXPECT_EQ(table.RawType(-1), kMark);
+  table.Seek(4);
+  EXPECT_EQ(table.RawType(-1), kWord);
+  EXPECT_EQ(table.RawType(0), kEnd);
+}
+
+}  // namespace
+}  // namespace vexltags

@@ -1,0 +1,2 @@
+int (*table[3])(int);
+int x;

@@ -1,0 +1,2 @@
+int f(void) __asm__("g");
+int h(void);

@@ -1,0 +1,2 @@
+struct A { int x; } __attribute__((packed));
+struct B { int y; } __attribute__((packed)) b;

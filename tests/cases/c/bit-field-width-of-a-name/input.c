@@ -1,0 +1,4 @@
+struct S {
+  int a : WIDTH;
+  int b;
+};

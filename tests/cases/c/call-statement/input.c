@@ -1,0 +1,3 @@
+run(x, y);
+run(1);
+int z;

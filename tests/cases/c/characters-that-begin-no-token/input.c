@@ -1,0 +1,3 @@
+int $a;
+int ÄÖb;
+int `c;

@@ -1,0 +1,2 @@
+int class;
+struct { int x; };

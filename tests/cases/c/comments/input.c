@@ -1,0 +1,4 @@
+/* int a; */ int b; // int c; \
+int d;
+int /* e */ f /* g */ (void) /* { */;
+int h; //

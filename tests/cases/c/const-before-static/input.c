@@ -1,0 +1,2 @@
+const static int a = 1;
+const static int f(void) { return 1; }

@@ -1,0 +1,2 @@
+struct S { int a; } const t;
+int b;

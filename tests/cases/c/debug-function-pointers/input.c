@@ -1,0 +1,3 @@
+void (*cb)(int, char);
+struct S { void (^block)(int n); };
+int (paren)(void);

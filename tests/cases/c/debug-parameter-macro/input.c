@@ -1,0 +1,2 @@
+void f(int ATTR(x));
+void g(int ATTR(new));

@@ -1,0 +1,10 @@
+void f0();
+void f1(void);
+void f2(int, const char *);
+void f3(int a, ...);
+void f4(...);
+void f5(int a ...);
+void f6(int a[3], struct S *s);
+void f7(void (*cb)(int));
+void f8(void (*)(int, char));
+void f9(int (&arr)[4], char *new);

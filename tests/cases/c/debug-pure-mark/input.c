@@ -1,0 +1,2 @@
+int f() = 7;
+int g(int) const = 0;

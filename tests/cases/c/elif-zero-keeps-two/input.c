@@ -1,0 +1,7 @@
+#if X
+int a;
+#elif 0
+int b;
+#else
+int c;
+#endif

@@ -1,0 +1,2 @@
+int a = , b = ;
+int c;

@@ -1,0 +1,2 @@
+typedef NS_ENUM(int, Style) { A, B };
+NS_OPTIONS(unsigned long, Flags) { C };

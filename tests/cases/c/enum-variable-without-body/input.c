@@ -1,0 +1,5 @@
+enum E a;
+enum E b, c;
+struct S {
+  enum E d;
+};

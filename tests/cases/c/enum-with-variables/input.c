@@ -1,0 +1,4 @@
+enum E { A } a;
+struct S {
+  enum { B } b;
+};

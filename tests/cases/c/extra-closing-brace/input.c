@@ -1,0 +1,3 @@
+int f(void) {
+}}
+int g(void) { }

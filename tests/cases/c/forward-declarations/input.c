@@ -1,0 +1,3 @@
+struct S;
+union U;
+enum E;

@@ -1,0 +1,2 @@
+struct S { int a; } f(void) { }
+int b;

@@ -1,0 +1,3 @@
+int a;
+int f(void), *g(void);
+int b;

@@ -1,0 +1,2 @@
+void (*a)(int), (*b)(int);
+int c;

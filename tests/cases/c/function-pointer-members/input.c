@@ -1,0 +1,4 @@
+struct ops {
+  int (*open)(struct file *, int flags);
+  void (*close)(struct file *);
+};

@@ -1,0 +1,3 @@
+int before;
+void (*signal(int, void (*)(int)))(int);
+int after;

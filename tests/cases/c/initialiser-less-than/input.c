@@ -1,0 +1,3 @@
+int a = x < y, b;
+int c = x > y, d;
+int e = (x < y), f;

@@ -1,0 +1,6 @@
+int near;
+int far = 1;
+int readonly;
+int new;
+int final;
+int good;

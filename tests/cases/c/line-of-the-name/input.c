@@ -1,0 +1,7 @@
+static
+  unsigned
+long
+f(int a,
+  int b)
+{
+}

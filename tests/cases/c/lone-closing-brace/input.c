@@ -1,0 +1,6 @@
+int a;
+}
+int b;
+};
+int c;
+}

@@ -1,0 +1,2 @@
+for (int i = 0; i < 3; i++) { g(i); }
+int y;

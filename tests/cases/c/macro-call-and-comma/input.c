@@ -1,0 +1,3 @@
+int before;
+FOO(a), b;
+int after;

@@ -1,0 +1,3 @@
+TEST(suite) {
+  check();
+}

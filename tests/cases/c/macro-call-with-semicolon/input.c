@@ -1,0 +1,2 @@
+MODULE_LICENSE(GPL);
+int a;

@@ -1,0 +1,2 @@
+DECLARE(foo)
+int a;

@@ -1,0 +1,3 @@
+#define FOO /* a
+int b; */ int c;
+int d;

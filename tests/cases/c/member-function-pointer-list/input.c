@@ -1,0 +1,4 @@
+struct S {
+  int a, *b, (*c)(int);
+  int d;
+};

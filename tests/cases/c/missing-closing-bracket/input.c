@@ -1,0 +1,3 @@
+int a[3;
+int b];
+int c;

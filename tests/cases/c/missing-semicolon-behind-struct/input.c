@@ -1,0 +1,5 @@
+struct A {
+  int x;
+}
+int y;
+void f(void);

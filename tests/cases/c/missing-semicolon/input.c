@@ -1,0 +1,5 @@
+int a
+int b;
+int c = 1
+int d;
+int e;

@@ -1,0 +1,7 @@
+struct A {
+  union {
+    int i;
+    struct { char lo, hi; };
+  };
+  int last;
+};

@@ -1,0 +1,3 @@
+CALL("a", int *);
+CALL("a", struct s *, b);
+int y;

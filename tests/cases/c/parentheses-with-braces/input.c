@@ -1,0 +1,3 @@
+int x;
+INIT({1, 2});
+int y;

@@ -1,0 +1,5 @@
+int x;
+LOG("a" PREFIX "b");
+int y;
+LOG("a" "b" "c");
+int z;

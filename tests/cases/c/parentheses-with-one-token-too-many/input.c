@@ -1,0 +1,3 @@
+MODULE_INFO("a" "b");
+LOG("a" x);
+int y;

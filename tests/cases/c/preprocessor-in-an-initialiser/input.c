@@ -1,0 +1,7 @@
+const char *names[] = {
+#define X(a) #a,
+#include "names.def"
+#undef X
+  "last"
+};
+int y;

@@ -1,0 +1,3 @@
+int a;
+register int r;
+int b;

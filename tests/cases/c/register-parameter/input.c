@@ -1,0 +1,3 @@
+int a;
+int f(register int r) { return r; }
+int b;

@@ -1,0 +1,3 @@
+int a;
+char *copy(char *restrict to, const char *restrict from);
+int b;

@@ -1,0 +1,2 @@
+static_assert x (1);
+int a;

@@ -1,0 +1,4 @@
+int a;
+static_assert;
+int b;
+int f(int);

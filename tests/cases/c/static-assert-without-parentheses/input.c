@@ -1,0 +1,5 @@
+int a;
+static_assert;
+int b;
+int f(int); )
+int c;

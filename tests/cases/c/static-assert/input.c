@@ -1,0 +1,2 @@
+static_assert(sizeof(int) == 4, "int (");
+int a;

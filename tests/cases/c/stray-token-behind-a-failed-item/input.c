@@ -1,0 +1,3 @@
+int a;
+foo = 3;
+int b;

@@ -1,0 +1,4 @@
+struct A {
+  struct B { int x; } b;
+  struct { int y; } c[2];
+};

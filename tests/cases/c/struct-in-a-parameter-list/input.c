@@ -1,0 +1,2 @@
+int f(struct { int x; } a);
+int y;

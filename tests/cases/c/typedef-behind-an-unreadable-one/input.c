@@ -1,0 +1,3 @@
+typedef int (*table[3])(int);
+int x;
+int y;

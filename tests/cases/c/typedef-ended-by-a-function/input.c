@@ -1,0 +1,3 @@
+typedef int (*table[3])(int);
+void f(void);
+int x;

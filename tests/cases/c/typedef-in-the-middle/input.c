@@ -1,0 +1,3 @@
+int typedef a;
+int b;
+int c;

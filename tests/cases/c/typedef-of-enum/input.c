@@ -1,0 +1,3 @@
+typedef enum { A, B } E;
+typedef enum F { C } F_t;
+typedef enum G G_t;

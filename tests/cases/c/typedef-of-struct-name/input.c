@@ -1,0 +1,1 @@
+typedef struct S S_t;

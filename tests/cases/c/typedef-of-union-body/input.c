@@ -1,0 +1,1 @@
+typedef union U { int i; float f; } U_t;

@@ -1,0 +1,2 @@
+typedef int a, *b;
+int c;

@@ -1,0 +1,2 @@
+typedef static int a;
+int b;

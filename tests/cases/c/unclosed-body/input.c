@@ -1,0 +1,4 @@
+int a;
+void f(void) {
+  g(x);
+int b;

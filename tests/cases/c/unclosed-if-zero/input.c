@@ -1,0 +1,3 @@
+int a;
+#if 0
+int b;

@@ -1,0 +1,3 @@
+#ident "x"
+int a;
+#sccs int b;

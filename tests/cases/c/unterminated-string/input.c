@@ -1,0 +1,2 @@
+char *a = "abc;
+ int b;

@@ -1,0 +1,10 @@
+int a;
+unsigned long long b;
+char *c;
+struct S d;
+union U *e;
+foo_t f;
+const int g = 3;
+volatile int h;
+signed char i;
+unsigned j;

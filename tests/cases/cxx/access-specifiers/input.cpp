@@ -1,0 +1,7 @@
+class A {
+public:
+  int a;
+protected:
+  void f();
+private: int b;
+};

@@ -1,0 +1,6 @@
+class A {
+public slots:
+  void f();
+signals:
+  void g();
+};

@@ -1,0 +1,4 @@
+typedef int (*table[3])(int);
+using A = int;
+int x;
+int y;

@@ -1,0 +1,2 @@
+namespace x = a::b;
+int y;

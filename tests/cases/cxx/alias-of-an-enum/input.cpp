@@ -1,0 +1,3 @@
+using A = enum { B };
+using C = struct { int x; };
+int y;

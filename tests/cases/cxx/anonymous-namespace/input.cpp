@@ -1,0 +1,5 @@
+namespace {
+int a;
+void f();
+}
+int b;

@@ -1,0 +1,6 @@
+namespace n {
+class A { } a;
+class B {
+  struct { int x; } b, *c;
+};
+}

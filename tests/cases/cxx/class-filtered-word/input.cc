@@ -1,0 +1,4 @@
+class EXPORT Widget {
+  int width;
+};
+int after;

@@ -1,3 +1,0 @@
-class EXPORT Widget {
-  int width;
-};

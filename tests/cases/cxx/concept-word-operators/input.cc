@@ -1,0 +1,2 @@
+template <class T> concept C = A<T> and B<T>;
+int x;

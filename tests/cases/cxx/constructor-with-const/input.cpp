@@ -1,0 +1,2 @@
+f() const;
+int x;

@@ -1,0 +1,2 @@
+A::operator bool() const { return true; }
+int x;

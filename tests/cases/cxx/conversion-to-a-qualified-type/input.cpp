@@ -1,0 +1,4 @@
+struct A {
+  operator std::string() const;
+  operator std::vector<ns::B>();
+};

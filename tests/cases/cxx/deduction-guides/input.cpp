@@ -1,0 +1,3 @@
+template <class T> A(T) -> A<T>;
+A(int) -> A<int>;
+int x;

@@ -1,0 +1,2 @@
+void f(int a = new int[3]);
+int x;

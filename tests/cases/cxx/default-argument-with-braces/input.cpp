@@ -1,0 +1,3 @@
+int x;
+void f(T a = T{});
+int y;

@@ -1,0 +1,5 @@
+class A : public B {
+  ~A() override;
+  virtual ~A() final {}
+  int x;
+};

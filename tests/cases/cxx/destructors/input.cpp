@@ -1,0 +1,10 @@
+class A {
+  ~A();
+};
+class B {
+  virtual ~B() {}
+};
+class C {
+  ~C() noexcept = default;
+};
+A::~A() { }

@@ -1,0 +1,5 @@
+void f() { s = "}"; c = '}'; /* } */ // }
+}
+int a[sizeof("]")];
+static_assert(x == ')', ")");
+int b;

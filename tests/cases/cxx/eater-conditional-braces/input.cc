@@ -1,0 +1,9 @@
+void f() {
+#if A
+  if (a) {
+#else
+  if (b) {
+#endif
+  }
+}
+int x;

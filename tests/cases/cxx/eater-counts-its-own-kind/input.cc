@@ -1,0 +1,4 @@
+static_assert(( { ), "x");
+int a[ ( ];
+void f() { ( [ }
+int b;

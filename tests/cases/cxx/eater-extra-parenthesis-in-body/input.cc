@@ -1,0 +1,2 @@
+void f() { g((1); }
+int after;

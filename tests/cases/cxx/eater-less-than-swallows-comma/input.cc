@@ -1,0 +1,2 @@
+int p = a < b, q = 2;
+int r;

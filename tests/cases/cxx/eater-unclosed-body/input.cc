@@ -1,0 +1,3 @@
+int before;
+void f() {
+int inside;

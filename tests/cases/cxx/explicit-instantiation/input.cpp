@@ -1,0 +1,3 @@
+template class std::vector<int>;
+extern template struct A<B>;
+int x;

@@ -1,0 +1,6 @@
+class A {
+  explicit A(int a) MACRO;
+  ~A() MACRO { }
+  operator int() MACRO { }
+  int x;
+};

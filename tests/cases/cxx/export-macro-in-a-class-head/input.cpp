@@ -1,0 +1,4 @@
+class EXPORT A : public B {
+  void f();
+};
+int x;

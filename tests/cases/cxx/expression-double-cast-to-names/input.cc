@@ -1,0 +1,3 @@
+enum { A = (A)(B)~0 };
+enum { A = (A)(B)1 };
+enum { Z };

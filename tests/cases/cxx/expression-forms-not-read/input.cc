@@ -1,0 +1,13 @@
+enum { A = a <=> b };
+enum { A = throw 1 };
+enum { A = new int[4] };
+enum { A = sizeof(int[4]) };
+enum { A = alignof(int) };
+enum { A = a ?: b };
+enum { A = "x" "y" };
+enum { A = L'x' };
+enum { A = (a > ) };
+enum { A = (1, 2) };
+enum { A = .5 };
+enum { A = a = 1 };
+enum { Z };

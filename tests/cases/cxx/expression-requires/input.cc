@@ -1,0 +1,4 @@
+enum E {
+  A = requires { x; },
+  B = requires(T t) { t.y(); } && true,
+};

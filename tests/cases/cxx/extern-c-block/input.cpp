@@ -1,0 +1,5 @@
+extern "C" {
+void f();
+int a;
+}
+int b;

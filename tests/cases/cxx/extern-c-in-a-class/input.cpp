@@ -1,0 +1,7 @@
+class A {
+  int a;
+  extern "C" {
+  int b;
+  }
+  int c;
+};

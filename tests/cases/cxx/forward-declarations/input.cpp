@@ -1,0 +1,5 @@
+class A;
+struct B;
+union C;
+template <class T> class D;
+friend class E;

@@ -1,0 +1,6 @@
+class A {
+  friend class B;
+  friend struct C;
+  friend D;
+  int x;
+};

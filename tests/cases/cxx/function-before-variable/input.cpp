@@ -1,0 +1,4 @@
+struct A f();
+struct B g;
+struct C;
+struct D { };

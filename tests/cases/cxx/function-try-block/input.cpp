@@ -1,0 +1,2 @@
+A::A() try : x(1) { f(); } catch (...) { }
+int y;

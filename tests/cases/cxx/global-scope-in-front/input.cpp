@@ -1,0 +1,3 @@
+::std::string f();
+::std::string s;
+void ::g() {}

@@ -1,0 +1,4 @@
+class A {
+  inline friend void f() {}
+  constexpr friend int g();
+};

@@ -1,0 +1,3 @@
+inline namespace v1 {
+void f();
+}

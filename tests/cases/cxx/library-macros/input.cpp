@@ -1,0 +1,3 @@
+_LIBCPP_INLINE_VISIBILITY void f() _NOEXCEPT;
+template <class T> _LIBCPP_HIDE_FROM_ABI T g() _NOEXCEPT_(true) { }
+class _LIBCPP_TEMPLATE_VIS A { };

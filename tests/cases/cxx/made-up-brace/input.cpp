@@ -1,0 +1,3 @@
+operator int() : a(1) int x;
+}
+int y;

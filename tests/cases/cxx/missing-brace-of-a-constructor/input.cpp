@@ -1,0 +1,4 @@
+int x;
+A() : a(1) int x;
+}
+int y;

@@ -1,0 +1,6 @@
+extern "C" {
+int a;
+} b;
+namespace n {
+extern "C" { } c;
+}

@@ -1,0 +1,4 @@
+namespace n { int a; }
+int b;
+class A { int c; }
+int d;

@@ -1,0 +1,2 @@
+operator;
+int x;

@@ -1,0 +1,4 @@
+struct A {
+  A &operator,(A);
+  int x;
+};

@@ -1,0 +1,6 @@
+bool operator
+==(A, A);
+operator
+int();
+void *operator
+new(size_t);

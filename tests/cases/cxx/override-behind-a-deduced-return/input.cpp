@@ -1,0 +1,3 @@
+int x;
+auto f() override;
+int y;

@@ -1,0 +1,5 @@
+class A {
+  int x;
+  void f() override = 0;
+  int y;
+};

@@ -1,0 +1,4 @@
+class B {
+  void A::f();
+  int A::x;
+};

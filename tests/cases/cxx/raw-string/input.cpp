@@ -1,0 +1,4 @@
+const char *a = R"(x)";
+const char *b = R"(y; ")";
+int c;
+int d;

@@ -1,0 +1,3 @@
+void f() requires C<int> { }
+void g() requires C<int>;
+void h();

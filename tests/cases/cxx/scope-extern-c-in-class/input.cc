@@ -1,0 +1,7 @@
+struct A {
+  extern "C" {
+    int v;
+    void f();
+  }
+  int m;
+};

@@ -1,0 +1,7 @@
+namespace N {
+extern "C" {
+int a;
+}
+int b;
+}
+int c;

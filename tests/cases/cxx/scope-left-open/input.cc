@@ -1,0 +1,3 @@
+namespace N {
+class A {
+  int a;

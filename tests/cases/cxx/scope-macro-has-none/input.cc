@@ -1,0 +1,8 @@
+namespace N {
+class A {
+#define X 1
+  void f() {
+#define Y 2
+  }
+};
+}

@@ -1,0 +1,3 @@
+typedef __typeof__(x) T;
+int y;
+int z;

@@ -1,0 +1,5 @@
+_LIBCPP_BEGIN_NAMESPACE_STD
+class X {};
+void f();
+_LIBCPP_END_NAMESPACE_STD
+int y;

@@ -1,0 +1,2 @@
+auto [a, b] = f();
+int x;

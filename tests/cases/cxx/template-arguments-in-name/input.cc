@@ -1,0 +1,4 @@
+struct A< int ,
+  /* c */ char > {
+  int a;
+};

@@ -1,0 +1,4 @@
+template <> void f<int,
+long>() {}
+void A<int,
+  long>::g() {}

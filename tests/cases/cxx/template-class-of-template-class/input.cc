@@ -1,0 +1,3 @@
+template <class T> template <class U> struct A<T>::B {
+  int b;
+};

@@ -1,0 +1,3 @@
+template <> struct S { };
+template <> class C<int>;
+template <> class D<int> { };

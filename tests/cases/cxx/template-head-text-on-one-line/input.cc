@@ -1,0 +1,4 @@
+template <auto V, // value
+          /* c */   int N> struct A {
+  int a;
+};

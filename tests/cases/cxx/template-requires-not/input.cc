@@ -1,0 +1,1 @@
+template <class T> requires !C<T> struct S { int s; };

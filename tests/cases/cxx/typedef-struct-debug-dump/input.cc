@@ -1,0 +1,3 @@
+typedef struct { int a; } T;
+typedef struct S U;
+using V = int;

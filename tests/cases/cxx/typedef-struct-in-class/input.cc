@@ -1,0 +1,6 @@
+struct Outer {
+  typedef struct { int a; } T;
+};
+namespace N {
+typedef struct { int b; } U;
+}

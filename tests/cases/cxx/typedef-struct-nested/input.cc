@@ -1,0 +1,5 @@
+typedef struct {
+  struct { int a; } in;
+  union { int b; };
+} T;
+int x;

@@ -1,0 +1,2 @@
+typedef struct S T, *PT;
+int x;

@@ -1,0 +1,2 @@
+typedef struct S { int a; } PACKED T;
+int x;

@@ -1,0 +1,4 @@
+typedef struct {
+  int a;
+} T;
+typedef union { int b; } U, *PU;

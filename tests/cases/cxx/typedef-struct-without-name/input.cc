@@ -1,0 +1,2 @@
+typedef struct S { int a; };
+int x;

@@ -1,0 +1,2 @@
+using a::b::c;
+int x;

@@ -1,0 +1,11 @@
+auto a = 1;
+decltype(x) b;
+std::vector<int> c, d;
+const std::map<std::string, std::vector<int>> &e = f();
+constexpr int g = 1;
+inline constexpr int h = 2;
+thread_local int i;
+constinit int j = 3;
+int &&k = 4;
+struct A { mutable int l; static const int m = 1; };
+typename T::type n;

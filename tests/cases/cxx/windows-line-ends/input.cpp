@@ -1,0 +1,5 @@
+int a;
+void f()
+{
+}
+int b;

@@ -1,0 +1,6 @@
+namespace N {
+@interface A
+@end
+int x;
+}
+int y;

@@ -1,0 +1,6 @@
+@interface Foo (Bar) <P, Q>
+@property int n;
+@end
+@interface Foo () <P>
+- (void)a;
+@end

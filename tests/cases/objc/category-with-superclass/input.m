@@ -1,0 +1,3 @@
+@interface A (C) : B
+- (void)a;
+@end

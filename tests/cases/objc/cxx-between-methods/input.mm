@@ -1,0 +1,9 @@
+@implementation Foo
+class Helper {
+ public:
+  Helper() {}
+  int n;
+};
+template <class T> void apply(T t) { }
+- (void)run { }
+@end

@@ -1,0 +1,6 @@
+@interface Foo (Bar)
+- (void)run;
+@property int n;
+@end
+@implementation Foo
+@end

@@ -1,0 +1,4 @@
+@implementation Foo
+@dynamic a;
+@dynamic b, c;
+@end

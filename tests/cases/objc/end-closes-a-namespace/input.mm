@@ -1,0 +1,6 @@
+namespace N {
+int a;
+@end
+int b;
+}
+int c;

@@ -1,0 +1,6 @@
+int before;
+@interface Foo
+int inside;
+@end
+int after;
+void f(void);

@@ -1,0 +1,8 @@
+@interface Foo
+- (void)a;
+@interface Bar
+- (void)b;
+@end
+- (void)c;
+@end
+- (void)d;

@@ -1,0 +1,7 @@
+@class Foo;
+@class Bar, Baz;
+@protocol A, B;
+@protocol C;
+@interface D;
+- (void)run;
+int x;

@@ -1,0 +1,3 @@
+@interface Box<__covariant T : id> : NSObject <P>
+- (T)value;
+@end

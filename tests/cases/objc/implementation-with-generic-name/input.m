@@ -1,0 +1,3 @@
+@implementation Box<T>
+- (void)a { }
+@end

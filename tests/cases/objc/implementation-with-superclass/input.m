@@ -1,0 +1,3 @@
+@implementation Foo : Bar
+- (void)a { }
+@end

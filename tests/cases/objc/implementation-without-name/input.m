@@ -1,0 +1,3 @@
+@implementation
+- (void)run { }
+@end

@@ -1,0 +1,5 @@
+namespace N {
+@implementation Foo
+- (void)run { }
+@end
+}

@@ -1,0 +1,9 @@
+extern "C" {
+@interface A
+- (void)a;
+@end
+void f(void);
+}
+@interface B
+- (void)b;
+@end

@@ -1,0 +1,13 @@
+@interface Foo : NSObject {
+ @private
+  int a;
+ @protected
+  struct { int b; } c;
+}
+- (void)run;
+@end
+@implementation Foo {
+  int d;
+}
+- (void)run { }
+@end

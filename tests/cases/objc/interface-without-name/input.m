@@ -1,0 +1,6 @@
+@interface : Foo
+- (void)a;
+@end
+@interface Bar
+- (void)b;
+@end

@@ -1,0 +1,8 @@
+@implementation Foo
+EXPORT_MODULE()
+EXPORT_METHOD(reload)
+{
+  int x;
+}
+- (void)b { }
+@end

@@ -1,0 +1,4 @@
+@interface Foo // : NSObject
+- /* a */ (void) /* b */ run // c
+  : /* d */ (int) x /* e */ ;
+@end

@@ -1,0 +1,4 @@
+class A {
+  - (void)run;
+  int a;
+};

@@ -1,0 +1,4 @@
+- (void)run;
++ (id)make { return nil; }
+@property int count;
+int x;

@@ -1,0 +1,6 @@
+@implementation Foo
+- (void)run;
+{
+  int x;
+}
+@end

@@ -1,0 +1,5 @@
+@interface Foo
+- run;
++ make;
+- at:x put:y;
+@end

@@ -1,0 +1,5 @@
+@interface Foo
+- (void)a
+- (void)b;
+- (void)c;
+@end

@@ -1,0 +1,6 @@
+@interface
+Foo
+@end
+@implementation
+Foo
+@end

@@ -1,0 +1,4 @@
+@interface Foo
+@property (getter = isOn) BOOL on;
+@property int x;
+@end

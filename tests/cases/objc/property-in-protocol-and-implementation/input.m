@@ -1,0 +1,6 @@
+@protocol P
+@property (readonly) int a;
+@end
+@implementation Foo (Bar)
+@property (readonly) int b;
+@end

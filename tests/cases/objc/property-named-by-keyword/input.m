@@ -1,0 +1,4 @@
+@interface Foo
+@property int new;
+@property (readonly) int default, ;
+@end

@@ -1,0 +1,4 @@
+@interface Foo
+@property enum E e;
+@property int x;
+@end

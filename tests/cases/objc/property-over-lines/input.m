@@ -1,0 +1,6 @@
+@interface Foo
+@property (nonatomic,
+           copy)
+    NSString
+    *name;
+@end

@@ -1,0 +1,4 @@
+@interface Foo
+@property int a, b;
+@property int c;
+@end

@@ -1,0 +1,4 @@
+@interface Foo
+@property int x UNKNOWN;
+@property int y;
+@end

@@ -1,0 +1,7 @@
+@protocol P
+@required
+- (void)a;
+@optional
++ (void)b;
+@property int c;
+@end

@@ -1,0 +1,5 @@
+@interface Foo
+- (void):(int)x;
+- (void):(int)x to:(int)y;
+- (void):x :y;
+@end

@@ -1,0 +1,5 @@
+@interface Foo
+- (void)before;
+- (void)register:(id)x;
+- (void)after;
+@end

@@ -1,0 +1,5 @@
+@interface Foo
+- (Class)class;
+- (id)private;
+- (void)after;
+@end

@@ -1,0 +1,5 @@
+@implementation Foo
+@synthesize a,
+  new
+  = _new;
+@end

@@ -1,0 +1,4 @@
+@implementation Foo
+@synthesize a = _a, b;
+@synthesize c;
+@end

@@ -8,7 +8,8 @@ A golden case is a folder tests/cases/LANGUAGE/NAME/ with
   args             optional: more options, one a line
   README           one line: what the case shows
 A command-line case is a folder tests/cli/NAME/ with run.sh, which runs under `sh -eu` in a fresh
-copy of the folder that is also its HOME. It finds the program in $VEXLTAGS and Python in $PYTHON.
+copy of the folder that is also its HOME. It finds the program in $VEXLTAGS, the filter that was
+built beside it in $VEXLTAGS_PORTABLE, Python in $PYTHON, the project's sources in $VEXLTAGS_SOURCE.
 Leaving with 77 skips the case; what it printed last says why.
 
 Both may hold expected.stdout, expected.stderr and expected.status; an absent one means empty, or 0.
@@ -149,7 +150,10 @@ def run_cli(case, program, scratch, timeout):
     folder = scratch / "home"
     skip = shutil.ignore_patterns("expected.*", "README", "known-bug")
     shutil.copytree(case.folder, folder, ignore=skip)
-    env = environment(folder, folder, VEXLTAGS=program, PYTHON=sys.executable)
+    programs = {"VEXLTAGS": program, "VEXLTAGS_PORTABLE": f"{program}-portable"}
+    env = environment(
+        folder, folder, PYTHON=sys.executable, VEXLTAGS_SOURCE=str(ROOT.parent), **programs
+    )
     actual = execute(["sh", "-eu", "run.sh"], folder, env, timeout)
     tags = folder / "tags"
     if (case.folder / "expected.tags").exists():
@@ -196,6 +200,8 @@ def bare_command(case, program):
         return f"cd {folder} && HOME={NO_HOME} {shlex.join(golden_command(case, program))}"
     return (
         f'cp -r {folder} /tmp/case && cd /tmp/case && HOME="$PWD" VEXLTAGS={shlex.quote(program)} '
+        f"VEXLTAGS_PORTABLE={shlex.quote(program)}-portable "
+        f"VEXLTAGS_SOURCE={shlex.quote(str(ROOT.parent))} "
         f"PYTHON={shlex.quote(sys.executable)} sh -eu run.sh"
     )
 

@@ -36,12 +36,12 @@ void FunctionPrototype::DumpDeclDef(const VexlTagsParser& parser, int tagLine) c
   const auto [scope, plainName] = parser.GetNamespaceAndName(name.text);
   Dumper& dumper = *parser.dumper;
   if (isOperator) dumper.Print("operator ");
-  dumper.Print(CollapseWhitespace(plainName, " "));
+  parser.PrintCollapsed(plainName);
   dumper.Print("\t");
   dumper.Print(parser.FileField());
-  dumper.PrintFormat(
-      "\t%d;\"\t%c", tagLine,
-      isDefinition ? kind_letter::kFunctionDefinition : kind_letter::kFunctionDeclaration);
+  const char letter =
+      isDefinition ? kind_letter::kFunctionDefinition : kind_letter::kFunctionDeclaration;
+  dumper.PrintPiece({"\t", std::to_string(tagLine), ";\"\t", {&letter, 1}});
 
   const std::string field =
       AppendQualifier(CollapseWhitespace(scope, " "), CollapseWhitespace(qualifier, " "), false);

@@ -20,7 +20,7 @@ struct TokenRange {
   ANTLR3_MARKER last = -1;
 
   TokenRange() = default;
-  TokenRange(ANTLR3_MARKER first, ANTLR3_MARKER last) : first(first), last(last) {}
+  TokenRange(ANTLR3_MARKER from, ANTLR3_MARKER to) : first(from), last(to) {}
 };
 
 /// The texts of all tokens of `range`, hidden ones included; see `TextBetween`.

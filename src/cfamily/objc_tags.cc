@@ -41,7 +41,7 @@ void VexlTagsParser::DumpMethod(const MethodPrototype& method) const {
   std::string field = "\t";
   field += CurrentNamespaceKindName();
   field += ':';
-  field += CollapseWhitespace(CurrentNamespaceName(), " ");
+  field += CollapsedScope();
   field += '\n';
   dumper->Print(field);
 }

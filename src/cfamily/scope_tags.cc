@@ -21,7 +21,13 @@ std::string VexlTagsParser::CurrentNamespaceName() const {
   return ConcatenateNamesUsingSeparator(classStack, "::");
 }
 
+bool VexlTagsParser::HasScope() const {
+  // Two names have a separator between them.
+  return classStack.size() > 1 || (classStack.size() == 1 && !classStack[0].name.empty());
+}
+
 void VexlTagsParser::PushClass(const TypeDescriptor& descriptor) {
+  ScopeHasChanged();
   classStack.push_back(descriptor);
   PushCurly(descriptor.kind == kNamespace ? CurlyType::Namespace : CurlyType::Class);
 }
@@ -49,7 +55,7 @@ bool VexlTagsParser::InObjc() const {
 }
 
 bool VexlTagsParser::CurrentNamespaceIsTyperef() const {
-  return !CurrentNamespaceName().empty() && classStack.back().isTypedef;
+  return HasScope() && classStack.back().isTypedef;
 }
 
 std::string VexlTagsParser::NextAnonName() {
@@ -88,27 +94,22 @@ void VexlTagsParser::DumpClass(const TypeDescriptor& descriptor, int line) const
     return;
   }
   const auto [scope, plainName] = GetNamespaceAndName(descriptor.name);
-  dumper->Print(CollapseWhitespace(plainName, " "));
-  dumper->PrintFormat("\t%s\t%d;\"\t%s", FileField().c_str(), line,
-                      NameSpaceSelector(descriptor.kind).c_str());
+  PrintCollapsed(plainName);
+  PrintPosition(line, NameSpaceSelector(descriptor.kind));
   if (!scope.empty()) {
-    const std::string word =
-        CurrentNamespaceName().empty() ? "class" : NameSpaceKindName(classStack.back().kind);
-    dumper->PrintFormat("\t%s:%s", word.c_str(), CollapseWhitespace(scope, " ").c_str());
+    const std::string word = !HasScope() ? "class" : NameSpaceKindName(classStack.back().kind);
+    dumper->PrintPiece({"\t", word, ":", CollapseWhitespace(scope, " ")});
   }
   dumper->Print("\n");
 }
 
 void VexlTagsParser::PrintScopeField() const {
-  const std::string scope = CurrentNamespaceName();
-  if (scope.empty()) return;
-  dumper->PrintFormat("\t%s:%s", NameSpaceKindName(classStack.back().kind).c_str(),
-                      CollapseWhitespace(scope, " ").c_str());
+  if (HasScope()) PrintScope(NameSpaceKindName(classStack.back().kind));
 }
 
 void VexlTagsParser::PrintTagHead(const std::string& name, int line, char letter) const {
-  dumper->Print(CollapseWhitespace(name, " "));
-  dumper->PrintFormat("\t%s\t%d;\"\t%c", FileField().c_str(), line, letter);
+  PrintCollapsed(name);
+  PrintPosition(line, {&letter, 1});
 }
 
 void VexlTagsParser::DebugPosition(int line) const {

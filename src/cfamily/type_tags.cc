@@ -40,8 +40,9 @@ void VexlTagsParser::DumpMacro(const std::string& name, int line) const {
     DebugPosition(line);
     return;
   }
-  dumper->Print(CollapseWhitespace(name, " "));
-  dumper->PrintFormat("\t%s\t%d;\"\t%c\n", FileField().c_str(), line, kind_letter::kMacro);
+  PrintCollapsed(name);
+  dumper->PrintPiece(
+      {"\t", FileField(), "\t", std::to_string(line), ";\"\t", {&kind_letter::kMacro, 1}, "\n"});
 }
 
 void VexlTagsParser::DumpTypedef(const std::string& name, const TypeDescriptor& type,
@@ -84,10 +85,11 @@ void VexlTagsParser::DumpDeclDef(bool isMember, const std::string& name, const T
   }
   std::string plainName, qualifier;
   SplitNameQualifier(name, plainName, qualifier);
-  dumper->Print(CollapseWhitespace(plainName, " "));
+  PrintCollapsed(plainName);
   dumper->Print("\t");
   dumper->Print(FileField());
-  dumper->PrintFormat("\t%d;\"\t%c", line, VariableLetter(isMember));
+  const char letter = VariableLetter(isMember);
+  dumper->PrintPiece({"\t", std::to_string(line), ";\"\t", {&letter, 1}});
   const long kind = CurrentNamespaceKind();
   if (qualifier.empty()) {
     PrintScopeField();

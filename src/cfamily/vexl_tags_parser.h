@@ -80,6 +80,8 @@ class VexlTagsParser : public ParserStateBase {
  private:
   friend struct vexltags::FunctionPrototype;
 
+  /// True when `CurrentNamespaceName` is not empty.
+  bool HasScope() const;
   /// Writes the field of the open scopes, or nothing outside any.
   void PrintScopeField() const;
   /// Writes name, file, line and letter.

@@ -62,7 +62,7 @@ int Process(const std::string& path, const Options& options, Dumper& dumper) {
     std::fprintf(stderr, "failed opening %s %s\n", path.c_str(), resolved.c_str());
     return -1;
   }
-  SourceFile source;
+  static SourceFile source;  // One for the run: its buffer and its recognisers are used again.
   if (!source.Read(resolved)) {
     std::fprintf(stderr, "failed reading %s %s\n", path.c_str(), resolved.c_str());
     return -1;

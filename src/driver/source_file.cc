@@ -27,10 +27,12 @@ class Descriptor {
   int number;
 };
 
-/// Reads to the end, whatever the size was said to be: the file may grow or shrink meanwhile.
-bool ReadAll(int file, std::size_t expected, std::vector<ANTLR3_UINT8>& bytes) {
+/// Reads to the end, whatever the size was said to be: the file may grow or shrink meanwhile. There
+/// is always room for one character more, so that `bytes` has an address also for an empty file.
+bool ReadAll(int file, std::size_t expected, std::vector<ANTLR3_UINT8>& bytes,
+             std::size_t& length) {
   constexpr std::size_t kLargest = UINT32_MAX - 1;
-  bytes.resize(expected + 1);
+  if (bytes.size() < expected + 1) bytes.resize(expected + 1);
   std::size_t size = 0;
   for (;;) {
     if (size == bytes.size()) bytes.resize(bytes.size() * 2);
@@ -41,7 +43,7 @@ bool ReadAll(int file, std::size_t expected, std::vector<ANTLR3_UINT8>& bytes) {
     size += static_cast<std::size_t>(count);
     if (size > kLargest) return false;
   }
-  bytes.resize(size);
+  length = size;
   return true;
 }
 
@@ -54,13 +56,22 @@ bool SourceFile::Read(const std::string& path) {
   struct stat status;
   if (fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
   if (static_cast<std::uint64_t>(status.st_size) >= UINT32_MAX) return false;
-  if (!ReadAll(file.Number(), static_cast<std::size_t>(status.st_size), bytes)) return false;
-  const auto size = static_cast<ANTLR3_UINT32>(bytes.size());
-  if (bytes.empty()) bytes.push_back(0);  // The stream wants an address also for nothing.
+  std::size_t length = 0;
+  if (!ReadAll(file.Number(), static_cast<std::size_t>(status.st_size), bytes, length))
+    return false;
+  const auto size = static_cast<ANTLR3_UINT32>(length);
   std::vector<ANTLR3_UINT8> name(path.begin(), path.end());
   name.push_back(0);
-  input.reset(antlr3StringStreamNew(bytes.data(), ANTLR3_ENC_8BIT, size, name.data()));
-  return input != nullptr;
+  if (input == nullptr) {
+    input.reset(antlr3StringStreamNew(bytes.data(), ANTLR3_ENC_8BIT, size, name.data()));
+    return input != nullptr;
+  }
+  // The strings that the last file's recognisers asked for live in the stream's factory.
+  input->strFactory->close(input->strFactory);
+  input->strFactory = antlr3StringFactoryNew(ANTLR3_ENC_8BIT);
+  input->istream->streamName = nullptr;
+  input->reuse(input.get(), bytes.data(), size, name.data());
+  return true;
 }
 
 }  // namespace vexltags

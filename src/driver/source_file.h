@@ -11,15 +11,15 @@
 namespace vexltags {
 
 /// Holds the bytes of one regular file and the runtime's input stream over them, one character per
-/// byte with no decoding.
+/// byte with no decoding. Can read one file after the other; buffer and stream are then used again.
 class SourceFile {
  public:
-  /// Reads the file at `path` whole. False, with nothing to read from, when it is no regular file
-  /// (a directory, FIFO, socket or device), cannot be opened or read, or has 4 GiB or more.
+  /// Reads the file at `path` whole. False when it is no regular file (a directory, FIFO, socket or
+  /// device), cannot be opened or read, or has 4 GiB or more.
   bool Read(const std::string& path);
 
-  /// The input stream; null before a successful `Read`. After a parse its `line` is the number of
-  /// newlines that the lexer went past, plus 1.
+  /// The input stream at the start of the file; null before the first successful `Read`. After a
+  /// parse its `line` is the number of newlines that the lexer went past, plus 1.
   pANTLR3_INPUT_STREAM Input() const { return input.get(); }
 
  private:

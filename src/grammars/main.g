@@ -152,6 +152,7 @@ linkage returns [stdString r]
 // --- Functions and simple declarations ---
 
 function
+options { memoize = true; }
 @declarations { bool isDefinition = false; }
   : ( f = 'friend' )? fp = functionDeclDef
     ( SEMICOLON
@@ -162,6 +163,7 @@ function
 
 // Constructors and destructors; operators; plain functions; functions with a deduced result.
 functionDeclDef returns [FunctionPrototype r]
+options { memoize = true; }
   : ( ( h = template_head { AppendWithSpace($r.templateText, $h.r); } )+ )?
     ( 'friend' { $r.isFriend = true; } )?
     ( ( ( function_specifier )* qualifiedFunctionName params )=>
@@ -242,6 +244,7 @@ qualifiedFunctionName returns [Name r]
   ;
 
 simpleDeclDef
+options { memoize = true; }
 @declarations { TypeDescriptor declared; VectorOfName names; }
   : ( template_head )? linkage
     ( ( funcPointerOrBlockType )=> p = funcPointerOrBlockType
@@ -309,6 +312,7 @@ defining_type_id returns [TypeDescriptor r]
   ;
 
 classOpener returns [TypeDescriptor r]
+options { memoize = true; }
   : ( 'typedef' { $r.isTypedef = true; } )? ( t = template_head )? ( miscDeclspec )* ( 'inline' )?
     k = structClassUnionNamespace { $r.kind = $k.kind; }
     ( ( simpleTypeName SCOPE )+ 'inline' )?
@@ -403,6 +407,7 @@ templateDisambiguator
 // Where the file has run over its time limit, a type is nothing, so that the rules that need one
 // fail and the parse unwinds.
 type returns [TypeDescriptor r]
+options { memoize = true; }
 @init { if (ctx->fileState->CheckRunningTooLong()) return r; }
   : ( 'typename' )? ( c = cv_qualifier { AppendWithSpace($r.name, $c.r); } )*
     ( '__weak' | '__strong' )? ( 'typename' )? ( templateDisambiguator )?
@@ -439,6 +444,7 @@ declarator_id returns [Name r]
   ;
 
 parameters_and_qualifiers
+options { memoize = true; }
   : LPAREN parameter_declaration_clause RPAREN ( cv_qualifier )* ( ref_qualifier )?
     ( exception_specification )?
   ;
@@ -484,6 +490,7 @@ identifier returns [Name r]
   ;
 
 funcPointerOrBlockType returns [Param r]
+options { memoize = true; }
   : t = type { BeginFunctionPointer($r, $t.r); }
     ( LPAREN { $r.type += "("; } q = optQualifier { $r.type += $q.r; }
       ( w = ( BITWISEXOR | STAR ) { $r.type += TokenString($w); } )?
@@ -499,11 +506,13 @@ typeNameList returns [VectorOfName r]
   ;
 
 typeName returns [Name r]
+options { memoize = true; }
   : ( SCOPE { $r += "::"; } )? n = simpleTypeName { $r += $n.r; }
     ( SCOPE n2 = simpleTypeName { $r += "::" + $n2.r.text; } )*
   ;
 
 simpleTypeName returns [Name r]
+options { memoize = true; }
   : w = ID { $r = $w; } ( l = templateArgumentList { $r += $l.r; } )?
   ;
 
@@ -568,6 +577,7 @@ ptr_operator_fragment
   ;
 
 noptr_abstract_declarator returns [Name r]
+options { memoize = true; }
   : ( ( parameters_and_qualifiers | LSQUARE constant_expression RSQUARE )
       { $r.text = "implement me"; }
     )+
@@ -584,6 +594,7 @@ ptr_abstract_declarator returns [Name r]
   ;
 
 abstract_declarator returns [Name r]
+options { memoize = true; }
   : ( LPAREN abstract_declarator RPAREN ( LPAREN | LSQUARE ) )=>
     LPAREN a = abstract_declarator RPAREN s = abstractDeclaratorSuffix
     { $r = Name("(" + $a.r.text + ")" + $s.r, $a.r.line); }
@@ -593,6 +604,7 @@ abstract_declarator returns [Name r]
   ;
 
 type_id returns [TypeDescriptor r]
+options { memoize = true; }
   : t = type_specifier_seq { $r = $t.r; } a = abstract_declarator { $r += $a.r; }
   ;
 
@@ -642,6 +654,7 @@ operTok returns [Name r]
 // --- Parameters ---
 
 params returns [ParamList r]
+options { memoize = true; }
   : LPAREN c = parameter_declaration_clause RPAREN { $r = $c.r; }
   ;
 
@@ -653,6 +666,7 @@ parameter_declaration_clause returns [ParamList r]
   ;
 
 parameter_declaration_list returns [ParamList r]
+options { memoize = true; }
   : ( p = param { $r.Add($p.r); } )? ( COMMA p = param { $r.Add($p.r); } )*
   ;
 
@@ -670,6 +684,7 @@ paramNameHack returns [Name r]
   ;
 
 param returns [Param r]
+options { memoize = true; }
   : p = funcPointerOrBlockType { $r = $p.r; } optArray ( ASSIGN initializer_clause )?
   | ( t = type { SetUnnamedParam($r, $t.r); } ( 'auto' | decltype_specifier )? | 'auto' )
     ( ELLIPSIS )? ( n = paramNameHack { $r = $n.r; } )? optArray ( ASSIGN initializer_clause )?
@@ -682,6 +697,7 @@ parameter_declaration returns [Param r]
   ;
 
 initializer_clause
+options { memoize = true; }
   : expression
   | simplifiedInitializer
   ;
@@ -695,6 +711,7 @@ simplifiedInitializerEater
   ;
 
 simplifiedInitializer
+options { memoize = true; }
   : cast initializer
   | ( LCURLY )=> curlyEater
   | simplifiedInitializerEater
@@ -738,6 +755,7 @@ templateArgumentList returns [stdString r]
 // A `<` behind a name opens a list that has to close, any other is a plain token. No list runs over
 // a semicolon: that is what tells `a < b;` from a list.
 templateArgumentEater returns [TokenRange r]
+options { memoize = true; }
 @declarations { const ANTLR3_MARKER first = INDEX(); }
   : LESSTHAN
     ( ( LESSTHAN { LooksLikeTemplateOpener(ctx) }? )=> templateArgumentEater
@@ -749,6 +767,7 @@ templateArgumentEater returns [TokenRange r]
   ;
 
 relaxedTemplateArgumentEater returns [TokenRange r]
+options { memoize = true; }
 @declarations { const ANTLR3_MARKER first = INDEX(); }
   : LESSTHAN
     ( ( LESSTHAN { LooksLikeTemplateOpener(ctx) }? )=> relaxedTemplateArgumentEater
@@ -769,6 +788,7 @@ template_argument returns [stdString r]
   ;
 
 template_head returns [stdString r]
+options { memoize = true; }
   : 'template'
     ( LESSTHAN ( l = template_parameter_list { $r = $l.r; } )? GREATERTHAN
     | e = templateArgumentEater { $r = TextOf(ctx, $e.r); }
@@ -777,10 +797,12 @@ template_head returns [stdString r]
   ;
 
 template_parameter_list returns [stdString r]
+options { memoize = true; }
   : p = template_parameter { $r = $p.r; } ( COMMA p = template_parameter { $r += ", " + $p.r; } )*
   ;
 
 template_parameter returns [stdString r]
+options { memoize = true; }
   : type_parameter_key ( ELLIPSIS )? ( t = type )? ( ASSIGN type_id )?
     { $r = TemplateParameterText($t.r.name); }
   | h = template_head type_parameter_key ( ELLIPSIS )? ( n = identifier ( ASSIGN id_expression )? )?
@@ -814,6 +836,7 @@ expression_list
   ;
 
 expression
+options { memoize = true; }
   : assignment_expression
   ;
 
@@ -884,6 +907,7 @@ pm_expression
   ;
 
 cast returns [Param r]
+options { memoize = true; }
   : LPAREN
     ( p = funcPointerOrBlockType { $r = $p.r; }
     | t = type { SetUnnamedParam($r, $t.r); }
@@ -893,12 +917,14 @@ cast returns [Param r]
   ;
 
 cast_expression
+options { memoize = true; }
   : cast unary_expression
   | cast cast_expression
   | unary_expression
   ;
 
 unary_expression
+options { memoize = true; }
   : postfix_expression
   | ( PLUSPLUS | MINUSMINUS ) unary_expression
   | unary_operator cast_expression
@@ -913,6 +939,7 @@ unary_operator
   ;
 
 postfix_expression
+options { memoize = true; }
   : ( ( simple_type_specifier LPAREN )=>
       simple_type_specifier LPAREN ( expression_list )? RPAREN
     | primary_expression
@@ -930,6 +957,7 @@ constant returns [stdString r]
   ;
 
 primary_expression returns [stdString r]
+options { memoize = true; }
   : n = typeName { $r = $n.r.text; }
   | c = constant { $r = $c.r; }
   | LPAREN expression RPAREN { $r = "(expr)"; }
@@ -997,6 +1025,7 @@ fold_operator
   ;
 
 initializer
+options { memoize = true; }
   : cast initializer
   | ( LCURLY )=> curlyEater
   | expression
@@ -1009,14 +1038,17 @@ arguments
 // The eaters skip a balanced run of one kind of bracket; the other kinds are plain tokens to them.
 
 parenEater
+@init { if (StepOverBrackets(ctx, LPAREN, RPAREN)) return; }
   : LPAREN ( ( LPAREN )=> parenEater | ~( LPAREN | RPAREN ) )* RPAREN
   ;
 
 squareBracketEater
+@init { if (StepOverBrackets(ctx, LSQUARE, RSQUARE)) return; }
   : LSQUARE ( ( LSQUARE )=> squareBracketEater | ~RSQUARE )* RSQUARE
   ;
 
 curlyEater
+@init { if (StepOverBrackets(ctx, LCURLY, RCURLY)) return; }
   : LCURLY ( ( LCURLY )=> curlyEater | ~( LCURLY | RCURLY ) )* RCURLY
   ;
 

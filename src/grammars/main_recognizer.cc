@@ -35,7 +35,10 @@ struct MainGrammar {
 
   static pmainLexer NewLexer(pANTLR3_INPUT_STREAM input) { return mainLexerNew(input); }
   static pmainParser NewParser(pANTLR3_COMMON_TOKEN_STREAM tokens) { return mainParserNew(tokens); }
-  void Attach(pmainLexer lexer) { lexer->conditionals = &conditionals; }
+  void Attach(pmainLexer lexer) {
+    conditionals = ConditionalMemo();
+    lexer->conditionals = &conditionals;
+  }
   static void Start(pmainParser parser) { parser->inputStream(parser); }
 
   /// What the lexer has learned of the file's conditionals.

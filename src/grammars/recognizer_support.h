@@ -30,7 +30,8 @@
 // --- Trials: see RunTrial ---
 
 namespace vexltags {
-/// The first number that __COUNTER__ gives to a predicate of this file.
+/// The first number that __COUNTER__ gives to a rule or predicate of this file. The rules come
+/// first.
 inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 }  // namespace vexltags
 #define VEXL_TRIAL(ctx, fragment) \
@@ -42,6 +43,17 @@ inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 #define VEXL_TOO_DEEP() (vexltags::StackIsLow() && (vexltags::FailForDepth(RECOGNIZER), true))
 
 // --- Time ---
+
+// Rules with the option `memoize` remember how they went within trials.
+#ifdef VEXLTAGS_PLAIN
+#define VEXL_RULE_MEMO(ctx)
+#define VEXL_REPEATED() false
+#else
+#define VEXL_RULE_MEMO(ctx)                                                                     \
+  vexltags::RuleMemo<__COUNTER__ - vexltags::kFirstTrial, std::remove_pointer_t<decltype(ctx)>> \
+  ruleMemo(ctx)
+#define VEXL_REPEATED() ruleMemo.Repeat()
+#endif
 
 #ifdef VEXLTAGS_PLAIN
 

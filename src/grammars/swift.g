@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Swift as far as tags need it: declarations, with enough of types and expressions to step over them.
 //
+// The option `memoize` stands at the rules that nest: their outcome within a trial is kept. That is a
+// matter of time only.
+//
 // The order of alternatives and the written predicates decide what a construct is. Function bodies,
 // accessors and closures are skipped as balanced text. There are no statements: between declarations
 // nothing is skipped, and whatever cannot start one ends the file's tags.
@@ -552,6 +555,7 @@ import_path_identifier
 // --- Balanced text, by token type ---
 
 curlyEater
+options { memoize = true; }
   : SW_LCURLY ( ( SW_LCURLY )=> curlyEater | ~( SW_LCURLY | SW_RCURLY ) )* SW_RCURLY
   ;
 
@@ -562,6 +566,7 @@ parenEater
 // --- Types ---
 
 type
+options { memoize = true; }
   : ( ( array_type ( SW_QUESTIONMARK | SW_NOT )* )=> array_type ( SW_QUESTIONMARK | SW_NOT )*
     | ( type_identifier SW_AMPERSAND type_identifier )=>
       protocol_composition_type ( SW_QUESTIONMARK | SW_NOT )*
@@ -584,18 +589,22 @@ type
   ;
 
 array_type
+options { memoize = true; }
   : SW_LSQUARE type SW_RSQUARE
   ;
 
 dictionary_type
+options { memoize = true; }
   : SW_LSQUARE type SW_COLON type SW_RSQUARE
   ;
 
 function_type
+options { memoize = true; }
   : ( attributes )? function_type_argument_clause ( 'async' )? ( 'throws' | 'rethrows' )? '->' type
   ;
 
 function_type_argument_clause
+options { memoize = true; }
   : SW_LPAREN ( function_type_argument_list ( SW_ELLIPSIS )? )? SW_RPAREN
   ;
 
@@ -609,6 +618,7 @@ function_type_argument
   ;
 
 tuple_type
+options { memoize = true; }
   : SW_LPAREN ( tuple_type_element ( SW_COMMA tuple_type_element )* )? SW_RPAREN
   ;
 
@@ -621,11 +631,13 @@ tuple_type_element
   ;
 
 opaque_type
+options { memoize = true; }
   : ( SW_Any | 'some' ) type
   ;
 
 // The dotted name without generic arguments; its line is that of the last part.
 type_identifier returns [vexltags::Name result]
+options { memoize = true; }
   : n = type_name { $result = $n.result; } ( generic_argument_clause )?
     ( ( SW_DOT ( generic_argument_clause )? type_name )=>
       SW_DOT ( generic_argument_clause )? m = type_name
@@ -639,6 +651,7 @@ type_name returns [vexltags::Name result]
   ;
 
 generic_argument_clause
+options { memoize = true; }
   : SW_LT type ( SW_COMMA type )* SW_GT
   ;
 
@@ -690,6 +703,7 @@ same_type_requirement
   ;
 
 protocol_composition_type
+options { memoize = true; }
   : type_identifier SW_AMPERSAND protocol_composition_continuation
   ;
 
@@ -700,11 +714,13 @@ protocol_composition_continuation
 // --- Patterns and parameter names ---
 
 pattern returns [vexltags::VectorOfName result]
+options { memoize = true; }
   : n = declarationIdentifier { $result.Add($n.result); } ( type_annotation )?
   | p = tuple_pattern { $result = $p.result; } ( type_annotation )?
   ;
 
 tuple_pattern returns [vexltags::VectorOfName result]
+options { memoize = true; }
   : SW_LPAREN
     ( e = tuple_pattern_element { $result.Add($e.result); }
       ( SW_COMMA e = tuple_pattern_element { $result.Add($e.result); } )*
@@ -741,6 +757,7 @@ postfix_operator
 
 // The line of the result is that of the token behind the operator.
 operator_ returns [vexltags::Name result]
+options { memoize = true; }
 @declarations { const auto first = INDEX(); }
   : ( operator_head ( ( operator_character )=> operator_character )*
     | SW_DOT ( ( operator_dot_character )=> operator_dot_character )+
@@ -765,10 +782,11 @@ operator_dot_character
 // --- Expressions, of which only the extent matters ---
 
 expression
+options { memoize = true; }
   : ( ( try_operator )=> try_operator )? ( 'await' )?
     ( ( prefix_expression SW_QUESTIONMARK expression SW_COLON expression )=>
       prefix_expression SW_QUESTIONMARK expression SW_COLON expression
-    | prefix_expression ( infix_expression )*
+    | prefix_expression ( infix_expressions )?
     )
   | availability_condition
   ;
@@ -777,7 +795,15 @@ try_operator
   : 'try' ( ( SW_QUESTIONMARK | SW_NOT ) )*
   ;
 
+// One or more, as a recursion and not as a loop: where expressions nest in their last part, each
+// level then remembers the rest of the list instead of running through it again.
+infix_expressions
+options { memoize = true; }
+  : infix_expression ( infix_expressions )?
+  ;
+
 infix_expression
+options { memoize = true; }
   : ( infix_operator prefix_expression )=> infix_operator prefix_expression
   | ( conditional_operator ( ( try_operator )=> try_operator )? prefix_expression )=>
     conditional_operator ( ( try_operator )=> try_operator )? prefix_expression
@@ -789,6 +815,7 @@ assignment_operator
   ;
 
 conditional_operator
+options { memoize = true; }
   : SW_QUESTIONMARK expression SW_COLON
   ;
 
@@ -801,6 +828,7 @@ forced_value_suffix
   ;
 
 prefix_expression
+options { memoize = true; }
   : ( ( ( prefix_operator )=> prefix_operator )? postfix_expression )=>
     ( ( prefix_operator )=> prefix_operator )? postfix_expression
   | in_out_expression
@@ -811,6 +839,7 @@ in_out_expression
   ;
 
 postfix_expression
+options { memoize = true; }
   : primary_expression
     ( ( function_call_suffix )=> function_call_suffix
     | ( initializer_suffix )=> initializer_suffix
@@ -824,6 +853,7 @@ postfix_expression
   ;
 
 function_call_suffix
+options { memoize = true; }
   : ( ( function_call_argument_clause )? trailing_closures )=>
     ( function_call_argument_clause )? trailing_closures
   | function_call_argument_clause
@@ -842,6 +872,7 @@ argument_name
   ;
 
 explicit_member_suffix
+options { memoize = true; }
   : SW_DOT
     ( SW_DecimalDigits
     | labelIdentifier
@@ -856,14 +887,17 @@ postfix_self_suffix
   ;
 
 subscript_suffix
+options { memoize = true; }
   : SW_LSQUARE function_call_argument_list SW_RSQUARE
   ;
 
 function_call_argument_clause
+options { memoize = true; }
   : SW_LPAREN ( function_call_argument_list )? SW_RPAREN
   ;
 
 function_call_argument_list
+options { memoize = true; }
   : function_call_argument ( SW_COMMA function_call_argument )*
   ;
 
@@ -879,6 +913,7 @@ trailing_closure
   ;
 
 trailing_closures
+options { memoize = true; }
   : closure_expression ( labeled_trailing_closures )?
   ;
 
@@ -893,6 +928,7 @@ labeled_trailing_closure
 // A name whose `<` opens no argument list fails the first predicate and comes in by the last form,
 // which leaves the `<` to the operators.
 primary_expression
+options { memoize = true; }
   : ( labelIdentifier ( generic_argument_clause )? )=>
     labelIdentifier ( ( generic_argument_clause )=> generic_argument_clause )?
   | ( literal_expression )=> literal_expression
@@ -934,6 +970,7 @@ implicit_member_expression
   ;
 
 key_path_expression
+options { memoize = true; }
   : SW_BACKSLASH ( type )? SW_DOT key_path_components
   ;
 
@@ -954,6 +991,7 @@ key_path_postfix
   ;
 
 literal_expression
+options { memoize = true; }
   : literal
   | ( array_literal )=> array_literal
   | ( dictionary_literal )=> dictionary_literal
@@ -969,6 +1007,7 @@ playground_literal
   ;
 
 tuple_expression
+options { memoize = true; }
   : SW_LPAREN ( tuple_element ( SW_COMMA tuple_element )* )? SW_RPAREN
   ;
 
@@ -982,10 +1021,12 @@ literal
   ;
 
 array_literal
+options { memoize = true; }
   : SW_LSQUARE ( expression ( SW_COMMA expression )* ( SW_COMMA )? )? SW_RSQUARE
   ;
 
 dictionary_literal
+options { memoize = true; }
   : SW_LSQUARE SW_COLON SW_RSQUARE
   | SW_LSQUARE
     ( expression SW_COLON expression ( SW_COMMA expression SW_COLON expression )* ( SW_COMMA )? )?

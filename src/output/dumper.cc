@@ -36,8 +36,7 @@ void Dumper::Print(std::string_view text) {
   pending += text;
   if (pending.empty() || pending.back() != '\n') return;
   if (printObserver) printObserver(pending);
-  // Copied, so that the stored line has no spare room and `pending` keeps its own.
-  lines.push_back(pending);
+  lines.Add(pending);
   pending.clear();
 }
 
@@ -48,6 +47,14 @@ void Dumper::PrintFormat(const char* format, ...) {
   const int length = std::vsnprintf(buffer, sizeof buffer, format, arguments);
   va_end(arguments);
   if (length >= 0) Print(buffer);
+}
+
+void Dumper::PrintPiece(std::initializer_list<std::string_view> parts) {
+  constexpr std::size_t kMost = 1023;
+  const std::size_t start = pending.size();
+  for (const std::string_view part : parts) pending += part.substr(0, part.find('\0'));
+  if (pending.size() - start > kMost) pending.resize(start + kMost);
+  Print("");
 }
 
 std::string Dumper::FileName(const Options& options, const std::string& path) const {
@@ -73,7 +80,7 @@ int Dumper::Dump(const Options& options) {
   const bool header = !(options.append && unsorted);
 
   if (merge && !ReadOldLines()) return Fail("opening", outputPath);
-  SortLines(lines, options.sort);
+  SortLines(lines.Lines(), options.sort);
   return Write(options, append, header);
 }
 
@@ -83,7 +90,7 @@ bool Dumper::ReadOldLines() {
   if (!file) return false;
   std::string line;
   while (std::getline(file, line)) {
-    if (!line.empty() && line.front() != '!') lines.push_back(line + '\n');
+    if (!line.empty() && line.front() != '!') lines.Add(line + '\n');
   }
   return !file.bad();
 }
@@ -100,7 +107,9 @@ int Dumper::Write(const Options& options, bool append, bool header) const {
   }
 
   bool good = !header || writer.Write(TagsHeader(options.sort));
-  for (auto line = lines.begin(); good && line != lines.end(); ++line) good = writer.Write(*line);
+  for (auto line = lines.Lines().begin(); good && line != lines.Lines().end(); ++line) {
+    good = writer.Write(*line);
+  }
   if (good && writer.Close()) return 0;
   writer.Abandon();
   return Fail("writing", target);

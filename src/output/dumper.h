@@ -3,11 +3,13 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "driver/options.h"
+#include "output/line_store.h"
 
 namespace vexltags {
 
@@ -27,6 +29,10 @@ class Dumper {
   /// Named apart from the text form, so that a C string can never be taken for a format by mistake.
   void PrintFormat(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
+  /// Prints `parts` as one piece as a format with strings would: each ends at a NUL byte, and the
+  /// whole is cut to 1023 characters.
+  void PrintPiece(std::initializer_list<std::string_view> parts);
+
   /// Replaces the function that sees every complete line as it is stored; empty for none.
   void SetPrintObserver(std::function<void(const std::string&)> observer);
 
@@ -38,15 +44,15 @@ class Dumper {
   /// May be called once.
   int Dump(const Options& options);
 
-  /// The complete lines so far, each with its newline; in the order of emission until `Dump`.
-  const std::vector<std::string>& Lines() const { return lines; }
+  /// The complete lines so far, in the order of emission; each ends in a newline.
+  std::vector<std::string> Lines() const { return {lines.Lines().begin(), lines.Lines().end()}; }
 
  private:
   bool ReadOldLines();
   int Write(const Options& options, bool append, bool header) const;
 
   std::string pending;
-  std::vector<std::string> lines;
+  LineStore lines;
   std::string outputPath;
   std::function<void(const std::string&)> printObserver;
 };

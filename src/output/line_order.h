@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <string_view>
 #include <vector>
 
 namespace vexltags {
@@ -15,11 +15,12 @@ namespace vexltags {
 /// bytes of the whole line. Letters outside ASCII are not folded. Text behind a NUL byte is
 /// ignored.
 struct CaseCompare {
-  bool operator()(const std::string& a, const std::string& b) const;
+  /// Both texts have a NUL byte behind them.
+  bool operator()(std::string_view a, std::string_view b) const;
 };
 
 /// Sorts by the sort option's number: 1 by the bytes of the whole line, 2 by `CaseCompare`; any
-/// other number leaves the lines as they are.
-void SortLines(std::vector<std::string>& lines, std::int32_t sort);
+/// other number leaves the lines as they are. Each line has a NUL byte behind it.
+void SortLines(std::vector<std::string_view>& lines, std::int32_t sort);
 
 }  // namespace vexltags

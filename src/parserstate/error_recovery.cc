@@ -57,6 +57,21 @@ void RecoverByFollowStack(pANTLR3_BASE_RECOGNIZER parser) {
   parser->combineFollows = CombineFollows;
 }
 
+void ResetState(pANTLR3_RECOGNIZER_SHARED_STATE state) {
+  FreeReportedErrors(state);
+  state->error = ANTLR3_FALSE;
+  state->failed = ANTLR3_FALSE;
+  state->errorRecovery = ANTLR3_FALSE;
+  state->errorCount = 0;
+  state->lastErrorIndex = -1;
+  state->backtracking = 0;
+  // Made by the first token that recovery inserts, over the strings of the file it was in.
+  if (state->tokFactory != nullptr && state->tokSource == nullptr) {
+    state->tokFactory->close(state->tokFactory);
+    state->tokFactory = nullptr;
+  }
+}
+
 void FailForDepth(pANTLR3_BASE_RECOGNIZER recognizer) {
   pANTLR3_RECOGNIZER_SHARED_STATE state = recognizer->state;
   if (state->backtracking > 0) {

@@ -21,6 +21,9 @@ void SilenceErrors(pANTLR3_BASE_RECOGNIZER recognizer);
 /// `FollowStack`.
 void RecoverByFollowStack(pANTLR3_BASE_RECOGNIZER parser);
 
+/// Brings a recogniser's state back to that of a new one, for the next file.
+void ResetState(pANTLR3_RECOGNIZER_SHARED_STATE state);
+
 /// Makes a rule fail that may not go deeper: as a failed trial, or as a syntax error.
 void FailForDepth(pANTLR3_BASE_RECOGNIZER recognizer);
 

@@ -31,6 +31,8 @@ class FollowStack {
     if (unions > size) unions = size;
   }
 
+  void Clear() { size = unions = 0; }
+
   std::size_t Size() const { return size; }
   /// The union of all sets on the stack.
   Union All();

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <string>
+#include <type_traits>
 
 #include "parserstate/error_recovery.h"
 #include "parserstate/follow_stack.h"
@@ -17,6 +18,21 @@
 #include "parserstate/trial_table.h"
 
 namespace vexltags {
+
+/// The index of the next token.
+template <class Context>
+std::size_t PositionOf(Context* ctx) {
+  if (ctx->tokens != nullptr) return ctx->tokens->Position();
+  pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
+  return static_cast<std::size_t>(stream->index(stream));
+}
+
+template <class Context>
+void SeekTo(Context* ctx, std::size_t token) {
+  if (ctx->tokens != nullptr) return ctx->tokens->Seek(token);
+  pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
+  stream->seek(stream, static_cast<ANTLR3_MARKER>(token));
+}
 
 /// Asks a predicate of a parser: runs `fragment` from the current token with actions off and goes
 /// back, or repeats the kept outcome of an earlier run. Repeating includes the one side effect that
@@ -29,8 +45,8 @@ ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
   static_assert(kPredicate < TrialTable::kPredicates);
   pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
   pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
-  const ANTLR3_MARKER start = stream->index(stream);
-  const auto token = static_cast<std::size_t>(start);
+  const std::size_t token = PositionOf(ctx);
+  const auto start = static_cast<ANTLR3_MARKER>(token);
   TrialTable& trials = *ctx->trials;
 
   trials.SetGivenUp(ctx->fileState->Aborted());
@@ -47,7 +63,7 @@ ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
   stream->lastMarker = start;
   fragment(ctx);
   const bool success = !state->failed;
-  stream->seek(stream, start);
+  SeekTo(ctx, token);
   stream->lastMarker = start;
   state->backtracking--;
   state->failed = ANTLR3_FALSE;
@@ -56,6 +72,51 @@ ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
   trials.Keep(kPredicate, token, success, matched);
   return success;
 }
+
+/// Stands at the beginning of a rule that remembers how it went within trials. Where that is known,
+/// `Repeat` does the same again at once; else the end of the rule's function keeps it.
+template <unsigned kRule, class Context>
+class RuleMemo {
+ public:
+  explicit RuleMemo(Context* context) : ctx(context), state(context->pParser->rec->state) {
+    static_assert(kRule < TrialTable::kRules);
+    if (state->backtracking == 0) return;
+    start = ctx->tokens->Position();
+    const TrialTable::Outcome kept = ctx->trials->FindRule(kRule, start);
+    if (kept.known) {
+      if (kept.matched) state->errorRecovery = ANTLR3_FALSE;
+      if (kept.success) {
+        ctx->tokens->Seek(kept.end);
+      } else {
+        state->failed = ANTLR3_TRUE;
+      }
+      repeated = true;
+      return;
+    }
+    inRecovery = state->errorRecovery;
+    state->errorRecovery = ANTLR3_TRUE;
+    keeps = true;
+  }
+  ~RuleMemo() {
+    if (!keeps) return;
+    const bool matched = state->errorRecovery == ANTLR3_FALSE;
+    if (!matched) state->errorRecovery = inRecovery;
+    ctx->trials->KeepRule(kRule, start, !state->failed, matched, ctx->tokens->Position());
+  }
+  RuleMemo(const RuleMemo&) = delete;
+  RuleMemo& operator=(const RuleMemo&) = delete;
+
+  /// True when the rule has been repeated and is to return.
+  bool Repeat() const { return repeated; }
+
+ private:
+  Context* ctx;
+  pANTLR3_RECOGNIZER_SHARED_STATE state;
+  std::size_t start = 0;
+  ANTLR3_BOOLEAN inRecovery = ANTLR3_FALSE;
+  bool repeated = false;
+  bool keeps = false;
+};
 
 /// Asks a predicate of a lexer: the same without keeping, since a lexer asks once per character.
 template <class Context>
@@ -95,6 +156,25 @@ ANTLR3_UINT32 TypeBehind(Context* ctx, int k) {
   if (ctx->tokens != nullptr) return ctx->tokens->TypeBehind(static_cast<std::size_t>(k));
   const pANTLR3_COMMON_TOKEN token = ctx->pParser->tstream->_LT(ctx->pParser->tstream, -k);
   return token == nullptr ? 0 : token->type;
+}
+
+/// Steps over a balanced run of brackets as an eater for this kind would, where the next token
+/// opens one that is closed; within a trial also fails as the eater would where it is not. False
+/// leaves everything to the rule: another token comes next, or the failure is a real one.
+template <class Context>
+bool StepOverBrackets(Context* ctx, ANTLR3_UINT32 open, ANTLR3_UINT32 close) {
+  if (ctx->tokens == nullptr || ctx->tokens->LA(1) != open) return false;
+  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
+  const std::size_t partner = ctx->tokens->Partner(open, close);
+  if (partner != TokenTable::kNoPartner) {
+    ctx->tokens->Seek(partner + 1);
+  } else if (state->backtracking > 0) {
+    state->failed = ANTLR3_TRUE;
+  } else {
+    return false;
+  }
+  state->errorRecovery = ANTLR3_FALSE;
+  return true;
 }
 
 /// The texts of the tokens from index `first` to `last`, hidden ones between them included.

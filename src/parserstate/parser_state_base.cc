@@ -47,11 +47,13 @@ ParserStateBase::~ParserStateBase() = default;
 std::string ParserStateBase::CurrentNamespaceName() const { return "implement me"; }
 
 void ParserStateBase::PushClass(const TypeDescriptor& descriptor) {
+  ScopeHasChanged();
   classStack.push_back(descriptor);
   PushCurly(descriptor.kind == kNamespaceKind ? CurlyType::Namespace : CurlyType::Class);
 }
 
 void ParserStateBase::PopClass(int line) {
+  ScopeHasChanged();
   if (!classStack.empty()) {
     classStack.pop_back();
   } else if (options->dumpErrors) {
@@ -60,18 +62,14 @@ void ParserStateBase::PopClass(int line) {
 }
 
 void ParserStateBase::DumpEnum(const Name& name) {
-  const std::string file = FileField();
+  const std::string& file = FileField();
   if (options->debugDump) {
     std::printf("enum: %s| %s:%d\n", name.text.c_str(), file.c_str(), name.line);
     return;
   }
-  dumper->Print(CollapseWhitespace(name.text, " "));
-  dumper->PrintFormat("\t%s\t%d;\"\t%c", file.c_str(), name.line, kind_letter::kEnum);
-  const std::string scope = CurrentNamespaceName();
-  if (!scope.empty()) {
-    dumper->PrintFormat("\t%s:%s", CurrentNamespaceKindName().c_str(),
-                        CollapseWhitespace(scope, " ").c_str());
-  }
+  PrintCollapsed(name.text);
+  PrintPosition(name.line, {&kind_letter::kEnum, 1});
+  if (!CurrentNamespaceName().empty()) PrintScope(CurrentNamespaceKindName());
   dumper->Print("\n");
 }
 
@@ -83,16 +81,21 @@ void ParserStateBase::DumpEnumerator(const Name& name) {
     }
     return;
   }
-  const std::string file = FileField();
-  const std::string scope = CurrentNamespaceName();
   if (options->debugDump) {
-    std::printf("enumerator: %s, enum:%s| %s:%d\n", name.text.c_str(), scope.c_str(), file.c_str(),
-                name.line);
+    std::printf("enumerator: %s, enum:%s| %s:%d\n", name.text.c_str(),
+                CurrentNamespaceName().c_str(), FileField().c_str(), name.line);
     return;
   }
-  dumper->Print(CollapseWhitespace(name.text, " "));
-  dumper->PrintFormat("\t%s\t%d;\"\t%c\tenum:%s\n", file.c_str(), name.line,
-                      kind_letter::kEnumerator, CollapseWhitespace(scope, " ").c_str());
+  PrintCollapsed(name.text);
+  dumper->PrintPiece({"\t",
+                      FileField(),
+                      "\t",
+                      std::to_string(name.line),
+                      ";\"\t",
+                      {&kind_letter::kEnumerator, 1},
+                      "\tenum:",
+                      CollapsedScope(),
+                      "\n"});
 }
 
 long ParserStateBase::CurrentNamespaceKind() const {
@@ -148,6 +151,32 @@ void ParserStateBase::PushCurly(CurlyType type) {
   }
 }
 
-std::string ParserStateBase::FileField() const { return dumper->FileName(*options, fileName); }
+const std::string& ParserStateBase::FileField() const {
+  // A relative one is asked for each time: while there is no $HOME, each tag says so.
+  if (fileField.empty() || options->tagRelative) fileField = dumper->FileName(*options, fileName);
+  return fileField;
+}
+
+const std::string& ParserStateBase::CollapsedScope() const {
+  if (!scopeIsKnown) collapsedScope = CollapseWhitespace(CurrentNamespaceName(), " ");
+  scopeIsKnown = true;
+  return collapsedScope;
+}
+
+void ParserStateBase::PrintCollapsed(const std::string& name) const {
+  if (name.find_first_of(" \t\n\r") == std::string::npos) {
+    dumper->Print(name);
+  } else {
+    dumper->Print(CollapseWhitespace(name, " "));
+  }
+}
+
+void ParserStateBase::PrintPosition(int line, std::string_view letter) const {
+  dumper->PrintPiece({"\t", FileField(), "\t", std::to_string(line), ";\"\t", letter});
+}
+
+void ParserStateBase::PrintScope(std::string_view word) const {
+  dumper->PrintPiece({"\t", word, ":", CollapsedScope()});
+}
 
 }  // namespace vexltags

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -79,7 +80,17 @@ class ParserStateBase {
   /// Pushes a brace, merging it with an equal one on top.
   void PushCurly(CurlyType type);
   /// The file field of this file's tags.
-  std::string FileField() const;
+  const std::string& FileField() const;
+  /// `CurrentNamespaceName` with white space collapsed. Kept until a scope opens or closes, so
+  /// whoever changes `classStack` says so by `ScopeHasChanged`.
+  const std::string& CollapsedScope() const;
+  void ScopeHasChanged() { scopeIsKnown = false; }
+  /// Prints a name with white space collapsed.
+  void PrintCollapsed(const std::string& name) const;
+  /// Prints the file field, `line` and the kind letter, each with its tab.
+  void PrintPosition(int line, std::string_view letter) const;
+  /// Prints the field that names the innermost scope: its word and `CollapsedScope`.
+  void PrintScope(std::string_view word) const;
 
   const Options* options;
   Dumper* dumper;
@@ -87,6 +98,11 @@ class ParserStateBase {
   std::int32_t declarationCount = 0;
   std::vector<TypeDescriptor> classStack;
   std::vector<std::pair<CurlyType, std::int32_t>> curlyStack;
+
+ private:
+  mutable std::string fileField;
+  mutable std::string collapsedScope;
+  mutable bool scopeIsKnown = false;
 };
 
 /// The `name` of each record in order with `separator` between them; empty for an empty list.

@@ -24,83 +24,134 @@ struct RecognizerCounts {
   unsigned parserErrors = 0;
 };
 
-/// Runs one grammar over `input`, from its start rule on. Tags go to `dumper`.
+/// The lexer and parser of one grammar with what they read and remember. Made for one input stream
+/// and used again for each file that the stream is given.
 ///
 /// `Grammar` names the generated types and functions:
 ///   Lexer, Parser, Builder               types; Builder(options, dumper, stored) is the tag
 ///   builder NewLexer(input), NewParser(tokens)   the generated constructors, null on lack of
 ///   memory Start(parser)                        calls the start rule Attach(lexer) sets what else
-///   the lexer's context holds; it belongs to
-///                                        the `Grammar` object, which lives as long as the lexer
-///   kFiltersTokens                       whether the words of `-I` go into the file's filter set
-///   kKeepsNeighbours                     whether the parser asks what stands beside a token
-///   Scan                                 the scanner for common ground, or null
-///
-/// `stored` is the file's path as it goes into tags. A syntax error is no failure: the counts in
-/// the result are its only trace.
+///   the lexer's context holds, for a new file kFiltersTokens                       whether the
+///   words of `-I` go into the file's filter set kKeepsNeighbours                     whether the
+///   parser asks what stands beside a token Scan                                 the scanner for
+///   common ground, or null
+template <class Grammar>
+class Recognizers {
+ public:
+  explicit Recognizers(pANTLR3_INPUT_STREAM stream)
+      : input(stream), lexer(Grammar::NewLexer(stream)) {
+    if (!lexer) return;
+#ifdef VEXLTAGS_PLAIN
+    tokens.reset(
+        antlr3CommonTokenStreamSourceNew(ANTLR3_SIZE_HINT, State(lexer->pLexer)->tokSource));
+    if (tokens) parser.reset(Grammar::NewParser(tokens.get()));
+#else
+    table = std::make_unique<TokenTable>(stream);
+    tokens = std::make_unique<TokenStream>(*table, lexer->pLexer);
+    parser.reset(Grammar::NewParser(tokens->Stream()));
+    if constexpr (Grammar::kKeepsNeighbours) table->KeepNeighbours();
+#endif
+  }
+
+  /// False when the runtime had no memory for them.
+  bool AreComplete() const { return parser != nullptr; }
+  /// True when they were made for `stream` and can read its present file as new ones would.
+  bool CanReuse(pANTLR3_INPUT_STREAM stream) const {
+#ifdef VEXLTAGS_PLAIN
+    return false && stream == input;
+#else
+    return stream == input;
+#endif
+  }
+
+  /// Runs the grammar over the file that the stream has now.
+  RecognizerCounts Run(const Options& options, Dumper& dumper, const std::string& stored,
+                       TagsLexerState& fileState, typename Grammar::Builder& builder) {
+    Reset();
+    if (!options.dumpErrors) {
+      SilenceErrors(lexer->pLexer->rec);
+      SilenceErrors(parser->pParser->rec);
+    }
+    parser->builder = &builder;
+    parser->fileState = &fileState;
+    parser->trials = &trials;
+    lexer->fileState = &fileState;
+    grammar.Attach(lexer.get());
+    if constexpr (Grammar::kFiltersTokens) {
+      for (const std::string& word : options.filterTokens) {
+        fileState.filterTokens.insert(word.c_str());
+      }
+    }
+
+    // The whole file is read as tokens before the parser gets the first one.
+#ifdef VEXLTAGS_PLAIN
+    parser->tokens = nullptr;
+    parser->follows = nullptr;
+    tokens->tstream->_LT(tokens->tstream, 1);
+#else
+    parser->tokens = table.get();
+    parser->follows = &tokens->Follows();
+    RecoverByFollowStack(parser->pParser->rec);
+    // A scanner has no words for an error, so where errors are shown the generated lexer reads all.
+    FillTokenTable(lexer->pLexer, options.dumpErrors ? nullptr : Grammar::Scan, *table);
+#endif
+    Grammar::Start(parser.get());
+    return {State(lexer->pLexer)->errorCount, State(parser->pParser)->errorCount};
+  }
+
+ private:
+  struct Free {
+    template <class Recognizer>
+    void operator()(Recognizer* recognizer) const {
+      recognizer->free(recognizer);
+    }
+  };
+
+  template <class Base>
+  static pANTLR3_RECOGNIZER_SHARED_STATE State(Base* base) {
+    return base->rec->state;
+  }
+
+  void Reset() {
+#ifndef VEXLTAGS_PLAIN
+    table->Reset();
+    tokens->Follows().Clear();
+    trials.Reset();
+    ResetState(State(lexer->pLexer));
+    ResetState(State(parser->pParser));
+#endif
+  }
+
+  pANTLR3_INPUT_STREAM input;
+  Grammar grammar;
+  std::unique_ptr<typename Grammar::Lexer, Free> lexer;
+#ifdef VEXLTAGS_PLAIN
+  std::unique_ptr<ANTLR3_COMMON_TOKEN_STREAM, Free> tokens;
+#else
+  std::unique_ptr<TokenTable> table;
+  std::unique_ptr<TokenStream> tokens;
+#endif
+  TrialTable trials;
+  std::unique_ptr<typename Grammar::Parser, Free>
+      parser;  ///< Freed first: it stands on the others.
+};
+
+/// Runs `Grammar` over `input`, from its start rule on. Tags go to `dumper`. `stored` is the file's
+/// path as it goes into tags. A syntax error is no failure: the counts in the result are its only
+/// trace. The recognisers are kept for the next call with the same input stream.
 template <class Grammar>
 RecognizerCounts RunRecognizer(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
                                const std::string& stored) {
-  RecognizerCounts counts;
-  Grammar grammar;
-  const auto free = [](auto* recognizer) { recognizer->free(recognizer); };
-  std::unique_ptr<typename Grammar::Lexer, decltype(free)> lexer(Grammar::NewLexer(input), free);
-  if (!lexer) return counts;
-#ifdef VEXLTAGS_PLAIN
-  std::unique_ptr<ANTLR3_COMMON_TOKEN_STREAM, decltype(free)> stream(
-      antlr3CommonTokenStreamSourceNew(ANTLR3_SIZE_HINT, lexer->pLexer->rec->state->tokSource),
-      free);
-  if (!stream) return counts;
-  std::unique_ptr<typename Grammar::Parser, decltype(free)> parser(Grammar::NewParser(stream.get()),
-                                                                   free);
-#else
-  TokenTable table(input);
-  TokenStream stream(table, lexer->pLexer);
-  std::unique_ptr<typename Grammar::Parser, decltype(free)> parser(
-      Grammar::NewParser(stream.Stream()), free);
-#endif
-  if (!parser) return counts;
-  if (!options.dumpErrors) {
-    SilenceErrors(lexer->pLexer->rec);
-    SilenceErrors(parser->pParser->rec);
-  }
-
+  static std::unique_ptr<Recognizers<Grammar>> kept;
   typename Grammar::Builder builder(options, dumper, stored);
   TagsLexerState fileState(stored, options.reportIfLonger, options.abortIfLonger);
-  TrialTable trials;
-  parser->builder = &builder;
-  parser->fileState = &fileState;
-  parser->trials = &trials;
-  lexer->fileState = &fileState;
-  grammar.Attach(lexer.get());
-  if constexpr (Grammar::kFiltersTokens) {
-    for (const std::string& word : options.filterTokens)
-      fileState.filterTokens.insert(word.c_str());
+  // Recognisers that show errors keep their records, and are not used for a file that shows none.
+  if (!kept || options.dumpErrors || !kept->CanReuse(input)) {
+    kept = std::make_unique<Recognizers<Grammar>>(input);
   }
-
-  // The whole file is read as tokens before the parser gets the first one.
-#ifdef VEXLTAGS_PLAIN
-  parser->tokens = nullptr;
-  parser->follows = nullptr;
-  stream->tstream->_LT(stream->tstream, 1);
-#else
-  parser->tokens = &table;
-  parser->follows = &stream.Follows();
-  RecoverByFollowStack(parser->pParser->rec);
-  if constexpr (Grammar::kKeepsNeighbours) table.KeepNeighbours();
-  // A scanner has no words for an error, so where errors are shown the generated lexer reads all.
-  FillTokenTable(lexer->pLexer, options.dumpErrors ? nullptr : Grammar::Scan, table);
-#endif
-  Grammar::Start(parser.get());
-
-  counts.lexerErrors = lexer->pLexer->rec->state->errorCount;
-  counts.parserErrors = parser->pParser->rec->state->errorCount;
-  // Before the file's state goes and reports the time: freeing them counts.
-  parser.reset();
-#ifdef VEXLTAGS_PLAIN
-  stream.reset();
-#endif
-  lexer.reset();
+  RecognizerCounts counts;
+  if (kept->AreComplete()) counts = kept->Run(options, dumper, stored, fileState, builder);
+  if (options.dumpErrors) kept.reset();
   return counts;
 }
 

@@ -7,8 +7,23 @@
 
 namespace vexltags {
 
-TokenTable::TokenTable(pANTLR3_INPUT_STREAM input)
-    : input(input), data(static_cast<const unsigned char*>(input->data)) {
+TokenTable::TokenTable(pANTLR3_INPUT_STREAM stream) : input(stream) { Reset(); }
+
+void TokenTable::Reset() {
+  data = static_cast<const unsigned char*>(input->data);
+  types.clear();
+  starts.clear();
+  ends.clear();
+  lines.clear();
+  before.clear();
+  behind.clear();
+  dropped.clear();
+  replaced.clear();
+  for (Partners& kind : partners) kind.close.clear();
+  position = 0;
+  lastHidden = 0;
+  made.clear();
+  nextMade = 0;
   std::memset(&endOfFile, 0, sizeof endOfFile);
   antlr3SetTokenAPI(&endOfFile);
   endOfFile.type = ANTLR3_TOKEN_EOF;
@@ -79,6 +94,27 @@ const std::string* TokenTable::ReplacedText(std::size_t index) const {
       replaced.begin(), replaced.end(), index,
       [](const Replaced& entry, std::size_t wanted) { return entry.index < wanted; });
   return found != replaced.end() && found->index == index ? &found->text : nullptr;
+}
+
+std::size_t TokenTable::Partner(unsigned open, unsigned close) {
+  auto kind = std::find_if(partners.begin(), partners.end(),
+                           [open](const Partners& known) { return known.open == open; });
+  if (kind == partners.end()) kind = partners.insert(kind, Partners{open, {}});
+  if (kind->close.size() != Count()) {
+    kind->close.assign(Count(), 0);
+    std::vector<std::uint32_t> opened;
+    for (std::uint32_t i = 0; i < Count(); ++i) {
+      const auto type = static_cast<unsigned>(types[i]);
+      if (type == open) {
+        opened.push_back(i);
+      } else if (type == close && !opened.empty()) {
+        kind->close[opened.back()] = i;
+        opened.pop_back();
+      }
+    }
+  }
+  const std::uint32_t partner = kind->close[position];
+  return partner == 0 ? kNoPartner : partner;
 }
 
 std::string TokenTable::Text(std::size_t first, std::size_t last) const {

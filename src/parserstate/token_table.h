@@ -22,9 +22,13 @@ class TokenTable {
  public:
   static constexpr std::size_t kMadeTokens = 4096;
 
-  explicit TokenTable(pANTLR3_INPUT_STREAM input);
+  explicit TokenTable(pANTLR3_INPUT_STREAM stream);
   TokenTable(const TokenTable&) = delete;
   TokenTable& operator=(const TokenTable&) = delete;
+
+  /// Empties the table for the next file that the same input stream has been given. Memory is kept
+  /// for as many tokens as the last file had.
+  void Reset();
 
   // Filling ---------------------------------------------------------------------------------------
 
@@ -83,6 +87,12 @@ class TokenTable {
   /// The line of the next token, that of the end of the file behind the last.
   int NextLine() const { return static_cast<int>(position < Count() ? lines[position] : endLine); }
 
+  static constexpr std::size_t kNoPartner = static_cast<std::size_t>(-1);
+  /// The index of the bracket that closes the next token, which must be of the type `open`,
+  /// counting only brackets of these two types; `kNoPartner` when it is never closed. The first
+  /// question about a type costs a pass over all tokens.
+  std::size_t Partner(unsigned open, unsigned close);
+
   /// The text of the tokens from index `first` to `last`, hidden ones between them included: the
   /// source, less what no token holds, with replaced texts.
   std::string Text(std::size_t first, std::size_t last) const;
@@ -104,6 +114,11 @@ class TokenTable {
     std::string text;
   };
 
+  struct Partners {
+    unsigned open = 0;
+    std::vector<std::uint32_t> close;  ///< For each token, 0 where nothing closes it.
+  };
+
   std::uint32_t Offset(const unsigned char* place) const {
     return static_cast<std::uint32_t>(place - data);
   }
@@ -111,7 +126,7 @@ class TokenTable {
   const std::string* ReplacedText(std::size_t index) const;
 
   pANTLR3_INPUT_STREAM input;
-  const unsigned char* data;
+  const unsigned char* data = nullptr;
   std::vector<std::int16_t> types;  ///< Once finished, with kEndMarks marks of the end behind.
   std::vector<std::uint32_t> starts, ends, lines;
   std::vector<std::uint8_t> before, behind;  ///< Hidden neighbours, 0 for none.
@@ -121,6 +136,8 @@ class TokenTable {
   unsigned endLine = 1;
   bool keepsNeighbours = false;
   std::uint8_t lastHidden = 0;
+
+  std::vector<Partners> partners;
 
   std::vector<ANTLR3_COMMON_TOKEN> made;
   std::size_t nextMade = 0;

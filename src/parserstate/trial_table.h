@@ -1,24 +1,22 @@
 // SPDX-License-Identifier: MIT
-// Remembers how the trial parses of one file ended, per predicate and token.
+// Remembers how the trial parses of one file ended, per predicate and per rule, and token.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <vector>
+
+#include "parserstate/token_cells.h"
 
 namespace vexltags {
 
-/// Outcomes of trial parses. A trial runs no action and its outcome depends only on the predicate
-/// and the token it starts at, so asking twice must give the same answer; keeping it makes the cost
-/// of nested constructs linear where it would be exponential in their depth.
-///
-/// Memory follows the parse: outcomes in front of the committed position are given back, and only
-/// stretches in which a trial started are held at all.
+/// Outcomes of trial parses. A trial runs no action, so what a predicate or a rule within a trial
+/// gives depends only on the token it starts at, and asking twice must give the same. Keeping it
+/// makes the cost of nested constructs linear where it would be exponential in their depth.
 class TrialTable {
  public:
-  /// Predicates are numbered from 0 to kPredicates - 1.
+  /// Predicates are numbered from 0 to kPredicates - 1, remembered rules from 0 to kRules - 1.
   static constexpr unsigned kPredicates = 512;
+  static constexpr unsigned kRules = 32;
 
   /// How a trial ended. `matched` tells whether it matched any token on its way, which clears the
   /// recogniser's "in error recovery" mark also when the trial fails; a kept outcome has to repeat
@@ -27,54 +25,80 @@ class TrialTable {
     bool known = false;
     bool success = false;
     bool matched = false;
+    std::size_t end = 0;  ///< Of a rule that succeeded: the token behind it.
   };
 
-  /// The outcome of `predicate` at raw token index `token`; `known` is false if none is kept.
+  /// The outcome of `predicate` at token index `token`; `known` is false if none is kept.
   Outcome Find(unsigned predicate, std::size_t token) const {
-    const std::size_t block = token / kTokensPerBlock;
-    if (block < firstBlock || block - firstBlock >= blocks.size()) return {};
-    const Block* held = blocks[block - firstBlock].get();
-    if (held == nullptr) return {};
-    const unsigned bits = (held->cells[Cell(predicate, token)] >> Shift(predicate)) & kMask;
-    return {(bits & kKnown) != 0, (bits & kSuccess) != 0, (bits & kMatched) != 0};
+    const std::uint8_t* cells = predicates.Find(token);
+    if (cells == nullptr) return {};
+    const unsigned bits = (cells[predicate / 2] >> Shift(predicate)) & kMask;
+    return {(bits & kKnown) != 0, (bits & kSuccess) != 0, (bits & kMatched) != 0, 0};
+  }
+  /// Keeps one. `token` must not lie in front of the last `Commit`.
+  void Keep(unsigned predicate, std::size_t token, bool success, bool matched) {
+    std::uint8_t* cells = predicates.Make(token);
+    if (cells == nullptr) return;
+    const unsigned bits = kKnown | (success ? kSuccess : 0) | (matched ? kMatched : 0);
+    std::uint8_t& cell = cells[predicate / 2];
+    cell = static_cast<std::uint8_t>((cell & ~(kMask << Shift(predicate))) |
+                                     (bits << Shift(predicate)));
   }
 
-  /// Keeps an outcome. `token` must not lie in front of the last `Commit`.
-  void Keep(unsigned predicate, std::size_t token, bool success, bool matched);
+  /// The outcome of `rule` within a trial.
+  Outcome FindRule(unsigned rule, std::size_t token) const {
+    const std::uint32_t* cells = rules.Find(token);
+    if (cells == nullptr || cells[rule] == 0) return {};
+    const std::uint32_t cell = cells[rule];
+    if (cell == kFailed || cell == kFailedMatched) return {true, false, cell == kFailedMatched, 0};
+    const std::size_t end = cell / 2 - 1;
+    return {true, true, cell % 2 != 0, end};
+  }
+  /// Keeps one; `end` is that of a success.
+  void KeepRule(unsigned rule, std::size_t token, bool success, bool matched, std::size_t end) {
+    if (end > kLargestEnd) return;
+    std::uint32_t* cells = rules.Make(token);
+    if (cells == nullptr) return;
+    if (success) {
+      cells[rule] = static_cast<std::uint32_t>((end + 1) * 2 + (matched ? 1 : 0));
+    } else {
+      cells[rule] = matched ? kFailedMatched : kFailed;
+    }
+  }
 
-  /// Tells that the parse stands at raw token index `token` for good: it never asks about a token
+  /// Tells that the parse stands at token index `token` for good: it never asks about a token
   /// before it again.
   void Commit(std::size_t token) {
-    if (token / kTokensPerBlock > firstBlock) Release(token / kTokensPerBlock);
+    predicates.Commit(token);
+    rules.Commit(token);
+  }
+
+  /// Empties the table for the next file.
+  void Reset() {
+    predicates.Reset();
+    rules.Reset();
+    givenUp = false;
   }
 
   /// Tells whether the time limit has given the file up. A change forgets everything, since rules
   /// answer otherwise from then on.
   void SetGivenUp(bool now) {
-    if (now != givenUp) Clear();
+    if (now == givenUp) return;
+    predicates.Clear();
+    rules.Clear();
     givenUp = now;
   }
 
  private:
-  static constexpr std::size_t kTokensPerBlock = 32;
   static constexpr unsigned kMask = 0xF, kKnown = 1, kSuccess = 2, kMatched = 4;
-  static constexpr std::size_t kBytesPerToken = kPredicates / 2;
+  static constexpr std::uint32_t kFailed = 0xFFFFFFFE, kFailedMatched = 0xFFFFFFFF;
+  static constexpr std::size_t kLargestEnd = 0x7FFFFFF0;
 
-  struct Block {
-    std::uint8_t cells[kTokensPerBlock * kBytesPerToken] = {};
-  };
-
-  static std::size_t Cell(unsigned predicate, std::size_t token) {
-    return (token % kTokensPerBlock) * kBytesPerToken + predicate / 2;
-  }
   static unsigned Shift(unsigned predicate) { return (predicate % 2) * 4; }
-  void Release(std::size_t upToBlock);
-  void Clear();
 
+  TokenCells<std::uint8_t, kPredicates / 2> predicates;
+  TokenCells<std::uint32_t, kRules> rules;
   bool givenUp = false;
-  std::size_t firstBlock = 0;
-  std::vector<std::unique_ptr<Block>> blocks;  ///< blocks[i] holds block number firstBlock + i.
-  std::vector<std::unique_ptr<Block>> spare;   ///< Given back, for the next use.
 };
 
 }  // namespace vexltags

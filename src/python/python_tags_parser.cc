@@ -31,7 +31,7 @@ void PythonTagsParser::DumpLine(const std::string& name, int line, char letter) 
   dumper->Print(name);
   dumper->Print("\t");
   dumper->Print(FileField());
-  dumper->PrintFormat("\t%d;\"\t%c", line, letter);
+  dumper->PrintPiece({"\t", std::to_string(line), ";\"\t", {&letter, 1}});
   DumpNamespace();
   dumper->Print("\n");
 }

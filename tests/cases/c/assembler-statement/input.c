@@ -1,0 +1,3 @@
+asm("nop");
+__asm__ volatile ("nop");
+int a;

@@ -1,0 +1,2 @@
+int a NS_AVAILABLE ;
+int b;

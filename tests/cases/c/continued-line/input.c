@@ -1,0 +1,5 @@
+int a \
+  ; int b;
+int f(int c, \
+  int d) { \
+}

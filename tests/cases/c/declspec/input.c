@@ -1,0 +1,3 @@
+__declspec(dllexport) int f(void);
+extern "C" __declspec(dllimport) int g(void);
+_Alignas(16) int a;

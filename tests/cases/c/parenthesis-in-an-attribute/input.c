@@ -1,0 +1,3 @@
+int a;
+int b __attribute__((section("(")));
+int c;

@@ -1,0 +1,3 @@
+static int a UNUSED;
+int b SECTION = 1;
+int c;

@@ -1,0 +1,3 @@
+extern "C" typedef int (*f)(int);
+extern "C" struct S;
+extern "C" const char *a;

@@ -1,0 +1,5 @@
+struct A {
+  auto operator co_await() const;
+  operator auto();
+  int x;
+};

@@ -1,0 +1,2 @@
+int operator"x" _y(char);
+int operator "" _z(char);

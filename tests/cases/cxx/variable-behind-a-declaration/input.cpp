@@ -1,0 +1,3 @@
+int x;
+int a, b(3), c;
+int y;

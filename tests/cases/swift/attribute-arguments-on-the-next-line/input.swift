@@ -1,0 +1,3 @@
+func a() {}
+@objc
+(x) func b() {}

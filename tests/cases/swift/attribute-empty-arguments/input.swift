@@ -1,0 +1,2 @@
+func a() {}
+@objc() func b() {}

@@ -1,0 +1,2 @@
+func a() {}
+@Foo <Bar> var x = 1

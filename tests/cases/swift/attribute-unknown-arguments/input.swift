@@ -1,0 +1,2 @@
+func a() {}
+@Foo(x) func b() {}

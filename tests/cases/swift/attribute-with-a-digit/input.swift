@@ -1,0 +1,2 @@
+func a() {}
+@State2 var x = 1

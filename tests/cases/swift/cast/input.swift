@@ -1,0 +1,2 @@
+let a = b as C
+let x = 1

@@ -1,0 +1,5 @@
+class A {
+  class func f() {}
+  class var x: Int { 1 }
+  class let y = 1
+}

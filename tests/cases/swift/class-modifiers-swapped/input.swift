@@ -1,0 +1,2 @@
+final public class A {}
+func f() {}

@@ -1,0 +1,2 @@
+let x = 1 // aclass B {class C {
+let y = 2

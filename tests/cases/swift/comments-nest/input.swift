@@ -1,0 +1,2 @@
+/* a /* class B { */ c */ let x = 1 /**/ // }
+let y = 2 // class C {

@@ -1,0 +1,4 @@
+#if A
+let a = 1
+#endif
+let b = 2

@@ -1,0 +1,6 @@
+class A {
+  // }
+  func f() {
+  }
+}
+let x = 1

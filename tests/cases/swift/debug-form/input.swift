@@ -1,0 +1,4 @@
+enum E {
+  case a
+  func f() {}
+}

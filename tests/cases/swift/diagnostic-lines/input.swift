@@ -1,0 +1,3 @@
+#warning("a (b) c")
+#error("d")
+let x = 1

@@ -1,0 +1,3 @@
+func a() {}
+#warning("a)b")
+func b() {}

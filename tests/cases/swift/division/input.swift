@@ -1,0 +1,3 @@
+let x = a/b
+let y = a / b
+let z = 1

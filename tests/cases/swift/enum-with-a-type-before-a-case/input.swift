@@ -1,0 +1,2 @@
+enum E { struct S { } case x }
+let y = 1

@@ -1,0 +1,2 @@
+func f(a: Int, b, c: Int) {}
+let x = 1

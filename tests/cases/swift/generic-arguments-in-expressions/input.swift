@@ -1,0 +1,3 @@
+let a = Array<Int>()
+let b = c.d<[E: F], (G) -> H>(i)
+let x = 1

@@ -1,0 +1,2 @@
+func f<T: P & Q>(a: T) {}
+let x = 1

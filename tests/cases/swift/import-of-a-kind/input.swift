@@ -1,0 +1,2 @@
+import struct A.B
+let x = 1

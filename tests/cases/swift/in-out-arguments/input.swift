@@ -1,0 +1,3 @@
+let a = f(&b)
+let c = f(x: &d)
+let x = 1

@@ -1,0 +1,3 @@
+let a = \A.b
+let c = d(\A.b)
+let x = 1

@@ -1,0 +1,2 @@
+let a = b < c > d
+let x = 1

@@ -1,0 +1,3 @@
+class A {
+  struct B {
+    let x = 1

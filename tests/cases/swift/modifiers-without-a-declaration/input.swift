@@ -1,0 +1,2 @@
+public static x
+let y = 1

@@ -1,0 +1,2 @@
+let naïve = 1
+let b = 2

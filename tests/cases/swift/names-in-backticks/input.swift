@@ -1,0 +1,3 @@
+func `func`() {}
+let `class` = 1
+class `Type` {}

@@ -1,0 +1,2 @@
+let a = 1e5
+let b = 1

@@ -1,0 +1,5 @@
+func ==
+  (a: A, b: A) -> Bool {}
+func +
+
+  <T>(a: T) {}

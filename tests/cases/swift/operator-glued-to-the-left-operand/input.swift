@@ -1,0 +1,2 @@
+let a = b+ c
+let x = 1

@@ -1,0 +1,2 @@
+protocol P { associatedtype T; func f() }
+let x = 1

@@ -1,0 +1,2 @@
+protocol P<T> { func f() }
+let x = 1

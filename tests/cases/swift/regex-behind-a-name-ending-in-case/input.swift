@@ -1,0 +1,3 @@
+let x = showcased/2
+let y = showcase/2
+let z = 1

@@ -1,0 +1,3 @@
+func a() {}
+print(1)
+func b() {}

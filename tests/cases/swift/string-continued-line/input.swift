@@ -1,0 +1,6 @@
+func a() {}
+let x = """
+  a \
+  b
+  """
+func b() {}

@@ -1,0 +1,2 @@
+let x = "abc
+ let y = 1

@@ -1,0 +1,2 @@
+let x = "a\qb"
+let y = 1

@@ -1,0 +1,4 @@
+struct A {
+  subscript(i: Int) { 1 }
+  let x = 1
+}

@@ -1,0 +1,4 @@
+class A {
+}
+}
+let x = 1

@@ -1,0 +1,3 @@
+let a = b ? c : d
+let e = f ? g ? 1 : 2 : h(i ? j : k)
+let x = 1

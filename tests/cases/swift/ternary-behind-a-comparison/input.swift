@@ -1,0 +1,2 @@
+let a = b == c ? d : e
+let x = 1

@@ -1,0 +1,4 @@
+let a = foo { }
+func b() {}
+let c = foo { }
+class D {}

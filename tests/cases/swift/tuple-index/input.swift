@@ -1,0 +1,2 @@
+let a = t.0
+let x = 1

@@ -1,0 +1,4 @@
+typealias A = Int
+public typealias B<T> = [T]
+typealias C = (Int) -> Void
+let x = 1

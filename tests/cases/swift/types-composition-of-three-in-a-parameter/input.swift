@@ -1,0 +1,2 @@
+func f(a: A & B & C) {}
+let x = 1

@@ -1,0 +1,2 @@
+var x: A & B & C
+let y = 1

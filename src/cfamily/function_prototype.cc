@@ -3,7 +3,7 @@
 #include "cfamily/function_prototype.h"
 
 #include <cstdio>
-#include <utility>
+#include <tuple>
 
 #include "cfamily/type_text.h"
 #include "cfamily/vexl_tags_parser.h"
@@ -33,16 +33,28 @@ void FunctionPrototype::DumpDeclDef(const VexlTagsParser& parser, int tagLine) c
     DebugDump(parser, tagLine);
     return;
   }
-  const auto [scope, plainName] = parser.GetNamespaceAndName(name.text);
+  std::string scope, plainName;
+  const bool isPlain = qualifier.empty() && !VexlTagsParser::HasQualifier(name.text);
+  if (!isPlain) std::tie(scope, plainName) = parser.GetNamespaceAndName(name.text);
   Dumper& dumper = *parser.dumper;
   if (isOperator) dumper.Print("operator ");
-  parser.PrintCollapsed(plainName);
+  parser.PrintCollapsed(isPlain ? name.text : plainName);
   dumper.Print("\t");
   dumper.Print(parser.FileField());
   const char letter =
       isDefinition ? kind_letter::kFunctionDefinition : kind_letter::kFunctionDeclaration;
   dumper.PrintPiece({"\t", std::to_string(tagLine), ";\"\t", {&letter, 1}});
 
+  if (isPlain) {
+    if (parser.HasScope()) {
+      dumper.Print("\t");
+      dumper.Print(VexlTagsParser::NameSpaceKindName(parser.classStack.back().kind));
+      dumper.Print(":");
+      dumper.Print(parser.CollapsedScope());
+    }
+    dumper.Print("\n");
+    return;
+  }
   const std::string field =
       AppendQualifier(CollapseWhitespace(scope, " "), CollapseWhitespace(qualifier, " "), false);
   if (!field.empty()) {

@@ -17,18 +17,12 @@ constexpr long kImplementation = 9;
 
 }  // namespace
 
-std::string VexlTagsParser::CurrentNamespaceName() const {
-  return ConcatenateNamesUsingSeparator(classStack, "::");
-}
+std::string VexlTagsParser::CurrentNamespaceName() const { return JoinedScope(); }
 
-bool VexlTagsParser::HasScope() const {
-  // Two names have a separator between them.
-  return classStack.size() > 1 || (classStack.size() == 1 && !classStack[0].name.empty());
-}
+bool VexlTagsParser::HasScope() const { return !JoinedScope().empty(); }
 
 void VexlTagsParser::PushClass(const TypeDescriptor& descriptor) {
-  ScopeHasChanged();
-  classStack.push_back(descriptor);
+  OpenScope(descriptor);
   PushCurly(descriptor.kind == kNamespace ? CurlyType::Namespace : CurlyType::Class);
 }
 
@@ -93,14 +87,22 @@ void VexlTagsParser::DumpClass(const TypeDescriptor& descriptor, int line) const
     DebugPosition(line);
     return;
   }
-  const auto [scope, plainName] = GetNamespaceAndName(descriptor.name);
-  PrintCollapsed(plainName);
-  PrintPosition(line, NameSpaceSelector(descriptor.kind));
-  if (!scope.empty()) {
-    const std::string word = !HasScope() ? "class" : NameSpaceKindName(classStack.back().kind);
-    dumper->PrintPiece({"\t", word, ":", CollapseWhitespace(scope, " ")});
+  const std::string word = HasScope() ? NameSpaceKindName(classStack.back().kind) : "class";
+  if (!HasQualifier(descriptor.name)) {
+    PrintCollapsed(descriptor.name);
+    PrintPosition(line, NameSpaceSelector(descriptor.kind));
+    if (HasScope()) PrintScope(word);
+  } else {
+    const auto [scope, plainName] = GetNamespaceAndName(descriptor.name);
+    PrintCollapsed(plainName);
+    PrintPosition(line, NameSpaceSelector(descriptor.kind));
+    if (!scope.empty()) dumper->PrintPiece({"\t", word, ":", CollapseWhitespace(scope, " ")});
   }
   dumper->Print("\n");
+}
+
+bool VexlTagsParser::HasQualifier(const std::string& name) {
+  return name.find("::") != std::string::npos;
 }
 
 void VexlTagsParser::PrintScopeField() const {

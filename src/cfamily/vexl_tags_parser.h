@@ -80,6 +80,8 @@ class VexlTagsParser : public ParserStateBase {
  private:
   friend struct vexltags::FunctionPrototype;
 
+  /// True for a name that `GetNamespaceAndName` may cut.
+  static bool HasQualifier(const std::string& name);
   /// True when `CurrentNamespaceName` is not empty.
   bool HasScope() const;
   /// Writes the field of the open scopes, or nothing outside any.

@@ -39,6 +39,7 @@ using namespace vexltags;
   vexltags::TokenTable* tokens;
   vexltags::FollowStack* follows;
   vexltags::TrialTable* trials;
+  vexltags::LoopRuns* loops;
 }
 
 @parser::members {
@@ -818,6 +819,7 @@ requires_clause
   ;
 
 constraint_logical_or_expression
+options { memoize = true; }
   : constraint_logical_and_expression ( OR constraint_logical_and_expression )*
   ;
 
@@ -845,6 +847,7 @@ constant_expression
   ;
 
 assignment_expression
+options { memoize = true; }
   : conditional_expression
     ( ( ASSIGN | TIMESEQUAL | DIVIDEEQUAL | PLUSEQUAL | MINUSEQUAL | MODEQUAL | SHIFTLEFTEQUAL
       | GREATERTHAN GREATEROREQUAL | BITWISEANDEQUAL | BITWISEXOREQUAL | BITWISEOREQUAL

@@ -31,6 +31,7 @@ options {
   vexltags::TokenTable* tokens;
   vexltags::FollowStack* follows;
   vexltags::TrialTable* trials;
+  vexltags::LoopRuns* loops;
 }
 
 @parser::members {

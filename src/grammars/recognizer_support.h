@@ -44,11 +44,16 @@ inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 
 // --- Time ---
 
-// Rules with the option `memoize` remember how they went within trials.
-#ifdef VEXLTAGS_PLAIN
+// Rules with the option `memoize` remember how they went within trials, and so do long loops.
+#if defined(VEXLTAGS_PLAIN) || !defined(PARSER)
 #define VEXL_RULE_MEMO(ctx)
 #define VEXL_REPEATED() false
+#define VEXL_LOOP(ctx, decision)
+#define VEXL_LOOP_IS_KNOWN() false
 #else
+#define VEXL_LOOP(ctx, decision) \
+  vexltags::LoopMemo<std::remove_pointer_t<decltype(ctx)>> loopMemo(ctx, decision)
+#define VEXL_LOOP_IS_KNOWN() loopMemo.JoinsKnownRun()
 #define VEXL_RULE_MEMO(ctx)                                                                     \
   vexltags::RuleMemo<__COUNTER__ - vexltags::kFirstTrial, std::remove_pointer_t<decltype(ctx)>> \
   ruleMemo(ctx)

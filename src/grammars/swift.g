@@ -42,6 +42,7 @@ options {
   vexltags::TokenTable* tokens;
   vexltags::FollowStack* follows;
   vexltags::TrialTable* trials;
+  vexltags::LoopRuns* loops;
 }
 
 @parser::members {

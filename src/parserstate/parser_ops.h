@@ -12,6 +12,7 @@
 #include "parserstate/error_recovery.h"
 #include "parserstate/follow_stack.h"
 #include "parserstate/lexer_state.h"
+#include "parserstate/loop_runs.h"
 #include "parserstate/stack_guard.h"
 #include "parserstate/std_string.h"
 #include "parserstate/token_table.h"

@@ -39,23 +39,26 @@ ParserStateBase::TypeDescriptor& ParserStateBase::TypeDescriptor::operator+=(con
   return *this;
 }
 
-ParserStateBase::ParserStateBase(const Options& runOptions, Dumper& sink, std::string storedPath)
-    : options(&runOptions), dumper(&sink), fileName(std::move(storedPath)) {}
+ParserStateBase::ParserStateBase(const Options& runOptions, Dumper& sink, std::string storedPath,
+                                 std::string scopeSeparator)
+    : options(&runOptions),
+      dumper(&sink),
+      fileName(std::move(storedPath)),
+      scopeText(std::move(scopeSeparator)) {}
 
 ParserStateBase::~ParserStateBase() = default;
 
 std::string ParserStateBase::CurrentNamespaceName() const { return "implement me"; }
 
 void ParserStateBase::PushClass(const TypeDescriptor& descriptor) {
-  ScopeHasChanged();
-  classStack.push_back(descriptor);
+  OpenScope(descriptor);
   PushCurly(descriptor.kind == kNamespaceKind ? CurlyType::Namespace : CurlyType::Class);
 }
 
 void ParserStateBase::PopClass(int line) {
-  ScopeHasChanged();
   if (!classStack.empty()) {
     classStack.pop_back();
+    scopeText.Close();
   } else if (options->dumpErrors) {
     std::fprintf(stderr, "error -- no class to close, %s:%d\n", FileField().c_str(), line);
   }
@@ -157,10 +160,9 @@ const std::string& ParserStateBase::FileField() const {
   return fileField;
 }
 
-const std::string& ParserStateBase::CollapsedScope() const {
-  if (!scopeIsKnown) collapsedScope = CollapseWhitespace(CurrentNamespaceName(), " ");
-  scopeIsKnown = true;
-  return collapsedScope;
+void ParserStateBase::OpenScope(const TypeDescriptor& descriptor) {
+  classStack.push_back(descriptor);
+  scopeText.Open(descriptor.name);
 }
 
 void ParserStateBase::PrintCollapsed(const std::string& name) const {

@@ -12,6 +12,7 @@
 #include "output/dumper.h"
 #include "parserstate/name.h"
 #include "parserstate/param.h"
+#include "parserstate/scope_text.h"
 
 namespace vexltags {
 
@@ -44,7 +45,9 @@ class ParserStateBase {
   /// Which kind of brace stands open. The numbers are also what `PopRCurly` returns.
   enum class CurlyType : std::int32_t { Class = 1, Namespace = 2, Function = 3, Other = 4 };
 
-  ParserStateBase(const Options& options, Dumper& dumper, std::string fileName);
+  /// `scopeSeparator` stands between the names of scopes in each other.
+  ParserStateBase(const Options& options, Dumper& dumper, std::string fileName,
+                  std::string scopeSeparator = "::");
   virtual ~ParserStateBase();
   ParserStateBase(const ParserStateBase&) = delete;
   ParserStateBase& operator=(const ParserStateBase&) = delete;
@@ -81,10 +84,12 @@ class ParserStateBase {
   void PushCurly(CurlyType type);
   /// The file field of this file's tags.
   const std::string& FileField() const;
-  /// `CurrentNamespaceName` with white space collapsed. Kept until a scope opens or closes, so
-  /// whoever changes `classStack` says so by `ScopeHasChanged`.
-  const std::string& CollapsedScope() const;
-  void ScopeHasChanged() { scopeIsKnown = false; }
+  /// Opens a scope without a brace.
+  void OpenScope(const TypeDescriptor& descriptor);
+  /// The names of the open scopes, joined by the separator of the language.
+  const std::string& JoinedScope() const { return scopeText.Joined(); }
+  /// The same with white space collapsed.
+  const std::string& CollapsedScope() const { return scopeText.Collapsed(); }
   /// Prints a name with white space collapsed.
   void PrintCollapsed(const std::string& name) const;
   /// Prints the file field, `line` and the kind letter, each with its tab.
@@ -101,8 +106,7 @@ class ParserStateBase {
 
  private:
   mutable std::string fileField;
-  mutable std::string collapsedScope;
-  mutable bool scopeIsKnown = false;
+  ScopeText scopeText;
 };
 
 /// The `name` of each record in order with `separator` between them; empty for an empty list.

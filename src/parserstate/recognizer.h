@@ -11,6 +11,7 @@
 #include "output/dumper.h"
 #include "parserstate/error_recovery.h"
 #include "parserstate/lexer_state.h"
+#include "parserstate/loop_runs.h"
 #include "parserstate/token_feed.h"
 #include "parserstate/token_stream.h"
 #include "parserstate/token_table.h"
@@ -75,6 +76,7 @@ class Recognizers {
     parser->builder = &builder;
     parser->fileState = &fileState;
     parser->trials = &trials;
+    parser->loops = &loops;
     lexer->fileState = &fileState;
     grammar.Attach(lexer.get());
     if constexpr (Grammar::kFiltersTokens) {
@@ -117,6 +119,7 @@ class Recognizers {
     table->Reset();
     tokens->Follows().Clear();
     trials.Reset();
+    loops.Reset();
     ResetState(State(lexer->pLexer));
     ResetState(State(parser->pParser));
 #endif
@@ -132,6 +135,7 @@ class Recognizers {
   std::unique_ptr<TokenStream> tokens;
 #endif
   TrialTable trials;
+  LoopRuns loops;
   std::unique_ptr<typename Grammar::Parser, Free>
       parser;  ///< Freed first: it stands on the others.
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The token types of the Swift grammar that operators are told apart by.
+// The token types of the Swift grammar that hand-written code knows.
 #pragma once
 
 namespace vexltags {
@@ -16,12 +16,18 @@ enum SwiftTokenType : unsigned {
   kSwiftColon = 11,
   kSwiftAssign = 12,
   kSwiftAmpersand = 13,
+  kSwiftEllipsis = 14,
   kSwiftQuestionMark = 15,
   kSwiftNot = 16,
   kSwiftDot = 17,
   kSwiftLSquare = 19,
   kSwiftRSquare = 20,
+  kSwiftBackslash = 21,
+  kSwiftStringLiteral = 22,
+  kSwiftRawStringLiteral = 23,
+  kSwiftAttribute = 24,
   kSwiftLCurly = 31,
+  kSwiftAny = 32,
   kSwiftDivide = 33,
   kSwiftMinus = 34,
   kSwiftPlus = 35,
@@ -30,12 +36,25 @@ enum SwiftTokenType : unsigned {
   kSwiftBitwiseOr = 38,
   kSwiftBitwiseXor = 39,
   kSwiftTilde = 40,
+  kSwiftDecimal = 41,
+  kSwiftBinary = 42,
+  kSwiftOctal = 43,
+  kSwiftHexadecimal = 44,
   kSwiftFloatingPointE = 46,
   kSwiftFloatingPointP = 47,
   kSwiftIdentifier = 50,
+  kSwiftBacktick = 52,
   kSwiftWhitespace = 55,
+  kSwiftRegexHead = 56,
   kSwiftSingleLineComment = 62,
   kSwiftCComment = 63,
+  kSwiftControlStatement = 66,
+  kSwiftErrorStatement = 67,
+  kSwiftArrow = 91,
+  kSwiftHexadecimalPrefix = 145,
+  kSwiftBinaryPrefix = 146,
+  kSwiftOctalPrefix = 147,
+  kSwiftDollar = 148,
   kSwiftEndOfFile = 0xFFFFFFFF,
 };
 

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// The lexer of Python for the benchmarks.
+#include "lexer_run.h"
+#include "lexers.h"
+#include "python/python_scanner.h"
+
+// Last: it defines every token name as a macro.
+#include "pythonLexer.h"
+
+namespace vexltags::bench {
+
+unsigned LexPython(pANTLR3_INPUT_STREAM input, TokenTable& table, bool byHand) {
+  return RunLexer(pythonLexerNew(input), byHand ? ScanPython : nullptr, table, [](ppythonLexer) {});
+}
+
+}  // namespace vexltags::bench

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// The lexer of Swift for the benchmarks.
+#include "lexer_run.h"
+#include "lexers.h"
+#include "swift/swift_scanner.h"
+
+// Last: it defines every token name as a macro.
+#include "swiftLexer.h"
+
+namespace vexltags::bench {
+
+unsigned LexSwift(pANTLR3_INPUT_STREAM input, TokenTable& table, bool byHand) {
+  return RunLexer(swiftLexerNew(input), byHand ? ScanSwift : nullptr, table, [](pswiftLexer) {});
+}
+
+}  // namespace vexltags::bench

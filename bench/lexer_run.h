@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// One run of a generated lexer, with or without the scanner written by hand.
+#pragma once
+
+#include "driver/options.h"
+#include "parserstate/error_recovery.h"
+#include "parserstate/lexer_state.h"
+#include "parserstate/token_feed.h"
+#include "parserstate/token_table.h"
+
+namespace vexltags::bench {
+
+/// Fills `table` and frees `lexer`, of which `prepare` sets what its language wants besides.
+/// Returns the number of lexical errors.
+template <class Lexer, class Prepare>
+unsigned RunLexer(Lexer* lexer, Scanner scan, TokenTable& table, Prepare prepare) {
+  TagsLexerState fileState("bench", 0, 0);
+  lexer->fileState = &fileState;
+  SilenceErrors(lexer->pLexer->rec);
+  prepare(lexer);
+  FillTokenTable(lexer->pLexer, scan, table);
+  const unsigned errors = lexer->pLexer->rec->state->errorCount;
+  lexer->free(lexer);
+  return errors;
+}
+
+}  // namespace vexltags::bench

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// Measures a file's way to tag lines: lexer, parser and tag builder of each language.
+#include <benchmark/benchmark.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+#include "driver/language.h"
+#include "driver/source_file.h"
+#include "output/dumper.h"
+#include "parserstate/stack_guard.h"
+#include "sample_text.h"
+
+namespace {
+
+constexpr std::size_t kSize = 256 * 1024;
+
+/// A folder of our own that goes when the program ends.
+class Folder {
+ public:
+  Folder() {
+    if (mkdtemp(path) == nullptr) std::perror("mkdtemp");
+  }
+  ~Folder() { rmdir(path); }
+  Folder(const Folder&) = delete;
+  Folder& operator=(const Folder&) = delete;
+  std::string File(const std::string& name) const { return std::string(path) + "/" + name; }
+
+ private:
+  char path[32] = "/tmp/vexltags-bench-XXXXXX";
+};
+
+// The recognisers, which are kept from file to file, stand on the source's input stream: it lives
+// as long as they do. Reading the file is part of each step; it is some thousandth of it.
+void Run(benchmark::State& state, const std::string& path, const std::string& text) {
+  static vexltags::SourceFile source;
+  std::ofstream(path, std::ios::binary) << text;
+  const vexltags::Options options;
+  const vexltags::Language& language = vexltags::LanguageOf(path);
+  std::size_t lines = 0;
+  vexltags::RecognizerCounts counts;
+  for (auto step : state) {
+    if (!source.Read(path)) {
+      state.SkipWithError("cannot read the sample");
+      break;
+    }
+    vexltags::Dumper dumper;
+    counts = language.run(source.Input(), options, dumper, path);
+    lines = dumper.Lines().size();
+  }
+  unlink(path.c_str());
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+  state.counters["lines"] = static_cast<double>(lines);
+  state.counters["errors"] = counts.lexerErrors + counts.parserErrors;
+}
+
+int RunAll(int argc, char** argv) {
+  const Folder folder;
+  for (const std::string language : vexltags::bench::kLanguages) {
+    const std::string path = folder.File("sample") + vexltags::bench::SuffixOf(language);
+    benchmark::RegisterBenchmark(("Recognizer/" + language).c_str(), Run, path,
+                                 vexltags::bench::SampleText(language, kSize));
+  }
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return vexltags::RunOnLargeStack([argc, argv] { return RunAll(argc, argv); });
+}

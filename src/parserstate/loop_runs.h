@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+// Remembers how long loops of rules went within trials.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace vexltags {
+
+/// Where a loop of a rule stood at the beginning of its rounds, and how it ended.
+///
+/// An item that fails behind a long run of tokens costs one token; the next item then reads the
+/// same run again from its second token on, and so forth. From some round on a loop therefore looks
+/// whether its last long run came by the same token: it can then end as that did.
+class LoopRuns {
+ public:
+  /// Rounds that a loop makes before it remembers or asks: most loops are shorter.
+  static constexpr unsigned kFreeRounds = 32;
+
+  struct Run {
+    std::vector<std::uint32_t> positions;  ///< Token indices, ascending.
+    std::size_t end = 0;                   ///< The token behind the loop, if it succeeded.
+    bool failed = false;
+
+    bool CameBy(std::size_t position) const {
+      return std::binary_search(positions.begin(), positions.end(), position);
+    }
+  };
+
+  /// The last long run of the loop with this decision number.
+  Run& Last(unsigned loop) {
+    if (loop >= runs.size()) runs.resize(loop + 1);
+    return runs[loop];
+  }
+
+  /// For the next file.
+  void Reset() { runs.clear(); }
+
+ private:
+  std::vector<Run> runs;
+};
+
+/// Stands in front of a loop of a parser rule.
+template <class Context>
+class LoopMemo {
+ public:
+  LoopMemo(Context* context, unsigned decision)
+      : ctx(context),
+        loop(decision),
+        state(context->pParser->rec->state),
+        isTrial(state->backtracking > 0) {}
+  ~LoopMemo() {
+    if (!positions.empty()) Keep();
+  }
+  LoopMemo(const LoopMemo&) = delete;
+  LoopMemo& operator=(const LoopMemo&) = delete;
+
+  /// Called at the beginning of each round. True when the loop has been brought to its known end:
+  /// behind its last token, or to the failure that the state then tells of.
+  bool JoinsKnownRun() { return isTrial && ++round > LoopRuns::kFreeRounds && Join(); }
+
+ private:
+  __attribute__((noinline)) bool Join() {
+    const std::size_t position = ctx->tokens->Position();
+    const LoopRuns::Run& last = ctx->loops->Last(loop);
+    if (!last.CameBy(position)) {
+      if (positions.empty() || position > positions.back()) {
+        positions.push_back(static_cast<std::uint32_t>(position));
+      }
+      return false;
+    }
+    positions.clear();
+    state->errorRecovery = 0;
+    if (last.failed) {
+      state->failed = 1;
+    } else {
+      ctx->tokens->Seek(last.end);
+    }
+    return true;
+  }
+
+  // Of the last round nothing is known but where it began: it may have matched no token.
+  __attribute__((noinline)) void Keep() {
+    positions.pop_back();
+    if (positions.empty()) return;
+    ctx->loops->Last(loop) = {std::move(positions), ctx->tokens->Position(), state->failed != 0};
+  }
+
+  Context* ctx;
+  unsigned loop;
+  decltype(ctx->pParser->rec->state) state;
+  bool isTrial;
+  unsigned round = 0;
+  std::vector<std::uint32_t> positions;
+};
+
+}  // namespace vexltags

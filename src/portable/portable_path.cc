@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// Undoes what is done to a path on its way into a tag line.
+#include "portable/portable_path.h"
+
+#include <cstddef>
+
+#include "driver/paths.h"
+
+namespace vexltags {
+
+std::string PlainPath(std::string_view field, const std::string& home) {
+  std::string path;
+  if (field.starts_with("~/") && !home.empty()) {
+    path = home;
+    field.remove_prefix(1);
+  }
+  const IsPathMeta isMeta{};
+  for (std::size_t i = 0; i < field.size(); ++i) {
+    if (field[i] == '\\' && i + 1 < field.size()) {
+      ++i;
+      // Two backslashes are two in the path as well: a backslash itself is never escaped.
+      if (field[i] == '\\' || !isMeta(field[i])) path += '\\';
+    }
+    path += field[i];
+  }
+  return path;
+}
+
+bool FitsInLine(std::string_view path) { return path.find_first_of("\t\n") == path.npos; }
+
+}  // namespace vexltags

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+// Reads line by line; writes at once for unsorted files, and at the end for others.
+#include "portable/rewrite.h"
+
+#include <cstdlib>
+#include <set>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "portable/portable_order.h"
+#include "portable/portable_path.h"
+#include "portable/swift_scopes.h"
+#include "portable/tag_line.h"
+
+namespace vexltags {
+namespace {
+
+constexpr std::string_view kPseudoTag = "!_";
+constexpr std::string_view kFormat = "!_TAG_FILE_FORMAT";
+constexpr std::string_view kSorted = "!_TAG_FILE_SORTED";
+
+/// Lines of a stream, without their newlines.
+class LineReader {
+ public:
+  explicit LineReader(std::FILE* stream) : file(stream) {}
+  ~LineReader() { std::free(buffer); }
+  LineReader(const LineReader&) = delete;
+  LineReader& operator=(const LineReader&) = delete;
+
+  /// False at the end of the stream and on an error, see `Failed`.
+  bool Next(std::string& line) {
+    const ssize_t length = getline(&buffer, &capacity, file);
+    if (length <= 0) return false;
+    ++number;
+    const bool ended = buffer[length - 1] == '\n';
+    line.assign(buffer, static_cast<std::size_t>(ended ? length - 1 : length));
+    return true;
+  }
+  long Number() const { return number; }
+  bool Failed() const { return std::ferror(file) != 0; }
+
+ private:
+  std::FILE* file;
+  char* buffer = nullptr;
+  std::size_t capacity = 0;
+  long number = 0;
+};
+
+/// One rewriting from start to end.
+class Rewriter {
+ public:
+  Rewriter(std::FILE* input, const RewriteOptions& rewriteOptions, FileWriter& writer)
+      : reader(input), options(rewriteOptions), output(writer) {}
+
+  int Run() {
+    std::string line;
+    bool inHeader = true;
+    while (reader.Next(line)) {
+      if (line.starts_with(kPseudoTag)) {
+        // Files that were put together have a header of their own each; the first one counts.
+        if (inHeader && !AddHeaderLine(line)) return -1;
+        continue;
+      }
+      TagLine tag;
+      LineForm form = ParseTagLine(line, tag);
+      for (std::string more; form == LineForm::kOpenPath && reader.Next(more);) {
+        line += '\n';
+        line += more;
+        form = ParseTagLine(line, tag);
+      }
+      if (form != LineForm::kTag)
+        return NoTagsFile("line " + std::to_string(reader.Number()) + " is no tag");
+      if (std::exchange(inHeader, false)) WriteHeader();
+      if (!AddTag(line, tag)) return WriteFailed();
+    }
+    if (reader.Failed()) return Fail("error reading " + options.inputName);
+    if (reader.Number() == 0) return NoTagsFile("it is empty");
+    if (inHeader) WriteHeader();
+    return WriteHeldLines() ? 0 : WriteFailed();
+  }
+
+ private:
+  static int Fail(const std::string& message) {
+    std::fprintf(stderr, "%s\n", message.c_str());
+    return -1;
+  }
+  int NoTagsFile(const std::string& why) const {
+    return Fail(options.inputName + " is no tags file: " + why);
+  }
+  /// The caller knows the name of the output.
+  static int WriteFailed() { return -1; }
+
+  /// Takes over a header line, with a third field if it has none.
+  bool AddHeaderLine(const std::string& line) {
+    const std::size_t tab = line.find('\t');
+    const std::string_view name = std::string_view(line).substr(0, tab);
+    const std::string_view value =
+        tab == line.npos ? std::string_view() : std::string_view(line).substr(tab + 1);
+    if (name == kFormat) return true;
+    if (name == kSorted) {
+      mark = value.empty() ? '?' : value[0];
+      if (mark >= '0' && mark <= '2') return true;
+      NoTagsFile("its sort mark is none of 0, 1 and 2");
+      return false;
+    }
+    header += line;
+    if (tab == line.npos) header += '\t';
+    if (value.find('\t') == value.npos) header += "\t//";
+    header += '\n';
+    return true;
+  }
+
+  void WriteHeader() {
+    output.Write(std::string(kFormat) + "\t2\t/extended format/\n" + std::string(kSorted) + "\t" +
+                 mark + "\t/0=unsorted, 1=sorted, 2=foldcase/\n" + header);
+  }
+
+  /// Writes or holds a tag. False when writing failed.
+  bool AddTag(const std::string& line, const TagLine& tag) {
+    if (!tag.numbered) return Put({line + "\n", tag.name.size()});
+    const std::string path = PlainPath(tag.file, options.home);
+    if (!FitsInLine(path)) {
+      LeaveOut(tag.file);
+      return true;
+    }
+    std::string text(tag.name);
+    text += '\t';
+    text += path;
+    text += '\t';
+    const std::size_t addressStart = text.size();
+    text += line.substr(static_cast<std::size_t>(tag.address.data() - line.data()));
+    text += '\n';
+    NamedLine result{std::move(text), tag.name.size()};
+    if (!IsSwift(path)) return Put(std::move(result));
+    scopes.Add(path, tag);
+    if (mark != '0') {
+      held.push_back(std::move(result));
+      swiftLines.emplace_back(held.size() - 1, addressStart);
+      return true;
+    }
+    AddKey(result, addressStart);
+    return Put(std::move(result));
+  }
+
+  /// Puts a key in front of a Swift scope without one. The address begins at `addressStart`.
+  void AddKey(NamedLine& line, std::size_t addressStart) const {
+    TagLine tag;
+    ParseTagLine(std::string_view(line.text).substr(0, line.text.size() - 1), tag);
+    const std::string_view scope = Field(tag.fields, 1);
+    if (scope.empty() || HasKey(scope)) return;
+    const std::string_view path =
+        std::string_view(line.text).substr(line.nameLength + 1, addressStart - line.nameLength - 2);
+    const std::string key(scopes.KeyOf(path, scope, LineNumber(tag)));
+    line.text.insert(static_cast<std::size_t>(scope.data() - line.text.data()), key + ":");
+  }
+
+  bool Put(NamedLine&& line) {
+    if (mark == '0') return output.Write(line.text);
+    held.push_back(std::move(line));
+    return true;
+  }
+
+  bool WriteHeldLines() {
+    for (const auto& [index, addressStart] : swiftLines) AddKey(held[index], addressStart);
+    SortForReaders(held, mark);
+    bool good = output.Write("");
+    for (auto line = held.begin(); good && line != held.end(); ++line) {
+      good = output.Write(line->text);
+    }
+    return good;
+  }
+
+  void LeaveOut(std::string_view field) {
+    if (!leftOut.emplace(field).second) return;
+    std::string shown;
+    for (const char c : field) {
+      if (c == '\t' || c == '\n') {
+        shown += c == '\t' ? 't' : 'n';
+      } else {
+        shown += c;
+      }
+    }
+    std::fprintf(stderr, "left out, no line can hold this path: %s\n", shown.c_str());
+  }
+
+  LineReader reader;
+  const RewriteOptions& options;
+  FileWriter& output;
+  char mark = '0';
+  std::string header;  ///< The lines behind the first two.
+  SwiftScopes scopes;
+  std::vector<NamedLine> held;
+  std::vector<std::pair<std::size_t, std::size_t>> swiftLines;  ///< Index in `held`, address.
+  std::set<std::string, std::less<>> leftOut;
+};
+
+}  // namespace
+
+int RewriteTags(std::FILE* input, const RewriteOptions& options, FileWriter& output) {
+  return Rewriter(input, options, output).Run();
+}
+
+}  // namespace vexltags

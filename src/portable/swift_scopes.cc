@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+// Keeps the types of Swift files by their full names.
+#include "portable/swift_scopes.h"
+
+#include <cstddef>
+
+namespace vexltags {
+namespace {
+
+/// The key that a scope of this kind has; empty for a letter that is no type's.
+std::string_view KeyOfLetter(char letter) {
+  switch (letter) {
+    case 'c':
+      return "class";
+    case 's':
+      return "struct";
+    case 'g':
+      return "enum";
+    case 'Y':
+      return "protocol";
+    case 'Z':
+      return "extension";
+    default:
+      return "";
+  }
+}
+
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+std::string FullName(std::string_view path, std::string_view scope, std::string_view name) {
+  std::string result(path);
+  result += '\t';
+  result += scope;
+  if (!scope.empty() && !name.empty()) result += '.';
+  result += name;
+  return result;
+}
+
+}  // namespace
+
+bool IsSwift(std::string_view path) { return path.ends_with(".swift"); }
+
+bool HasKey(std::string_view field) {
+  std::size_t length = 0;
+  while (length < field.size() && IsLetter(field[length])) ++length;
+  return length > 0 && length < field.size() && field[length] == ':';
+}
+
+void SwiftScopes::Add(std::string_view path, const TagLine& tag) {
+  const std::string_view kind = Field(tag.fields, 0);
+  if (kind.size() != 1 || KeyOfLetter(kind[0]).empty()) return;
+  std::string_view scope = Field(tag.fields, 1);
+  if (HasKey(scope)) scope.remove_prefix(scope.find(':') + 1);
+  types[FullName(path, scope, tag.name)].push_back({LineNumber(tag), kind[0]});
+}
+
+std::string_view SwiftScopes::KeyOf(std::string_view path, std::string_view name, long line) const {
+  const auto found = types.find(FullName(path, name, ""));
+  if (found == types.end()) return "scope";
+  const Type* nearest = nullptr;
+  for (const Type& type : found->second) {
+    if (type.line <= line && (nearest == nullptr || type.line >= nearest->line)) nearest = &type;
+  }
+  return nearest == nullptr ? "scope" : KeyOfLetter(nearest->letter);
+}
+
+}  // namespace vexltags

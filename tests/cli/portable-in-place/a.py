@@ -1,0 +1,2 @@
+class Stack:
+    def push(self): pass

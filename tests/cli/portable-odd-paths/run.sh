@@ -1,0 +1,9 @@
+# SPDX-License-Identifier: MIT
+# A path with a blank is written plainly; one that no line can hold is left out with a message.
+tab=$(printf '\t')
+newline='
+'
+for name in 'with blank' "with${tab}tab" "with${newline}newline" 'back\slash'; do
+  cp a.py "$name.py"
+done
+"$VEXLTAGS" --tag-relative *.py | "$VEXLTAGS_PORTABLE" >tags

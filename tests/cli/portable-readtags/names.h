@@ -1,0 +1,4 @@
+int A_b;
+int Aa;
+int ab;
+int _x;

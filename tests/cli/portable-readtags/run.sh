@@ -1,0 +1,14 @@
+# SPDX-License-Identifier: MIT
+# readtags refuses the plain file; through the filter it answers each query, in every order.
+command -v readtags >/dev/null || { echo "readtags is not installed"; exit 77; }
+"$VEXLTAGS" -f tags names.h
+readtags -e -t tags Aa 2>&1 | sed 's/: tags$//' || true
+for order in yes foldcase no; do
+  echo "> $order"
+  "$VEXLTAGS" --tag-relative --sort=$order names.h body.swift | "$VEXLTAGS_PORTABLE" >tags
+  for name in A_b Aa ab _x; do readtags -t tags "$name"; done
+  readtags -t tags -i "MASS_NOW"
+  readtags -t tags -e -p mo
+  readtags -t tags -e -Q '(eq? $kind "s")' -l
+  readtags -t tags -l | wc -l
+done

@@ -1,0 +1,511 @@
+# SPDX-License-Identifier: MIT
+"""The tables of tests/robustness.py: every case with its input, made here, and what must come out."""
+import dataclasses
+import os
+import pathlib
+import random
+import resource
+import socket
+import struct
+import sys
+import typing
+import zlib
+
+import growth
+
+DEEP = 100000
+NOBODY = 65534
+
+# A good file of a language with one tag.
+GOOD = {
+    ".c": lambda name: f"void {name}(void);\n",
+    ".cc": lambda name: f"void {name}(void);\n",
+    ".mm": lambda name: f"void {name}(void);\n",
+    ".swift": lambda name: f"func {name}() {{}}\n",
+    ".py": lambda name: f"def {name}(): pass\n",
+}
+
+
+@dataclasses.dataclass
+class Case:
+    """A row: what `kind` of run it is, and what that run has to show. See the runners."""
+    name: str
+    kind: str
+    suffix: str = ".c"
+    text: typing.Callable = None  # makes the input
+    tags: tuple = ()  # names that must have a tag
+    absent: tuple = ()  # names that must have none
+    counts: tuple = ()  # pairs of a piece of a line and how often the output has it
+    seconds: float = 30
+    mib: float = 0  # the most memory, 0 for no bound of its own
+    large: bool = False
+    arguments: tuple = ()
+    messages: tuple = ()  # pairs of start and end of each line on standard error
+    make: typing.Callable = None  # makes the path and returns it
+    verb: str = "opening"  # "failed opening" or "failed reading"
+    keeps_path: bool = False  # whether the message names the path twice as given
+    user: int = None  # who runs the program
+    needs_root: bool = False
+    name_bytes: bytes = b""
+    escaped: bytes = b""
+    left: bytes = b""  # what stands in the tags file behind a failure
+    count: int = 0
+    stderr: bytes = b""
+    gib: float = 8
+    limits: tuple = ()
+
+
+# --- Depth and repetition: the families of growth.py -----------------------------------------------
+
+# Families at another size than DEEP. Scopes hold their full name in each tag, so that their output
+# grows with the square of the depth up to the cut of a line.
+SIZES = {
+    "c/namespaces": 3000, "c/namespaces-named": 3000, "c/classes": 3000, "c/classes-members": 3000,
+    "c/structs-declarator": 3000, "c/structs-anonymous": 3000, "c/structs-variable": 3000,
+    "swift/classes": 3000, "swift/extensions": 3000, "swift/enums": 3000,
+    "swift/structs-functions": 3000,
+}
+
+# What stands behind these is not found again. In C an opening bracket or keyword without an end takes
+# the rest of the file with it where a rule eats up to the closing one, as does a lexer rule for a
+# comment, a string over lines or a dropped branch; in Swift whatever begins no declaration ends the
+# file's tags, and in Python an open parenthesis behind the name of a definition.
+RESYNCHRONISES = {
+    # Well-formed in the eyes of the rules, from beginning to end.
+    "c": """parentheses-initializer parentheses-statement parentheses-enumerator
+        parentheses-array-size parentheses-parameter parentheses-default parentheses-attribute calls
+        calls-enumerator casts casts-enumerator casts-name casts-pointer static-cast
+        static-cast-enumerator sizeof sizeof-enumerator ternaries ternaries-enumerator
+        ternaries-left ternaries-parentheses operators-sum operators-sum-initializer operators-not
+        operators-star braces-initializer braces-initializer-rows braces-function braces-block
+        brackets-size brackets-row brackets-attribute templates-variable templates-function
+        templates-base templates-parameter templates-alias templates-expression
+        templates-class-name templates-row templates-arguments templates-head
+        templates-head-parameters function-pointer-parameters function-pointer-unnamed
+        function-pointer-variable function-pointer-typedef function-pointer-block
+        function-parameters-row declarators-row declarators-star declarators-star-function lambdas
+        lambdas-call conditionals conditionals-dropped conditionals-else conditionals-elif
+        conditionals-elif-zero conditionals-else-row conditionals-row namespaces classes
+        classes-members structs-anonymous structs-variable structs-declarator extern-c
+        comments-row comments-nested functions enumerators macros macro-lines identifier
+        one-string blanks nul-bytes initializer-list bases words-semicolons words-static
+        closings-parenthesis closings-brace closings-bracket""".split(),
+    "swift": """parentheses calls calls-labels calls-row calls-chain closures closures-call
+        closures-arguments closures-row closures-in-call arrays arrays-elements arrays-row
+        dictionaries dictionaries-keys dictionaries-row tuples subscripts ternaries operators
+        optional-chain types-generic types-array types-dictionary types-tuple types-function
+        types-arrows types-optional types-names types-parameter types-parameter-array
+        types-parameter-function types-result types-extension types-base patterns generics-row
+        parameters-row classes functions-nested extensions comments strings-interpolation
+        strings-interpolation-row strings-interpolation-parentheses strings-multiline attributes
+        attributes-arguments functions conditionals enums-cases""".split(),
+    "python": """parentheses parentheses-statement brackets braces calls defaults defaults-brackets
+        annotations annotations-result bases decorators decorators-row lambdas ternaries
+        parameters-row bases-row classes-one-line classes-indented functions-indented if-indented
+        blank-lines blank-lines-indented functions comments strings-row string-triple
+        closings-parenthesis closings-bracket closings-brace words-name words-minus words-colon
+        words-at unclosed-bracket unclosed-brace unclosed-bracket-lines unclosed-brace-lines""".split(),
+}
+
+
+def family_cases():
+    for name, suffix, maker in growth.families():
+        language, family = name.split("/")
+        size = SIZES.get(name, DEEP)
+
+        def text(maker=maker, suffix=suffix, size=size):
+            return GOOD[suffix]("before") + maker(size) + "\n" + GOOD[suffix]("after")
+        behind = ("after",) if family in RESYNCHRONISES[language] else ()
+        yield Case("depth/" + name, "text", suffix, text, tags=("before", *behind))
+
+    def nested(piece, close, count, numbered=True):
+        return "".join(piece.replace("{i}", str(i) if numbered else "") for i in range(count)) + \
+            close * count
+    yield Case("depth/c/namespaces-all-tagged", "text", ".cc",
+               lambda: nested("namespace n{i} {\n", "}\n", 3000) + "void after(void);\n",
+               tags=("n0", "n1500", "n2999", "after"), counts=((";\"\tn", 3000),))
+    yield Case("depth/c/classes-all-tagged", "text", ".cc",
+               lambda: nested("class c{i} {\n", "};\n", 3000) + "void after(void);\n",
+               tags=("c0", "c1500", "c2999", "after"), counts=((";\"\tc", 3000),))
+    yield Case("depth/swift/classes-all-tagged", "text", ".swift",
+               lambda: nested("class c{i} {\n", "}\n", 3000) + "func after() {}\n",
+               tags=("c0", "c1500", "c2999", "after"), counts=((";\"\tc", 3000),))
+    yield Case("depth/python/classes-all-tagged", "text", ".py",
+               lambda: "".join(" " * i + f"class c{i}:\n" for i in range(3000)) +
+               "def after(): pass\n",
+               tags=("c0", "c1500", "c2999", "after"), counts=((";\"\tc", 3000),))
+    for suffix, opening in ((".c", "("), (".c", "{"), (".c", "int a = f("), (".swift", "let a = ["),
+                            (".swift", "let a = {"), (".py", "def f(a=(")):
+        shown = opening.split()[-1] + suffix
+        yield Case(f"depth/small-address-space/{shown}", "small-memory", suffix,
+                   lambda opening=opening: opening * DEEP, gib=1)
+        yield Case(f"depth/small-stack/{shown}", "small-memory", suffix,
+                   lambda opening=opening: opening * DEEP,
+                   limits=((resource.RLIMIT_STACK, 1 << 20),))
+
+
+# --- Size -------------------------------------------------------------------------------------------
+
+
+def one_line(piece, size):
+    return piece * (size // len(piece))
+
+
+def size_cases():
+    def case(name, suffix, text, **more):
+        return Case("size/" + name, "text", suffix, text, seconds=60, mib=4096, large=True, **more)
+    mib100 = 100 * 2**20
+    for name, suffix, piece, behind in [
+            ("c-declarations", ".c", "int abcdefgh(char c, int d); ", True),
+            ("c-variable-names", ".c", "int abcdefghijkl = 12345; ", True),
+            ("c-words", ".c", "abcdefghijklmnopqrstuvw ", False),
+            ("c-blanks", ".c", " ", True),
+            ("c-comments", ".c", "/* abcdefghi */ ", True),
+            ("c-body", ".c", "{ a = b(c); } ", True),
+            ("swift-declarations", ".swift", "let abcdefgh = 12345; ", True),
+            ("swift-blanks", ".swift", " ", True),
+            ("python-statements", ".py", "abcdefgh = f(12345); ", True),
+            ("python-definitions", ".py", "def abcdefgh(i): pass; ", True)]:
+        def text(piece=piece, suffix=suffix):
+            return GOOD[suffix]("before") + one_line(piece, mib100) + "\n" + GOOD[suffix]("after")
+        yield case("one-line-" + name, suffix, text,
+                   tags=("before", "after") if behind else ("before",))
+    for name, head, byte, tail in [("string", 'char *s = "', "a", '";'), ("number", "int a = ", "1", ";"),
+                                   ("comment", "/*", "*", "*/"), ("line-comment", "//", "a", ""),
+                                   ("condition", "#if ", "a", "\n#endif"), ("nul", "", "\0", "")]:
+        def text(head=head, byte=byte, tail=tail):
+            return "void before(void);\n" + head + byte * mib100 + tail + "\nvoid after(void);\n"
+        yield case("one-token-" + name, ".c", text, tags=("before", "after"))
+    long_name = "x" * (20 * 2**20)
+    for suffix, text in ((".c", f"void {long_name}(void);\n"), (".cc", f"class {long_name} {{\n}};\n"),
+                         (".py", f"def {long_name}(): pass\n"), (".swift", f"func {long_name}() {{}}\n")):
+        yield case("identifier-20-mb" + suffix, suffix,
+                   lambda text=text, suffix=suffix: text + GOOD[suffix]("after"), tags=("after",),
+                   counts=(("\nxxxxxxxx", 1),))
+    million = 10**6
+
+    def rows(piece, count=million):
+        return "".join([piece % i for i in range(count)])
+    yield case("million-functions-c", ".c", lambda: rows("int f%d(int a) { return a; }\n"),
+               counts=((";\"\tf", million),))
+    yield case("million-prototypes-c", ".c", lambda: rows("int f%d(int a);\n"),
+               counts=(("\nf999999", 1),))
+    yield case("million-functions-swift", ".swift", lambda: rows("func f%d(a: Int) { b() }\n"),
+               counts=(("\nf999999", 1), ("\nf500000", 1)))
+    yield case("million-functions-python", ".py", lambda: rows("def f%d(a): return a\n"),
+               counts=(("\nf999999\t", 1), (";\"\tf", million + 2)))
+    yield case("million-enumerators-c", ".c", lambda: "enum E {\n" + rows("A%d = 1,\n") + "};\n",
+               tags=("A0", "A999999"), counts=((";\"\te", million),))
+    yield case("million-enumerators-swift", ".swift",
+               lambda: "enum E {\n" + rows("case a%d\n") + "}\n",
+               tags=("a0", "a999999"), counts=((";\"\te", million),))
+    yield case("macros-300000", ".c", lambda: rows("#define M%d(a) (a + 1)\n", 300000),
+               tags=("M0", "M299999"))
+    yield case("macro-of-a-million-lines", ".c",
+               lambda: "#define M \\\n" + "  a = b; \\\n" * million + "  c\nvoid after(void);\n",
+               tags=("M", "after"))
+    yield case("million-members", ".c", lambda: "struct S {\n" + rows("int m%d;\n") + "};\n",
+               tags=("m0", "m999999"))
+    yield case("million-declarators", ".c", lambda: "int " + rows("a%d, ") + "z;\n",
+               tags=("a0", "a999999", "z"))
+    yield case("million-parameters", ".c", lambda: "void f(" + rows("int a%d, ", 300000) +
+               "int z);\nvoid after(void);\n", tags=("after",))
+    yield case("million-lines-carriage-return", ".c",
+               lambda: "// a comment\rint a;\r" * 500000 + "void after(void);\r", tags=("after",))
+    yield case("million-unclosed-comments", ".c",
+               lambda: "void before(void);\n" + "#define M /*\n" * 300000, tags=("before", "M"))
+
+
+# --- Bytes ------------------------------------------------------------------------------------------
+
+
+def random_bytes(size, seed):
+    return random.Random(seed).randbytes(size)
+
+
+def png():
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+    rows = b"".join(b"\0" + random_bytes(600, row) for row in range(200))
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", 200, 200, 8, 2, 0, 0, 0)) +
+            chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
+
+
+def executable():
+    return pathlib.Path(os.path.realpath(sys.executable)).read_bytes()[:3 * 2**20]
+
+
+def bytes_cases():
+    for suffix, good in GOOD.items():
+        before, after = good("before").encode(), good("after").encode()
+        def case(name, text, tags=(), suffix=suffix, absent=()):
+            return Case(f"bytes/{name}{suffix}", "text", suffix, lambda: text, tags=tags,
+                        absent=absent)
+        both = ("before", "after")
+        yield case("empty", b"")
+        yield case("one-byte", b"\0")
+        yield case("line-end", b"\n")
+        yield case("nul-between", before + b"\0\0\0\n" + after, both)
+        yield case("nul-in-a-line", before + b"\0" + after, both if suffix not in (".py", ".swift") else ("before",))
+        yield case("nul-at-the-end", before + b"\0", ("before",))
+        yield case("nul-million", before + b"\0" * 10**6 + b"\n" + after, both)
+        for seed in range(4):
+            yield case(f"random-{seed}", before + b"\n" + random_bytes(300000, seed), ("before",))
+        yield case("every-byte", before + bytes(range(256)) * 500, ("before",))
+        yield case("every-pair", before + bytes(b for i in range(256) for j in range(256)
+                                                for b in (i, j)), ("before",))
+        text = (before + after).decode()
+        for coding in ("utf-16-le", "utf-16-be", "utf-16", "utf-32"):
+            # Every second character is a NUL, so no word is one.
+            yield case(coding, text.encode(coding), absent=both)
+        # Its three bytes are dropped, one by one. In Swift each takes the next character with it, in
+        # Python a line that begins with a dropped character is no definition's.
+        yield case("byte-order-mark", b"\xef\xbb\xbf" + before + after,
+                   both if suffix != ".swift" else ())
+        yield case("latin-1", before + b"/* \xe9\xe8 */\n" + after
+                   if suffix != ".py" else before + b"# \xe9\xe8\n" + after, both)
+        yield case("utf-8", before + ("// \u00e9\u4e2d\U0001f600\n" if suffix != ".py" else
+                                      "# \u00e9\u4e2d\U0001f600\n").encode() + after, both)
+        yield case("carriage-returns", (before + after).replace(b"\n", b"\r"), both)
+        yield case("carriage-returns-and-line-feeds", (before + after).replace(b"\n", b"\r\n"), both)
+        yield case("no-final-newline", before + after.rstrip(b"\n"), both)
+        yield case("control-z", before + after + b"\x1a", both)
+        yield case("form-feeds", before + b"\x0c\n" + after,
+                   both)
+        yield case("executable", executable())
+        yield case("executable-behind", before + executable(), ("before",))
+        yield case("image", png())
+        yield case("compressed", before + zlib.compress(random_bytes(500000, 5)), ("before",))
+        yield case("script", b"#!/bin/sh\nexec true\n" + after)
+        yield case("high-bytes", before + b"\xff" * 100000 + b"\n" + after, both)
+
+
+# --- Files ------------------------------------------------------------------------------------------
+
+
+def make_folder(place):
+    (place.folder / "folder.c").mkdir()
+    return "folder.c"
+
+
+def make_fifo(place):
+    os.mkfifo(place.folder / "fifo.c")
+    return "fifo.c"
+
+
+def make_socket(place):
+    # Bound by a short name, since the length of a socket's path is limited.
+    here = os.open(".", os.O_RDONLY)
+    with socket.socket(socket.AF_UNIX) as listener:
+        short = f"/tmp/vexltags-{os.getpid()}-{id(place)}"
+        listener.bind(short)
+        os.rename(short, place.folder / "socket.c")
+    os.close(here)
+    return "socket.c"
+
+
+def make_link(target):
+    def make(place):
+        os.symlink(target, place.folder / "link.c")
+        return "link.c"
+    return make
+
+
+def make_circle(place):
+    os.symlink("b.c", place.folder / "a.c")
+    os.symlink("a.c", place.folder / "b.c")
+    return "a.c"
+
+
+def make_below_file(place):
+    place.write("file.c", "void inside(void);\n")
+    return "file.c/x"
+
+
+def make_secret(place):
+    place.write("secret.c", "void secret(void);\n")
+    os.chmod(place.folder / "secret.c", 0)
+    os.chmod(place.folder, 0o777)
+    return "secret.c"
+
+
+def make_closed_folder(place):
+    (place.folder / "closed").mkdir()
+    place.write("closed/a.c", "void secret(void);\n")
+    os.chmod(place.folder / "closed", 0)
+    os.chmod(place.folder, 0o777)
+    return "closed/a.c"
+
+
+def make_sparse(place):
+    # Larger than the parsers can count.
+    with open(place.folder / "sparse.c", "wb") as file:
+        file.truncate(5 * 2**30)
+    return "sparse.c"
+
+
+def named(path):
+    return lambda place: path
+
+
+# Writes, cuts, empties and removes a file until told to stop.
+CHANGER = """
+import os, sys
+path, stop = sys.argv[1:]
+text = ''.join('void function_%d(int a);\\n' % i for i in range(20000))
+turn = 0
+while not os.path.exists(stop):
+    turn += 1
+    with open(path, 'w') as file:
+        file.write(text)
+    os.truncate(path, len(text) // (turn % 7 + 1))
+    if turn % 3 == 0:
+        os.truncate(path, 0)
+    if turn % 5 == 0:
+        os.remove(path)
+"""
+
+
+def file_cases():
+    def bad(name, make, verb, **more):
+        return Case("files/" + name, "bad-path", make=make, verb=verb, **more)
+    yield bad("folder", make_folder, "reading")
+    yield bad("fifo", make_fifo, "reading")
+    yield bad("socket", make_socket, "reading")
+    yield bad("device-null", named("/dev/null"), "reading", keeps_path=True)
+    yield bad("device-endless", named("/dev/zero"), "reading", keeps_path=True)
+    yield bad("terminal", named("/dev/tty"), "reading", keeps_path=True)
+    yield bad("dangling-link", make_link("nowhere.c"), "opening", keeps_path=True)
+    yield bad("circular-links", make_circle, "opening", keeps_path=True)
+    yield bad("link-to-itself", make_link("link.c"), "opening", keeps_path=True)
+    yield bad("below-a-file", make_below_file, "opening", keeps_path=True)
+    yield bad("missing", named("missing.c"), "opening", keeps_path=True)
+    yield bad("missing-folder", named("no/such/folder/a.c"), "opening", keeps_path=True)
+    yield bad("name-too-long", named("a" * 5000), "opening", keeps_path=True)
+    yield bad("path-too-long", named("a/" * 5000 + "a.c"), "opening", keeps_path=True)
+    yield bad("unreadable", make_secret, "reading", user=NOBODY, needs_root=True)
+    yield bad("in-a-closed-folder", make_closed_folder, "opening", keeps_path=True, user=NOBODY,
+              needs_root=True)
+    yield bad("larger-than-4-gib", make_sparse, "reading")
+    yield bad("unknown-option", named("--no-such-option"), "opening", keeps_path=True)
+    for word, name, escaped in [
+            ("blank", b"a b.c", b"a\\ b.c"), ("blanks", b"  .c", b"\\ \\ .c"),
+            ("tab", b"a\tb.c", b"a\\\tb.c"), ("newline", b"a\nb.c", b"a\\\nb.c"),
+            ("carriage-return", b"a\rb.c", b"a\\\rb.c"), ("latin-1", b"\xe9\xe8.c", b"\xe9\xe8.c"),
+            ("no-utf-8", b"\xff\xfe\xc0.c", b"\xff\xfe\xc0.c"),
+            ("quotes", b"a\"b'.c", b"a\\\"b\\'.c"), ("brackets", b"(a)[b]<c>.c",
+                                                     b"\\(a\\)\\[b\\]\\<c\\>.c"),
+            ("backslash", b"a\\b.c", b"a\\b.c"), ("backslash-at-the-end", b"a\\", b"a\\"),
+            ("wildcards", b"*?^.c", b"\\*\\?\\^.c"), ("percent", b"%s%n%d.c", b"%s%n%d.c"),
+            ("control", b"\x01\x7f\x1b[2J.c", b"\x01\x7f\x1b\\[2J.c"),
+            ("longest", b"a" * 250 + b".c", b"a" * 250 + b".c"), ("semicolon", b"a;\".c", b"a;\\\".c"),
+            ("no-suffix", b"noname", b"noname"), ("utf-8", "\u4e2d\U0001f600.c".encode(),
+                                                  "\u4e2d\U0001f600.c".encode())]:
+        yield Case("files/name-" + word, "name", name_bytes=name, escaped=escaped)
+    yield Case("files/changing-while-read", "changing")
+    yield Case("files/list-of-100000", "list", text=lambda: "a.c\n" * 100000, count=100000)
+    yield Case("files/list-of-missing", "list", text=lambda: "a.c\n" + "b.c\n" * 50000, count=1,
+               stderr=b"failed opening b.c b.c\n")
+    yield Case("files/list-of-nul", "list", text=lambda: b"\0" * 10**6 + b"a.c\0" * 3, count=3)
+    yield Case("files/list-of-random", "list", text=lambda: random_bytes(10**6, 1) + b"\na.c\n",
+               count=1, stderr=b"failed ")
+    yield Case("files/list-of-one-long-line", "list", text=lambda: b"a" * (20 * 2**20),
+               stderr=b"failed opening aaaaaaaa")
+    yield Case("files/list-empty", "list", text=lambda: b"",
+               stderr=b"reading from stdin not yet implemented\n")
+
+
+# --- Output -----------------------------------------------------------------------------------------
+
+
+def make_open_folder(place):
+    (place.folder / "out").mkdir()
+    return "out"
+
+
+def make_locked_folder(place):
+    (place.folder / "out").mkdir()
+    os.chmod(place.folder / "out", 0o555)
+    return "out/tags"
+
+
+def make_locked_file(place):
+    place.write("tags", b"old_tag\tx.c\t1;\"\tf\n")
+    os.chmod(place.folder / "tags", 0o444)
+    return "tags"
+
+
+def make_below_output(place):
+    place.write("file", b"")
+    return "file/tags"
+
+
+def output_cases():
+    old = b"old_tag\tx.c\t1;\"\tf\n"
+    yield Case("output/full-device", "full-device")
+    yield Case("output/closed-pipe", "closed-pipe")
+    yield Case("output/full-disk", "full-disk")
+    yield Case("output/full-disk-append", "full-disk", arguments=("--append", "--sort=no"), left=old)
+    yield Case("output/size-limit", "size-limit")
+    yield Case("output/size-limit-replaces", "size-limit", arguments=("--append=no",))
+    yield Case("output/size-limit-append", "size-limit", arguments=("--append", "--sort=no"), left=old)
+    yield Case("output/folder-as-file", "unopenable", make=make_open_folder)
+    yield Case("output/below-a-file", "unopenable", make=make_below_output)
+    yield Case("output/name-too-long", "unopenable", make=named("t" * 5000))
+    yield Case("output/link-to-itself", "unopenable", make=make_link("link.c"))
+    yield Case("output/unwritable-folder", "unopenable", make=make_locked_folder, user=NOBODY,
+               needs_root=True)
+    yield Case("output/unwritable-file", "unopenable", make=make_locked_file, user=NOBODY,
+               needs_root=True)
+
+
+# --- Limits -----------------------------------------------------------------------------------------
+
+
+def limit_cases():
+    gave_up = ("Have been parsing ", " seconds -- skipping")
+    spent = ("Spent ", " parsing PATH")
+
+    def long_c():
+        rows = "".join([f"int f{i}(int a, long b);\n" for i in range(300000)])
+        return "void before(void);\n" + rows + "#define LATE\n"
+
+    def long_swift():
+        rows = "".join([f"func f{i}(a: Int) {{ b() }}\n" for i in range(200000)])
+        return "func before() {}\n" + rows + "func late_tag() {}\n"
+
+    def long_python():
+        rows = "".join([f"def f{i}(a): return a\n" for i in range(400000)])
+        return "def before(): pass\n" + rows + "def late_tag(): pass\n"
+
+    # The time counts from before the lexer, so that a limit this small is over in any case once the
+    # first type is met. A declaration that needs no type still gives its tag.
+    yield Case("limits/abort", "limit", ".c", long_c, arguments=("--abortIfLonger=0.01",),
+               messages=(gave_up,), tags=("LATE",), absent=("f299999",))
+    yield Case("limits/abort-before-report", "limit", ".c", long_c, messages=(gave_up,),
+               arguments=("--abortIfLonger=0.01", "--reportIfLonger=0.01"), tags=("LATE",),
+               absent=("f299999",))
+    yield Case("limits/report", "limit", ".c", long_c, messages=(spent,), tags=("LATE", "f299999"),
+               arguments=("--reportIfLonger=0.01",))
+    yield Case("limits/not-reached", "limit", ".c", long_c, tags=("LATE", "before", "f299999"),
+               arguments=("--reportIfLonger=500", "--abortIfLonger=500"))
+    yield Case("limits/off", "limit", ".c", long_c, tags=("LATE", "f299999"),
+               arguments=("--reportIfLonger=0", "--abortIfLonger=0"))
+    for suffix, text in ((".swift", long_swift), (".py", long_python)):
+        yield Case("limits/no-abort" + suffix, "limit", suffix, text, tags=("late_tag", "before"),
+                   arguments=("--abortIfLonger=0.0001",))
+        yield Case("limits/report" + suffix, "limit", suffix, text, tags=("late_tag", "before"),
+                   messages=(spent,), arguments=("--reportIfLonger=0.01",))
+    yield Case("limits/abort-in-depth", "limit", ".c",
+               lambda: "int a = " + "f(" * DEEP + ")" * DEEP + ";\n" + long_c(),
+               arguments=("--abortIfLonger=0.01",), messages=(gave_up,), tags=("LATE",))
+
+
+def cases():
+    """Every case of the suite."""
+    yield from family_cases()
+    yield from size_cases()
+    yield from bytes_cases()
+    yield from file_cases()
+    yield from output_cases()
+    yield from limit_cases()

@@ -50,14 +50,13 @@ def svg(data):
     for index, row in enumerate(rows):
         y = TOP + STEP * index
         ratio = row.get("ratio")
-        label = "%.1f× · %s" % (ratio, speed(row)) if ratio else speed(row) + " · not in ctags"
+        label = "%.1f× · %s" % (ratio, speed(row)) if ratio else speed(row) + ", not in ctags"
         out.append('  <text x="%d" y="%d" text-anchor="end">%s</text>' %
                    (LEFT - 10, y + 14, html.escape(row["title"])))
-        length = ratio * scale if ratio else 0.0
         if ratio:
             out.append('  <rect class="bar" x="%d" y="%d" width="%.1f" height="%d" rx="2"/>' %
-                       (LEFT, y, length, BAR))
-        out.append('  <text x="%.1f" y="%d">%s</text>' % (LEFT + length + 8, y + 14, label))
+                       (LEFT, y, ratio * scale, BAR))
+        out.append('  <text x="%d" y="%d">%s</text>' % (LEFT + BARS + 14, y + 14, label))
     about = data["about"]
     out.append('  <text class="small" x="12" y="%d">%s</text>' % (height - 4, html.escape(
         " · ".join(x for x in (about["cpu"], about["compiler"], about["date"]) if x))))

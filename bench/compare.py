@@ -21,6 +21,7 @@ import subprocess
 import sys
 import tempfile
 
+sys.dont_write_bytecode = True
 import chart
 import inputs
 

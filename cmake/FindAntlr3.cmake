@@ -12,7 +12,12 @@ find_path(Antlr3_RUNTIME_INCLUDE_DIR antlr3.h)
 # The static library first: the program then runs where the runtime is not installed.
 find_library(Antlr3_RUNTIME_LIBRARY NAMES libantlr3c.a antlr3c)
 
-foreach(_need IN ITEMS JAVA JAR RUNTIME_JAR ST3_JAR ST4_JAR RUNTIME_INCLUDE_DIR RUNTIME_LIBRARY)
+set(_needs RUNTIME_INCLUDE_DIR RUNTIME_LIBRARY)
+# A source archive carries what the generator would make.
+if(NOT EXISTS ${PROJECT_SOURCE_DIR}/src/grammars/generated)
+  list(APPEND _needs JAVA JAR RUNTIME_JAR ST3_JAR ST4_JAR)
+endif()
+foreach(_need IN LISTS _needs)
   if(NOT Antlr3_${_need})
     message(FATAL_ERROR "The ANTLR 3 generator or runtime is missing (Antlr3_${_need}); "
                         "install the packages antlr3, libantlr3c-dev and default-jre-headless.")
@@ -20,12 +25,14 @@ foreach(_need IN ITEMS JAVA JAR RUNTIME_JAR ST3_JAR ST4_JAR RUNTIME_INCLUDE_DIR 
 endforeach()
 
 set(Antlr3_CLASSPATH "${Antlr3_ST3_JAR}:${Antlr3_ST4_JAR}:${Antlr3_JAR}:${Antlr3_RUNTIME_JAR}")
-file(REAL_PATH ${Antlr3_JAR} _jar)
-string(REGEX MATCH "[0-9]+\\.[0-9.]*[0-9]" Antlr3_VERSION "${_jar}")
+if(Antlr3_JAR)
+  file(REAL_PATH ${Antlr3_JAR} _jar)
+  string(REGEX MATCH "[0-9]+\\.[0-9.]*[0-9]" Antlr3_VERSION "${_jar}")
+endif()
 
 include(FindPackageHandleStandardArgs)
-find_package_handle_standard_args(Antlr3 REQUIRED_VARS Antlr3_RUNTIME_LIBRARY Antlr3_JAR
-                                  VERSION_VAR Antlr3_VERSION)
+list(TRANSFORM _needs PREPEND Antlr3_)
+find_package_handle_standard_args(Antlr3 REQUIRED_VARS ${_needs} VERSION_VAR Antlr3_VERSION)
 if(NOT TARGET Antlr3::Runtime)
   add_library(Antlr3::Runtime UNKNOWN IMPORTED)
   set_target_properties(Antlr3::Runtime PROPERTIES

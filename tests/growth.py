@@ -483,7 +483,7 @@ def main():
                 if end:
                     break
             growth = times[-1] / max(times[-2], 0.01) if len(times) > 1 else 0.0
-            bad = bool(end) or (growth > 2.8 and times[-1] > 0.1)
+            bad = bool(end) or (growth > 3.2 and times[-1] > 0.1)
             steep += bad
             cells = ["%.2f" % t for t in times] + ["-"] * (3 - len(times))
             if bad or options.all:

@@ -13,7 +13,8 @@ import zlib
 
 import growth
 
-DEEP = 100000
+DEEP = 100000  # of the large cases
+QUICK = 20000  # of the quick ones
 NOBODY = 65534
 
 # A good file of a language with one tag.
@@ -57,21 +58,25 @@ class Case:
 
 # --- Depth and repetition: the families of growth.py -----------------------------------------------
 
-# Families at another size than DEEP. Scopes hold their full name in each tag, so that their output
-# grows with the square of the depth up to the cut of a line.
+# Families of which no case is deeper than this. Scopes nest no deeper in any source that means
+# something; parameters that are function pointers carry the text of all that they hold.
 SIZES = {
     "c/namespaces": 3000, "c/namespaces-named": 3000, "c/classes": 3000, "c/classes-members": 3000,
     "c/structs-declarator": 3000, "c/structs-anonymous": 3000, "c/structs-variable": 3000,
     "swift/classes": 3000, "swift/extensions": 3000, "swift/enums": 3000,
     "swift/structs-functions": 3000,
+    "c/function-pointer-parameters": 20000, "c/function-pointer-unnamed": 20000,
+    "c/function-pointer-variable": 20000, "c/function-pointer-typedef": 20000,
+    "c/function-pointer-block": 20000, "c/function-parameters": 20000,
+    "c/unclosed-function-pointer": 20000, "c/unclosed-parameter-pointer": 20000,
+    "c/unclosed-typedef-call": 20000,
+    "swift/words-class": 20000, "swift/words-public": 20000,
 }
 
-# What stands behind these is not found again. In C an opening bracket or keyword without an end takes
-# the rest of the file with it where a rule eats up to the closing one, as does a lexer rule for a
-# comment, a string over lines or a dropped branch; in Swift whatever begins no declaration ends the
-# file's tags, and in Python an open parenthesis behind the name of a definition.
+# The families behind which tags must be found: those that the rules read from beginning to end. Behind
+# the others nothing is asked, since what is never closed may take the rest of the file with it, a
+# stray closing bracket ends a C file's tags, and whatever begins no declaration ends a Swift file's.
 RESYNCHRONISES = {
-    # Well-formed in the eyes of the rules, from beginning to end.
     "c": """parentheses-initializer parentheses-statement parentheses-enumerator
         parentheses-array-size parentheses-parameter parentheses-default parentheses-attribute calls
         calls-enumerator casts casts-enumerator casts-name casts-pointer static-cast
@@ -87,9 +92,9 @@ RESYNCHRONISES = {
         lambdas-call conditionals conditionals-dropped conditionals-else conditionals-elif
         conditionals-elif-zero conditionals-else-row conditionals-row namespaces classes
         classes-members structs-anonymous structs-variable structs-declarator extern-c
-        comments-row comments-nested functions enumerators macros macro-lines identifier
+        comments-row functions enumerators macros macro-lines identifier
         one-string blanks nul-bytes initializer-list bases words-semicolons words-static
-        closings-parenthesis closings-brace closings-bracket""".split(),
+        closings-brace""".split(),
     "swift": """parentheses calls calls-labels calls-row calls-chain closures closures-call
         closures-arguments closures-row closures-in-call arrays arrays-elements arrays-row
         dictionaries dictionaries-keys dictionaries-row tuples subscripts ternaries operators
@@ -111,12 +116,15 @@ RESYNCHRONISES = {
 def family_cases():
     for name, suffix, maker in growth.families():
         language, family = name.split("/")
-        size = SIZES.get(name, DEEP)
-
-        def text(maker=maker, suffix=suffix, size=size):
-            return GOOD[suffix]("before") + maker(size) + "\n" + GOOD[suffix]("after")
         behind = ("after",) if family in RESYNCHRONISES[language] else ()
-        yield Case("depth/" + name, "text", suffix, text, tags=("before", *behind))
+        for size, group in ((QUICK, "depth/"), (DEEP, "deep/")):
+            if size == DEEP and (name in SIZES or family.endswith("-lines")):
+                continue  # The quick case is as deep, or there is a deep one all in one line.
+
+            def text(maker=maker, suffix=suffix, size=min(size, SIZES.get(name, size))):
+                return GOOD[suffix]("before") + maker(size) + "\n" + GOOD[suffix]("after")
+            yield Case(group + name, "text", suffix, text, tags=("before", *behind),
+                       large=size == DEEP)
 
     def nested(piece, close, count, numbered=True):
         return "".join(piece.replace("{i}", str(i) if numbered else "") for i in range(count)) + \
@@ -258,8 +266,8 @@ def bytes_cases():
         for coding in ("utf-16-le", "utf-16-be", "utf-16", "utf-32"):
             # Every second character is a NUL, so no word is one.
             yield case(coding, text.encode(coding), absent=both)
-        # Its three bytes are dropped, one by one. In Swift each takes the next character with it, in
-        # Python a line that begins with a dropped character is no definition's.
+        # Its three bytes are dropped. In Swift a dropped character takes the next one with it, so that
+        # the first word is damaged.
         yield case("byte-order-mark", b"\xef\xbb\xbf" + before + after,
                    both if suffix != ".swift" else ())
         yield case("latin-1", before + b"/* \xe9\xe8 */\n" + after
@@ -467,7 +475,7 @@ def limit_cases():
     spent = ("Spent ", " parsing PATH")
 
     def long_c():
-        rows = "".join([f"int f{i}(int a, long b);\n" for i in range(300000)])
+        rows = "".join([f"int f{i}(int a, long b);\n" for i in range(150000)])
         return "void before(void);\n" + rows + "#define LATE\n"
 
     def long_swift():
@@ -481,15 +489,15 @@ def limit_cases():
     # The time counts from before the lexer, so that a limit this small is over in any case once the
     # first type is met. A declaration that needs no type still gives its tag.
     yield Case("limits/abort", "limit", ".c", long_c, arguments=("--abortIfLonger=0.01",),
-               messages=(gave_up,), tags=("LATE",), absent=("f299999",))
+               messages=(gave_up,), tags=("LATE",), absent=("f149999",))
     yield Case("limits/abort-before-report", "limit", ".c", long_c, messages=(gave_up,),
                arguments=("--abortIfLonger=0.01", "--reportIfLonger=0.01"), tags=("LATE",),
-               absent=("f299999",))
-    yield Case("limits/report", "limit", ".c", long_c, messages=(spent,), tags=("LATE", "f299999"),
+               absent=("f149999",))
+    yield Case("limits/report", "limit", ".c", long_c, messages=(spent,), tags=("LATE", "f149999"),
                arguments=("--reportIfLonger=0.01",))
-    yield Case("limits/not-reached", "limit", ".c", long_c, tags=("LATE", "before", "f299999"),
+    yield Case("limits/not-reached", "limit", ".c", long_c, tags=("LATE", "before", "f149999"),
                arguments=("--reportIfLonger=500", "--abortIfLonger=500"))
-    yield Case("limits/off", "limit", ".c", long_c, tags=("LATE", "f299999"),
+    yield Case("limits/off", "limit", ".c", long_c, tags=("LATE", "f149999"),
                arguments=("--reportIfLonger=0", "--abortIfLonger=0"))
     for suffix, text in ((".swift", long_swift), (".py", long_python)):
         yield Case("limits/no-abort" + suffix, "limit", suffix, text, tags=("late_tag", "before"),

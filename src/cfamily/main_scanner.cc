@@ -347,8 +347,9 @@ class MainScanner {
       ++next;
       while (next < end && *next != '\n' && *next != '\r') {
         if (*next == '/' && end - next >= 2 && next[1] == '*') {
-          next = FindCommentClose(next + 2);
-          if (next == nullptr) return false;
+          // One that is never closed is text like any other.
+          const Byte* close = FindCommentClose(next + 2);
+          next = close == nullptr ? next + 1 : close;
         } else if (*next == '\\' && end - next >= 2 && next[1] == '\r') {
           next += end - next >= 3 && next[2] == '\n' ? 3 : 2;
         } else if (*next == '\\' && end - next >= 2 && next[1] == '\n') {
@@ -405,13 +406,16 @@ class MainScanner {
 
   // Behind the first `*/` at or behind `from`; null when there is none.
   const Byte* FindCommentClose(const Byte* from) const {
+    if (cursor.unclosedFrom != nullptr && from >= cursor.unclosedFrom) return nullptr;
+    const Byte* const first = from;
     while (from < end) {
       const auto* star =
           static_cast<const Byte*>(std::memchr(from, '*', static_cast<std::size_t>(end - from)));
-      if (star == nullptr || end - star < 2) return nullptr;
+      if (star == nullptr || end - star < 2) break;
       if (star[1] == '/') return star + 2;
       from = star + 1;
     }
+    cursor.unclosedFrom = first;
     return nullptr;
   }
 

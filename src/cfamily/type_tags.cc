@@ -95,8 +95,7 @@ void VexlTagsParser::DumpDeclDef(bool isMember, const std::string& name, const T
     PrintScopeField();
   } else if (HoldsVariables(kind)) {
     const std::string scope = AppendQualifier(CurrentNamespaceName(), qualifier, false);
-    dumper->PrintFormat("\t%s:%s", NameSpaceKindName(kind).c_str(),
-                        CollapseWhitespace(scope, " ").c_str());
+    dumper->PrintPiece({"\t", NameSpaceKindName(kind), ":", CollapsedForPiece(scope)});
   } else {
     dumper->Print("\tclass:");
     dumper->Print(CollapseWhitespace(qualifier, " "));
@@ -116,12 +115,11 @@ void VexlTagsParser::DumpDeclaration(bool isMember, bool isTypedef, const std::s
   }
   PrintTagHead(name, line, isTypedef ? kind_letter::kTypedef : VariableLetter(isMember));
   if (isMember) {
-    dumper->PrintFormat("\t%s:%s", NameSpaceKindName(scopeKind).c_str(),
-                        CollapseWhitespace(scopeName, " ").c_str());
+    dumper->PrintPiece({"\t", NameSpaceKindName(scopeKind), ":", CollapsedForPiece(scopeName)});
   }
   if (!typeName.empty()) {
-    dumper->PrintFormat("\ttyperef:%s:%s", NameSpaceKindName(typeKind).c_str(),
-                        CollapseWhitespace(typeName, " ").c_str());
+    dumper->PrintPiece(
+        {"\ttyperef:", NameSpaceKindName(typeKind), ":", CollapsedForPiece(typeName)});
   }
   dumper->Print("\n");
 }

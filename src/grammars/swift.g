@@ -491,25 +491,25 @@ class_declaration
   : ( attributes )? ( access_level_modifier )? ( 'final' )? ( 'class' | 'actor' )
     n = declarationIdentifier ( generic_parameter_clause )? ( type_inheritance_clause )?
     ( generic_where_clause )? SW_LCURLY
-    { ctx->builder->OpenScope(1, $n.result); }
+    { ctx->builder->OpenType(1, $n.result); }
   ;
 
 struct_declaration
   : ( attributes )? ( access_level_modifier )? 'struct' n = declarationIdentifier
     ( generic_parameter_clause )? ( type_inheritance_clause )? ( generic_where_clause )? SW_LCURLY
-    { ctx->builder->OpenScope(2, $n.result); }
+    { ctx->builder->OpenType(2, $n.result); }
   ;
 
 protocol_declaration
   : ( attributes )? ( access_level_modifier )? 'protocol' n = declarationIdentifier
     ( type_inheritance_clause )? ( generic_where_clause )? SW_LCURLY
-    { ctx->builder->OpenScope(8, $n.result); }
+    { ctx->builder->OpenType(8, $n.result); }
   ;
 
 extension_declaration
   : ( attributes )? ( access_level_modifier )? 'extension' n = type_identifier
     ( type_inheritance_clause )? ( generic_where_clause )? SW_LCURLY
-    { ctx->builder->OpenScope(12, $n.result); }
+    { ctx->builder->OpenType(12, $n.result); }
   ;
 
 access_level_modifier
@@ -553,14 +553,15 @@ import_path_identifier
   : declarationIdentifier | operator_
   ;
 
-// --- Balanced text, by token type ---
+// --- Balanced text, by token type: one step where the closing bracket is known ---
 
 curlyEater
-options { memoize = true; }
+@init { if (vexltags::StepOverBrackets(ctx, SW_LCURLY, SW_RCURLY)) return; }
   : SW_LCURLY ( ( SW_LCURLY )=> curlyEater | ~( SW_LCURLY | SW_RCURLY ) )* SW_RCURLY
   ;
 
 parenEater
+@init { if (vexltags::StepOverBrackets(ctx, SW_LPAREN, SW_RPAREN)) return; }
   : SW_LPAREN ( ( SW_LPAREN )=> parenEater | ~( SW_LPAREN | SW_RPAREN ) )* SW_RPAREN
   ;
 

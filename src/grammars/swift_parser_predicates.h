@@ -22,8 +22,20 @@ static_assert(SW_SEMI == vexltags::kSwiftSemi && SW_RCURLY == vexltags::kSwiftRC
               SW_Identifier == vexltags::kSwiftIdentifier &&
               SW_Whitespace == vexltags::kSwiftWhitespace &&
               SW_SingleLineComment == vexltags::kSwiftSingleLineComment &&
-              SW_CComment == vexltags::kSwiftCComment &&
-              ANTLR3_TOKEN_EOF == vexltags::kSwiftEndOfFile);
+              SW_CComment == vexltags::kSwiftCComment && SW_ELLIPSIS == vexltags::kSwiftEllipsis &&
+              SW_BACKSLASH == vexltags::kSwiftBackslash &&
+              SW_StringLiteral == vexltags::kSwiftStringLiteral &&
+              SW_RawStringLiteral == vexltags::kSwiftRawStringLiteral &&
+              Attribute == vexltags::kSwiftAttribute && SW_Any == vexltags::kSwiftAny &&
+              Decimal_literal == vexltags::kSwiftDecimal &&
+              Binary_literal == vexltags::kSwiftBinary && Octal_literal == vexltags::kSwiftOctal &&
+              Hexadecimal_literal == vexltags::kSwiftHexadecimal &&
+              SW_BACKTICK == vexltags::kSwiftBacktick && RegexHead == vexltags::kSwiftRegexHead &&
+              SW_CompilerControlStatements == vexltags::kSwiftControlStatement &&
+              SW_ErrorStatement == vexltags::kSwiftErrorStatement &&
+              T__91 == vexltags::kSwiftArrow && T__145 == vexltags::kSwiftHexadecimalPrefix &&
+              T__146 == vexltags::kSwiftBinaryPrefix && T__147 == vexltags::kSwiftOctalPrefix &&
+              T__148 == vexltags::kSwiftDollar && ANTLR3_TOKEN_EOF == vexltags::kSwiftEndOfFile);
 
 /// The types of the tokens around the one that the parser stands at, hidden ones included.
 static vexltags::TokenWindow TokensAround(pswiftParser ctx) {
@@ -36,8 +48,16 @@ static vexltags::TokenWindow TokensAround(pswiftParser ctx) {
             return static_cast<unsigned>(static_cast<pANTLR3_COMMON_TOKEN>(token)->type);
           }};
 #else
-  return {ctx->tokens, [](const void* table, int offset) {
-            return static_cast<const vexltags::TokenTable*>(table)->RawType(offset);
+  // What stands further behind is asked for only when the tokens up to it are adjacent, so it is
+  // the right neighbour of the token in front of it.
+  return {ctx, [](const void* parser, int offset) {
+            vexltags::TokenTable& tokens = *static_cast<const swiftParser*>(parser)->tokens;
+            if (offset <= 1) return tokens.RawType(offset);
+            const std::size_t position = tokens.Position();
+            tokens.Seek(position + static_cast<std::size_t>(offset) - 1);
+            const unsigned type = tokens.RawType(1);
+            tokens.Seek(position);
+            return type;
           }};
 #endif
 }

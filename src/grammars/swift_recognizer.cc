@@ -2,6 +2,7 @@
 // Runs the Swift grammar over one file: the one place that sees its generated names.
 #include "grammars/swift_recognizer.h"
 
+#include "swift/swift_scanner.h"
 #include "swift/swift_tags_parser.h"
 
 // Last: these headers define every token name as a macro.
@@ -17,7 +18,7 @@ struct SwiftGrammar {
   using Builder = SwiftTagsParser;
   static constexpr bool kFiltersTokens = false;
   static constexpr bool kKeepsNeighbours = true;
-  static constexpr Scanner Scan = nullptr;
+  static constexpr Scanner Scan = ScanSwift;
   static pswiftLexer NewLexer(pANTLR3_INPUT_STREAM input) { return swiftLexerNew(input); }
   static pswiftParser NewParser(pANTLR3_COMMON_TOKEN_STREAM tokens) {
     return swiftParserNew(tokens);

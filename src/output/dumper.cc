@@ -41,7 +41,7 @@ void Dumper::Print(std::string_view text) {
 }
 
 void Dumper::PrintFormat(const char* format, ...) {
-  char buffer[1024];
+  char buffer[kLongestPiece + 1];
   va_list arguments;
   va_start(arguments, format);
   const int length = std::vsnprintf(buffer, sizeof buffer, format, arguments);
@@ -50,10 +50,9 @@ void Dumper::PrintFormat(const char* format, ...) {
 }
 
 void Dumper::PrintPiece(std::initializer_list<std::string_view> parts) {
-  constexpr std::size_t kMost = 1023;
   const std::size_t start = pending.size();
   for (const std::string_view part : parts) pending += part.substr(0, part.find('\0'));
-  if (pending.size() - start > kMost) pending.resize(start + kMost);
+  if (pending.size() - start > kLongestPiece) pending.resize(start + kLongestPiece);
   Print("");
 }
 

@@ -2,6 +2,7 @@
 // The one sink of a run: collects whole tag lines of all files, sorts and writes them once.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <initializer_list>
 #include <string>
@@ -28,6 +29,9 @@ class Dumper {
   /// result is cut to 1023 characters without a report, its final newline included.
   /// Named apart from the text form, so that a C string can never be taken for a format by mistake.
   void PrintFormat(const char* format, ...) __attribute__((format(printf, 2, 3)));
+
+  /// The characters that a formatted piece can have.
+  static constexpr std::size_t kLongestPiece = 1023;
 
   /// Prints `parts` as one piece as a format with strings would: each ends at a NUL byte, and the
   /// whole is cut to 1023 characters.

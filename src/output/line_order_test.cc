@@ -110,7 +110,7 @@ TEST(SortLines, AgreesWithThePlainComparators) {
   EXPECT_TRUE(std::is_sorted(sorted.begin(), sorted.end(), CaseCompare()));
 
   std::vector<std::string> byBytes = lines;
-  SortLines(byBytes, 1);
+  Sort(byBytes, 1);
   std::sort(lines.begin(), lines.end());
   EXPECT_EQ(byBytes, lines);
 }

@@ -2,7 +2,6 @@
 // Remembers how long loops of rules went within trials.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -20,14 +19,29 @@ class LoopRuns {
   /// Rounds that a loop makes before it remembers or asks: most loops are shorter.
   static constexpr unsigned kFreeRounds = 32;
 
-  struct Run {
-    std::vector<std::uint32_t> positions;  ///< Token indices, ascending.
-    std::size_t end = 0;                   ///< The token behind the loop, if it succeeded.
+  /// One run that is remembered, with the end that it came to from each of its positions.
+  class Run {
+   public:
+    std::size_t end = 0;  ///< The token behind the loop, if it succeeded.
     bool failed = false;
 
-    bool CameBy(std::size_t position) const {
-      return std::binary_search(positions.begin(), positions.end(), position);
+    bool CameBy(std::size_t position) const { return position < passed.size() && passed[position]; }
+    /// Adds positions from which the loop comes to the same end.
+    void Extend(const std::vector<std::uint32_t>& more) {
+      for (const std::uint32_t position : more) {
+        if (position >= passed.size()) passed.resize(position + position / 2 + 1);
+        passed[position] = true;
+      }
+      positions.insert(positions.end(), more.begin(), more.end());
     }
+    void Clear() {
+      for (const std::uint32_t position : positions) passed[position] = false;
+      positions.clear();
+    }
+
+   private:
+    std::vector<bool> passed;              ///< By token index.
+    std::vector<std::uint32_t> positions;  ///< The indices that are set.
   };
 
   /// The last long run of the loop with this decision number.
@@ -67,12 +81,10 @@ class LoopMemo {
     const std::size_t position = ctx->tokens->Position();
     const LoopRuns::Run& last = ctx->loops->Last(loop);
     if (!last.CameBy(position)) {
-      if (positions.empty() || position > positions.back()) {
-        positions.push_back(static_cast<std::uint32_t>(position));
-      }
+      positions.push_back(static_cast<std::uint32_t>(position));
       return false;
     }
-    positions.clear();
+    joined = true;
     state->errorRecovery = 0;
     if (last.failed) {
       state->failed = 1;
@@ -82,11 +94,17 @@ class LoopMemo {
     return true;
   }
 
-  // Of the last round nothing is known but where it began: it may have matched no token.
   __attribute__((noinline)) void Keep() {
-    positions.pop_back();
-    if (positions.empty()) return;
-    ctx->loops->Last(loop) = {std::move(positions), ctx->tokens->Position(), state->failed != 0};
+    LoopRuns::Run& last = ctx->loops->Last(loop);
+    if (!joined) {
+      // Of the last round nothing is known but where it began: it may have matched no token.
+      positions.pop_back();
+      if (positions.empty()) return;
+      last.Clear();
+      last.end = ctx->tokens->Position();
+      last.failed = state->failed != 0;
+    }
+    last.Extend(positions);
   }
 
   Context* ctx;
@@ -94,6 +112,7 @@ class LoopMemo {
   decltype(ctx->pParser->rec->state) state;
   bool isTrial;
   unsigned round = 0;
+  bool joined = false;
   std::vector<std::uint32_t> positions;
 };
 

@@ -173,6 +173,13 @@ void ParserStateBase::PrintCollapsed(const std::string& name) const {
   }
 }
 
+std::string ParserStateBase::CollapsedForPiece(const std::string& text) {
+  if (text.size() <= Dumper::kLongestPiece) return CollapseWhitespace(text, " ");
+  // White space only shrinks, so what was too long may still be, or fit after all.
+  std::string collapsed = CollapseWhitespace(text.substr(0, 4 * Dumper::kLongestPiece), " ");
+  return collapsed.size() > Dumper::kLongestPiece ? collapsed : CollapseWhitespace(text, " ");
+}
+
 void ParserStateBase::PrintPosition(int line, std::string_view letter) const {
   dumper->PrintPiece({"\t", FileField(), "\t", std::to_string(line), ";\"\t", letter});
 }

@@ -92,6 +92,8 @@ class ParserStateBase {
   const std::string& CollapsedScope() const { return scopeText.Collapsed(); }
   /// Prints a name with white space collapsed.
   void PrintCollapsed(const std::string& name) const;
+  /// `text` with white space collapsed, as far as a formatted piece can hold it.
+  static std::string CollapsedForPiece(const std::string& text);
   /// Prints the file field, `line` and the kind letter, each with its tab.
   void PrintPosition(int line, std::string_view letter) const;
   /// Prints the field that names the innermost scope: its word and `CollapsedScope`.

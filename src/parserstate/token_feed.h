@@ -19,6 +19,8 @@ struct ScanCursor {
   /// position in the line. That is the line's first character, but for the first line the second.
   const unsigned char* columnZero;
   unsigned errors;  ///< Lexer errors that the scanner counted.
+  /// The first place from which a scanner has looked in vain for the end of a comment; null before.
+  const unsigned char* unclosedFrom = nullptr;
 };
 
 /// Reads tokens into `table` as the generated lexer would, as far as it knows how to, and stops

@@ -16,7 +16,7 @@ class PythonTagsParserTest : public testing::Test {
   Dumper dumper;
   PythonTagsParser builder{options, dumper, "a.py"};
 
-  const std::vector<std::string>& Lines() const { return dumper.Lines(); }
+  std::vector<std::string> Lines() const { return dumper.Lines(); }
 };
 
 TEST_F(PythonTagsParserTest, ADefRightInsideAClassIsAMethod) {

@@ -13,7 +13,8 @@ class TokenWindow {
   /// when negative; outside the file the type of its end.
   using TypeReader = unsigned (*)(const void* tokens, int offset);
 
-  /// A window on `tokens`, which it does not own, as `reader` sees them.
+  /// A window on `tokens`, which it does not own, as `reader` sees them. What stands two or more
+  /// places behind the current token is asked for only while all tokens between are operators.
   TokenWindow(const void* tokens, TypeReader reader) : tokens_(tokens), reader_(reader) {}
 
   unsigned Type(int offset) const { return reader_(tokens_, offset); }

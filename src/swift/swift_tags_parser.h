@@ -34,7 +34,7 @@ class SwiftTagsParser : public ParserStateBase {
   void DumpNamed(long kind, const Name& name);
   void DumpEach(long kind, const VectorOfName& names);
   /// `Dump`, then opens the type as a scope.
-  void OpenScope(long kind, const Name& name);
+  void OpenType(long kind, const Name& name);
   /// Writes an enum, then opens it as a scope.
   void OpenEnum(const Name& name);
 
@@ -43,9 +43,8 @@ class SwiftTagsParser : public ParserStateBase {
   CurlyType PopRCurly(int line);
 
  private:
-  void DumpLineAndScope(int line, const std::string& letter);
-  /// `CurrentNamespaceName` without runs of white space, as far as a line shows it.
-  std::string ScopeText() const;
+  /// Prints what stands behind the name: file field, line, letter and scope.
+  void DumpRest(int line, const std::string& letter);
 };
 
 }  // namespace vexltags

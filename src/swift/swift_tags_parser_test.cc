@@ -56,7 +56,7 @@ TEST_F(SwiftTagsParserTest, TakesAKeywordsTextAndLine) {
 
 TEST_F(SwiftTagsParserTest, CollapsesWhiteSpaceInNamesAndScopes) {
   builder.DumpSwiftFunction("+ \n +", ParamList(), 1);
-  builder.OpenScope(12, Name("A\t B", 2));
+  builder.OpenType(12, Name("A\t B", 2));
   builder.DumpNamed(11, Name("x", 3));
   EXPECT_EQ(dumper.Lines(), (Lines{"+ +()\ta.swift\t1;\"\tf\n", "A B\ta.swift\t2;\"\tZ\n",
                                    "x\ta.swift\t3;\"\tV\tA B\n"}));
@@ -86,8 +86,8 @@ TEST_F(SwiftTagsParserTest, DumpClassKnowsTwoLetters) {
 }
 
 TEST_F(SwiftTagsParserTest, NamesScopesByDottedNames) {
-  builder.OpenScope(12, Name("A.B", 1));
-  builder.OpenScope(2, Name("C", 1));
+  builder.OpenType(12, Name("A.B", 1));
+  builder.OpenType(2, Name("C", 1));
   builder.DumpNamed(11, Name("x", 2));
   builder.DumpSwiftFunction("f", ParamList(), 3);
   EXPECT_EQ(builder.CurrentNamespaceName(), "A.B.C");
@@ -97,7 +97,7 @@ TEST_F(SwiftTagsParserTest, NamesScopesByDottedNames) {
 }
 
 TEST_F(SwiftTagsParserTest, WritesEnumsAsTheBaseDoes) {
-  builder.OpenScope(1, Name("A", 1));
+  builder.OpenType(1, Name("A", 1));
   builder.OpenEnum(Name("E", 2));
   builder.DumpEnumerator(Name("a", 3));
   EXPECT_EQ(dumper.Lines(), (Lines{"A\ta.swift\t1;\"\tc\n", "E\ta.swift\t2;\"\tg\tclass:A\n",
@@ -114,8 +114,8 @@ TEST_F(SwiftTagsParserTest, WritesOneTagForEachName) {
 }
 
 TEST_F(SwiftTagsParserTest, AClosingCurlyClosesTheInnermostScope) {
-  builder.OpenScope(1, Name("A", 1));
-  builder.OpenScope(2, Name("B", 1));
+  builder.OpenType(1, Name("A", 1));
+  builder.OpenType(2, Name("B", 1));
   EXPECT_EQ(builder.PopRCurly(2), CurlyType::Class);
   EXPECT_EQ(builder.CurrentNamespaceName(), "A");
   EXPECT_EQ(builder.PopRCurly(3), CurlyType::Class);
@@ -133,7 +133,7 @@ TEST_F(SwiftTagsParserTest, ASurplusCurlyIsNamedWithDumpErrors) {
   testing::internal::CaptureStderr();
   EXPECT_EQ(builder.PopRCurly(2), CurlyType::Function);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "error -- } imbalance a.swift:2\n");
-  builder.OpenScope(1, Name("A", 3));
+  builder.OpenType(1, Name("A", 3));
   builder.PopRCurly(4);
   EXPECT_EQ(builder.CurrentNamespaceName(), "");
 }
@@ -141,7 +141,7 @@ TEST_F(SwiftTagsParserTest, ASurplusCurlyIsNamedWithDumpErrors) {
 TEST_F(SwiftTagsParserTest, DebugDumpChangesOnlyEnums) {
   options.debugDump = true;
   builder.DumpSwiftFunction("f", ParamList(), 1);
-  builder.OpenScope(1, Name("A", 2));
+  builder.OpenType(1, Name("A", 2));
   builder.DumpNamed(10, Name("x", 3));
   testing::internal::CaptureStdout();
   builder.OpenEnum(Name("E", 4));

@@ -1,0 +1,65 @@
+# SPDX-License-Identifier: MIT
+# What an installed copy holds, the packages made of it (cpack: .deb and .tar.xz), and the target
+# source_archive: the sources with the generated recognisers, which build without Java.
+include(GNUInstallDirs)
+
+# The version is written down in one place.
+file(STRINGS ${PROJECT_SOURCE_DIR}/src/driver/version.h _line REGEX "kVersion\\[\\] = ")
+string(REGEX REPLACE ".*\"(.*)\".*" "\\1" VEXLTAGS_VERSION "${_line}")
+
+install(TARGETS vexltags vexltags-portable RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES doc/vexltags.1 doc/vexltags-portable.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+# Shells look for completions by the name of the command.
+foreach(_command IN ITEMS vexltags vexltags-portable)
+  install(FILES completions/vexltags.bash RENAME ${_command}
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES completions/vexltags.fish RENAME ${_command}.fish
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+endforeach()
+install(FILES completions/_vexltags DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES LICENSE RENAME copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES doc/tags-format.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/doc)
+install(DIRECTORY editors DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY hooks DESTINATION ${CMAKE_INSTALL_DOCDIR} USE_SOURCE_PERMISSIONS)
+
+set(CPACK_GENERATOR DEB TXZ)
+set(CPACK_PACKAGE_NAME vexltags)
+set(CPACK_PACKAGE_VENDOR "The vexltags developers")
+set(CPACK_PACKAGE_CONTACT "The vexltags developers <vexltags@localhost>")
+set(CPACK_PACKAGE_VERSION ${VEXLTAGS_VERSION})
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "tags files of C, C++, Objective-C, Swift and Python")
+set(CPACK_PACKAGE_DESCRIPTION
+    "Indexes source files for editors: one line for each function, method, class, enum, macro and
+ member, in the extended tags format.")
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION devel)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "vim | neovim | emacs | universal-ctags")
+find_program(VEXLTAGS_SHLIBDEPS dpkg-shlibdeps)
+mark_as_advanced(VEXLTAGS_SHLIBDEPS)
+if(VEXLTAGS_SHLIBDEPS)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+else()
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6, libgcc-s1, libstdc++6")
+endif()
+include(CPack)
+
+# Only a build that generates has something to put into the archive.
+get_property(_generated GLOBAL PROPERTY VEXLTAGS_GENERATED)
+if(_generated)
+  list(TRANSFORM _generated PREPEND vexltags_generate_ OUTPUT_VARIABLE _generate_targets)
+  add_custom_target(source_archive
+    COMMAND ${CMAKE_COMMAND} -D SOURCE=${PROJECT_SOURCE_DIR} -D BUILD=${CMAKE_BINARY_DIR}
+            -D VERSION=${VEXLTAGS_VERSION} -D "GRAMMARS=${_generated}"
+            -P ${PROJECT_SOURCE_DIR}/cmake/SourceArchive.cmake
+    DEPENDS ${_generate_targets}
+    COMMENT "Packing vexltags-${VEXLTAGS_VERSION}-source.tar.xz"
+    VERBATIM)
+endif()

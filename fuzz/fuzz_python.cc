@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+// Fuzz target: the grammar of Python over bytes from memory.
+#include <cstddef>
+#include <cstdint>
+
+#include "recognizer_target.h"
+
+#include "grammars/python_recognizer.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  vexltags::fuzz::RunFromMemory(vexltags::RunPython, data, size);
+  return 0;
+}

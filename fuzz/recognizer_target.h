@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// What the fuzz targets of the three grammars share: one input, one run from memory.
+#pragma once
+
+#include <antlr3.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "parserstate/recognizer.h"
+
+namespace vexltags::fuzz {
+
+/// One of the functions that run a grammar over a file.
+using RunGrammar = RecognizerCounts (*)(pANTLR3_INPUT_STREAM, const Options&, Dumper&,
+                                        const std::string&);
+
+/// Runs a grammar over `size` bytes at `data` as a file of that content, with the recognisers kept
+/// from one input to the next, as a run over many files does. Stops the process when a tag line is
+/// no line.
+inline void RunFromMemory(RunGrammar run, const std::uint8_t* data, std::size_t size) {
+  static std::vector<ANTLR3_UINT8> bytes;
+  static std::vector<ANTLR3_UINT8> name = {'i', 'n', 'p', 'u', 't', 0};
+  static pANTLR3_INPUT_STREAM input = nullptr;
+  static const Options options;
+
+  // Exactly as large as the input, so that a look behind its end is noticed.
+  bytes = std::vector<ANTLR3_UINT8>(data, data + size);
+  bytes.reserve(1);
+  const auto length = static_cast<ANTLR3_UINT32>(size);
+  if (input == nullptr) {
+    input = antlr3StringStreamNew(bytes.data(), ANTLR3_ENC_8BIT, length, name.data());
+  } else {
+    input->strFactory->close(input->strFactory);
+    input->strFactory = antlr3StringFactoryNew(ANTLR3_ENC_8BIT);
+    input->istream->streamName = nullptr;
+    input->reuse(input, bytes.data(), length, name.data());
+  }
+
+  // Short of the eight MiB that a stack usually has.
+  constexpr std::size_t kStack = std::size_t{6} << 20;
+  stackLimit = static_cast<const char*>(__builtin_frame_address(0)) - kStack;
+  Dumper dumper;
+  run(input, options, dumper, "input");
+  for (const std::string& line : dumper.Lines()) {
+    const bool isLine = line.size() > 2 && line.back() == '\n' && line.find('\t') < line.size();
+    if (!isLine) __builtin_trap();
+  }
+}
+
+}  // namespace vexltags::fuzz

@@ -1,0 +1,3 @@
+class Bar:
+    pass
+def zoo(): pass

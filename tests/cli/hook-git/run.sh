@@ -1,0 +1,43 @@
+# SPDX-License-Identifier: MIT
+# The git hook writes tags after commit, checkout and merge, and does not mind what git lists in vain.
+command -v git >/dev/null || { echo "git is not installed"; exit 77; }
+mkdir bin
+ln -s "$VEXLTAGS" bin/vexltags
+PATH=$PWD/bin:$PATH
+export GIT_CONFIG_NOSYSTEM=1 GIT_AUTHOR_NAME=a GIT_AUTHOR_EMAIL=a@b GIT_COMMITTER_NAME=a GIT_COMMITTER_EMAIL=a@b
+git -c init.defaultBranch=main init -q repo
+cd repo
+mkdir -p .git/hooks 'a dir'
+for hook in post-checkout post-merge post-commit post-rewrite; do
+  cp "$VEXLTAGS_SOURCE/hooks/git/refresh-tags" .git/hooks/$hook
+done
+echo tags >>.git/info/exclude
+names() { echo "$1: $(grep -v '^!' tags | cut -f 1 | tr '\n' ' ')"; }
+
+echo 'def one(): pass' >'a dir/é.py'
+echo 'int no_source;' >notes.txt
+git add .
+git commit -qm one
+names commit
+git checkout -q -b side
+echo 'int two;' >two.c
+git add .
+git commit -qm two
+names commit
+git checkout -q main
+names checkout
+git merge -q side >/dev/null
+names merge
+cd 'a dir'
+git rm -q ../two.c
+git commit -qm gone
+cd ..
+names 'commit from below'
+rm 'a dir/é.py'
+git checkout -q side
+names 'checkout of a tree with a file missing'
+git status --short
+ls .git | grep tags || true
+rm ../bin/vexltags
+git checkout -q main
+names 'checkout without the program'

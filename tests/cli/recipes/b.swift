@@ -1,0 +1,1 @@
+func two(to a: Int) {}

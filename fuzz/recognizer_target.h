@@ -9,7 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "driver/options.h"
+#include "output/dumper.h"
 #include "parserstate/recognizer.h"
+#include "parserstate/stack_guard.h"
 
 namespace vexltags::fuzz {
 

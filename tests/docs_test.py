@@ -141,8 +141,8 @@ class Options(unittest.TestCase):
         for part, expected in ((own_part, all_options()), (filter_part, filter_options())):
             found = set()
             for line in re.findall(r"^ +('.*)$", part, re.MULTILINE):
-                spec = re.sub(r"'\(.*?\)'", "", line).split("[")[0]
-                found |= set(re.findall(rf"(?<![\w-]){OPTION}", spec))
+                names = re.sub(r"'\(.*?\)'", "", line).split("[")[0]
+                found |= set(re.findall(rf"(?<![\w-]){OPTION}", names))
             self.assertEqual(found, expected)
 
     def test_fish(self):

@@ -27,7 +27,6 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import robustness_inputs as inputs  # noqa: E402
 
 GIB = 2**30
-NOBODY = 65534
 
 
 class Skip(Exception):

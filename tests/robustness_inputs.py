@@ -156,7 +156,9 @@ def family_cases():
 
 
 def one_line(piece, size):
-    return piece * (size // len(piece))
+    # In Python blanks in front of a line end take the line end with them.
+    text = piece * (size // len(piece))
+    return text if piece.isspace() else text.rstrip()
 
 
 def size_cases():

@@ -395,13 +395,19 @@ class MainScanner {
   }
 
   // The next `\r` or `\n` at or behind `from`, or the end.
-  const Byte* FindLineEnd(const Byte* from) const {
-    const auto* newline =
-        static_cast<const Byte*>(std::memchr(from, '\n', static_cast<std::size_t>(end - from)));
-    const Byte* limit = newline == nullptr ? end : newline;
-    const auto* carriageReturn =
-        static_cast<const Byte*>(std::memchr(from, '\r', static_cast<std::size_t>(limit - from)));
-    return carriageReturn == nullptr ? limit : carriageReturn;
+  const Byte* FindLineEnd(const Byte* from) {
+    // The newline is remembered: where lines end in `\r` alone it may be far.
+    if (from < newlineFrom || from > newline) {
+      newlineFrom = from;
+      newline = Find('\n', from, end);
+    }
+    return Find('\r', from, newline);
+  }
+
+  // The first `c` from `from` on, or `limit`.
+  static const Byte* Find(char c, const Byte* from, const Byte* limit) {
+    const void* found = std::memchr(from, c, static_cast<std::size_t>(limit - from));
+    return found == nullptr ? limit : static_cast<const Byte*>(found);
   }
 
   // Behind the first `*/` at or behind `from`; null when there is none.
@@ -435,6 +441,8 @@ class MainScanner {
   TokenTable& table;
   const Byte* at;
   const Byte* const end;
+  const Byte* newlineFrom = end;  ///< The last search for a newline began here ...
+  const Byte* newline = nullptr;  ///< ... and found this, or the end.
 };
 
 }  // namespace

@@ -788,20 +788,13 @@ options { memoize = true; }
   : ( ( try_operator )=> try_operator )? ( 'await' )?
     ( ( prefix_expression SW_QUESTIONMARK expression SW_COLON expression )=>
       prefix_expression SW_QUESTIONMARK expression SW_COLON expression
-    | prefix_expression ( infix_expressions )?
+    | prefix_expression ( infix_expression )*
     )
   | availability_condition
   ;
 
 try_operator
   : 'try' ( ( SW_QUESTIONMARK | SW_NOT ) )*
-  ;
-
-// One or more, as a recursion and not as a loop: where expressions nest in their last part, each
-// level then remembers the rest of the list instead of running through it again.
-infix_expressions
-options { memoize = true; }
-  : infix_expression ( infix_expressions )?
   ;
 
 infix_expression

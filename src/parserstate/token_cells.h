@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <deque>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -74,8 +75,8 @@ class TokenCells {
 
   static constexpr std::size_t kSpare = 8;
   std::size_t firstBlock = 0;
-  std::vector<std::unique_ptr<Block>> blocks;  ///< blocks[i] holds block number firstBlock + i.
-  std::vector<std::unique_ptr<Block>> spare;   ///< Given back, for the next use.
+  std::deque<std::unique_ptr<Block>> blocks;  ///< blocks[i] holds block number firstBlock + i.
+  std::vector<std::unique_ptr<Block>> spare;  ///< Given back, for the next use.
 };
 
 }  // namespace vexltags

@@ -100,13 +100,13 @@ class PythonScanner {
 
   // The line end belongs to the comment, so a comment without one is no token.
   bool SkipComment(const Byte* hash) {
-    const auto* newline =
-        static_cast<const Byte*>(std::memchr(hash, '\n', static_cast<std::size_t>(end - hash)));
-    const Byte* limit = newline == nullptr ? end : newline;
-    const auto* stop =
-        static_cast<const Byte*>(std::memchr(hash, '\r', static_cast<std::size_t>(limit - hash)));
-    if (stop == nullptr) stop = newline;
-    if (stop == nullptr) return false;
+    // The newline is remembered: where lines end in `\r` alone it may be far.
+    if (hash < newlineFrom || hash > newline) {
+      newlineFrom = hash;
+      newline = Find('\n', hash, end);
+    }
+    const Byte* stop = Find('\r', hash, newline);
+    if (stop == end) return false;
     at = stop;
     return SkipLineEnd();
   }
@@ -188,15 +188,23 @@ class PythonScanner {
     ++cursor.errors;
   }
 
-  void NextLine(const Byte* newline) {
+  // The first `c` from `from` on, or `limit`.
+  static const Byte* Find(char c, const Byte* from, const Byte* limit) {
+    const void* found = std::memchr(from, c, static_cast<std::size_t>(limit - from));
+    return found == nullptr ? limit : static_cast<const Byte*>(found);
+  }
+
+  void NextLine(const Byte* lineEnd) {
     ++cursor.line;
-    cursor.columnZero = newline + 1;
+    cursor.columnZero = lineEnd + 1;
   }
 
   ScanCursor& cursor;
   TokenTable& table;
   const Byte* at;
   const Byte* const end;
+  const Byte* newlineFrom = end;  ///< The last search for a newline began here ...
+  const Byte* newline = nullptr;  ///< ... and found this, or the end.
 };
 
 }  // namespace

@@ -59,15 +59,16 @@ class Recognizers {
   /// True when they were made for `stream` and can read its present file as new ones would.
   bool CanReuse(pANTLR3_INPUT_STREAM stream) const {
 #ifdef VEXLTAGS_PLAIN
-    return false && stream == input;
+    static_cast<void>(stream);
+    return false;
 #else
     return stream == input;
 #endif
   }
 
   /// Runs the grammar over the file that the stream has now.
-  RecognizerCounts Run(const Options& options, Dumper& dumper, const std::string& stored,
-                       TagsLexerState& fileState, typename Grammar::Builder& builder) {
+  RecognizerCounts Run(const Options& options, TagsLexerState& fileState,
+                       typename Grammar::Builder& builder) {
     Reset();
     if (!options.dumpErrors) {
       SilenceErrors(lexer->pLexer->rec);
@@ -154,7 +155,7 @@ RecognizerCounts RunRecognizer(pANTLR3_INPUT_STREAM input, const Options& option
     kept = std::make_unique<Recognizers<Grammar>>(input);
   }
   RecognizerCounts counts;
-  if (kept->AreComplete()) counts = kept->Run(options, dumper, stored, fileState, builder);
+  if (kept->AreComplete()) counts = kept->Run(options, fileState, builder);
   if (options.dumpErrors) kept.reset();
   return counts;
 }

@@ -110,26 +110,26 @@ TEST(DumperFileName, IsTheStoredPathByDefault) {
 TEST(DumperFileName, IsRelativeOnRequest) {
   const ScratchFolder scratch;
   const std::string& root = scratch.Path();
-  std::filesystem::create_directories(scratch.Path("home/work"));
+  std::filesystem::create_directories(scratch.Path("home/tree"));
   const ScopedVariable home("HOME", scratch.Path("home").c_str());
-  const ScopedVariable pwd("PWD", scratch.Path("home/work").c_str());
+  const ScopedVariable pwd("PWD", scratch.Path("home/tree").c_str());
   const struct {
     bool cannonical;
     std::string path;
     std::string field;
   } cases[] = {
-      {true, "~/work/x.c", "x.c"},
+      {true, "~/tree/x.c", "x.c"},
       {true, "~/x.c", "../x.c"},
       {true, root + "/x.c", "../../x.c"},
       {true, "/x.c", "/x.c"},
       {true, "/elsewhere/x.c", "/elsewhere/x.c"},
-      {false, root + "/home/work/x.c", "x.c"},
+      {false, root + "/home/tree/x.c", "x.c"},
       {false, root + "/home/x.c", "../x.c"},
-      {false, "~/work/x.c", "~/work/x.c"},
+      {false, "~/tree/x.c", "~/tree/x.c"},
   };
   for (const auto& c : cases) {
     const int status = RunInChild([&c, &scratch] {
-      const ScopedDirectory directory(scratch.Path("home/work"));
+      const ScopedDirectory directory(scratch.Path("home/tree"));
       Options options;
       options.tagRelative = true;
       options.cannonicalPaths = c.cannonical;

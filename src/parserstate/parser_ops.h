@@ -82,6 +82,8 @@ class RuleMemo {
   explicit RuleMemo(Context* context) : ctx(context), state(context->pParser->rec->state) {
     static_assert(kRule < TrialTable::kRules);
     if (state->backtracking == 0) return;
+    // The time limit may have struck within the trial that asks.
+    ctx->trials->SetGivenUp(ctx->fileState->Aborted());
     start = ctx->tokens->Position();
     const TrialTable::Outcome kept = ctx->trials->FindRule(kRule, start);
     if (kept.known) {

@@ -17,6 +17,7 @@ void TokenTable::Reset() {
   lines.clear();
   before.clear();
   behind.clear();
+  gapsBefore.clear();
   dropped.clear();
   replaced.clear();
   for (Partners& kind : partners) kind.close.clear();
@@ -41,6 +42,8 @@ void TokenTable::Add(unsigned type, const unsigned char* start, const unsigned c
 void TokenTable::AddNeighbour(unsigned type, bool isVisible) {
   const auto small = static_cast<std::uint8_t>(type);
   if (isVisible) {
+    const std::uint32_t gaps = gapsBefore.empty() ? 0 : gapsBefore.back();
+    gapsBefore.push_back(gaps + (lastHidden != 0));
     before.push_back(lastHidden);
     behind.push_back(0);
     lastHidden = 0;
@@ -164,12 +167,11 @@ unsigned TokenTable::RawType(int offset) const {
     if (before[position] != 0) return before[position];
     return position == 0 ? kEnd : static_cast<unsigned>(types[position - 1]);
   }
-  std::size_t index = position;
-  for (; offset > 0; --offset) {
-    if (index >= count) return kEnd;
-    if (behind[index] != 0) return offset == 1 ? behind[index] : kEnd;
-    ++index;
-  }
+  if (offset == 0) return position < count ? static_cast<unsigned>(types[position]) : kEnd;
+  const std::size_t index = position + static_cast<std::size_t>(offset);
+  if (position >= count || index > count) return kEnd;
+  if (gapsBefore[index - 1] != gapsBefore[position]) return kEnd;
+  if (behind[index - 1] != 0) return behind[index - 1];
   return index < count ? static_cast<unsigned>(types[index]) : kEnd;
 }
 

@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "parserstate/std_string.h"
 
@@ -123,4 +124,36 @@ TEST_F(TokenTableTest, KnowsRawNeighbours) {
 }
 
 }  // namespace
+TEST_F(TokenTableTest, KnowsRawTypesAsFarAsTokensAreAdjacent) {
+  constexpr auto kEnd = static_cast<unsigned>(ANTLR3_TOKEN_EOF);
+  TokenTable table(input);
+  table.KeepNeighbours();
+  table.Add(kMark, text, text + 1, 1);
+  table.Add(kWord, text + 1, text + 2, 1);
+  table.AddHidden(kBlank);
+  table.AddHidden(kMark);
+  table.Add(kWord, text + 3, text + 4, 1);
+  table.Add(kMark, text + 4, text + 5, 1);
+  table.Add(kWord, text + 5, text + 6, 1);
+  table.Finish(1);
+  const struct {
+    std::size_t position;
+    std::vector<unsigned> types;  ///< From offset 0 on.
+  } cases[] = {
+      {0, {kMark, kWord, kBlank, kEnd, kEnd, kEnd, kEnd}},
+      {1, {kWord, kBlank, kEnd, kEnd, kEnd, kEnd}},
+      {2, {kWord, kMark, kWord, kEnd, kEnd}},
+      {3, {kMark, kWord, kEnd, kEnd}},
+      {4, {kWord, kEnd, kEnd}},
+      {5, {kEnd, kEnd, kEnd}},
+  };
+  for (const auto& c : cases) {
+    table.Seek(c.position);
+    for (std::size_t offset = 0; offset < c.types.size(); ++offset) {
+      EXPECT_EQ(table.RawType(static_cast<int>(offset)), c.types[offset])
+          << offset << " from " << c.position;
+    }
+  }
+}
+
 }  // namespace vexltags

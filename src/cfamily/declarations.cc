@@ -71,8 +71,9 @@ void BeginFunctionPointer(Param& pointer, const TypeDescriptor& type) {
   pointer.line = type.line;
 }
 
-void EndFunctionPointer(Param& pointer, const ParamList& params,
+void EndFunctionPointer(const VexlTagsParser& builder, Param& pointer, const ParamList& params,
                         const std::string& constQualifier) {
+  if (!builder.ShowsTypeText()) return;
   pointer.type += '(';
   pointer.type += VexlTagsParser::FlattenParamList(params);
   pointer.type += ')';

@@ -47,8 +47,11 @@ void SetFunctionPointer(const Param& pointer, TypeDescriptor& type, VectorOfName
 
 /// Starts the parameter from the type in front of it.
 void BeginFunctionPointer(Param& pointer, const TypeDescriptor& type);
-/// Adds the parameter list and, where it is not empty, the word behind it to the type text.
-void EndFunctionPointer(Param& pointer, const ParamList& params, const std::string& constQualifier);
+/// Adds the parameter list and, where it is not empty, the word behind it to the type text. Only
+/// under `--debugDump`, the one place that shows it: a text with all texts of the parameters in it
+/// makes pointers nested in each other's parameters cost the square of their depth.
+void EndFunctionPointer(const VexlTagsParser& builder, Param& pointer, const ParamList& params,
+                        const std::string& constQualifier);
 
 // Parameters ------------------------------------------------------------------------------------
 

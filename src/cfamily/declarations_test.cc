@@ -121,7 +121,11 @@ TEST_F(DeclarationsTest, TheTextOfAFunctionPointer) {
   AddVariadicParam(params, 8);
   EXPECT_EQ(params.params[0].line, 7);
   EXPECT_EQ(params.params[1].line, 8);
-  EndFunctionPointer(pointer, params, "const");
+  EndFunctionPointer(builder, pointer, params, "const");
+  EXPECT_EQ(pointer.type, "void(*)");
+  options.debugDump = true;
+  EndFunctionPointer(builder, pointer, params, "const");
+  options.debugDump = false;
   EXPECT_EQ(pointer.type, "void(*)( @const char*@, ...)const");
 
   TypeDescriptor type;

@@ -47,6 +47,9 @@ class VexlTagsParser : public ParserStateBase {
   /// True when the innermost scope began with `typedef`.
   bool CurrentNamespaceIsTyperef() const;
 
+  /// True under `--debugDump`, whose lines are all that shows the text of a whole type.
+  bool ShowsTypeText() const { return options->debugDump; }
+
   /// Writes the tag of a class, namespace or Objective-C scope; the letter follows from its kind.
   /// To be called before the scope itself is opened.
   void DumpClass(const TypeDescriptor& descriptor, int line) const;

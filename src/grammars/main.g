@@ -498,7 +498,8 @@ options { memoize = true; }
       ( n = typeName { $r = $n.r; } )? RPAREN { $r.type += ")"; }
     | n = typeName { $r = $n.r; }
     )
-    p = params ( c = functionConstQualifier )? { EndFunctionPointer($r, $p.r, $c.r); }
+    p = params ( c = functionConstQualifier )?
+      { EndFunctionPointer(*ctx->builder, $r, $p.r, $c.r); }
   ;
 
 typeNameList returns [VectorOfName r]

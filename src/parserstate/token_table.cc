@@ -39,6 +39,19 @@ void TokenTable::Add(unsigned type, const unsigned char* start, const unsigned c
   Add(type, start, end, line);
 }
 
+void TokenTable::AddDropped(const unsigned char* start, const unsigned char* end) {
+  if (start >= end) return;
+  const std::uint32_t from = Offset(start);
+  // A token without characters may stand between.
+  const bool touches = !dropped.empty() && dropped.back().end == from &&
+                       (ends.empty() || ends.back() <= dropped.back().start);
+  if (touches) {
+    dropped.back().end = Offset(end);
+  } else {
+    dropped.push_back({from, Offset(end)});
+  }
+}
+
 void TokenTable::AddNeighbour(unsigned type, bool isVisible) {
   const auto small = static_cast<std::uint8_t>(type);
   if (isVisible) {
@@ -136,7 +149,7 @@ std::string TokenTable::Text(std::size_t first, std::size_t last) const {
   while (place < end) {
     const bool hasGap = gap != dropped.end() && gap->start < end;
     const bool hasText = text != replaced.end() && text->index <= last;
-    if (hasText && (!hasGap || starts[text->index] < gap->start)) {
+    if (hasText && (!hasGap || starts[text->index] <= gap->start)) {
       append(starts[text->index]);
       result += text->text;
       place = ends[text->index];

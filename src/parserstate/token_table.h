@@ -53,9 +53,8 @@ class TokenTable {
     if (keepsNeighbours) AddNeighbour(type, false);
   }
   /// Tells of characters that belong to no token, since a lexer rule failed on them.
-  void AddDropped(const unsigned char* start, const unsigned char* end) {
-    if (start < end) dropped.push_back({Offset(start), Offset(end)});
-  }
+  /// Stretches that touch are kept as one, so that a gigabyte of zeros costs no memory.
+  void AddDropped(const unsigned char* start, const unsigned char* end);
   /// Ends the filling; `line` is the 1-based line of the end of the file.
   void Finish(unsigned line);
 

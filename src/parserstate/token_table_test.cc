@@ -91,6 +91,23 @@ TEST_F(TokenTableTest, TextHoldsHiddenTokensButNothingDropped) {
   EXPECT_EQ(table.Text(2, 3), ".d");
 }
 
+TEST_F(TokenTableTest, TextLacksWhatWasDroppedInSeveralPieces) {
+  TokenTable table(input);
+  table.Add(kWord, text, text + 1, 1);
+  table.AddDropped(text + 1, text + 2);
+  table.AddDropped(text + 2, text + 3);
+  table.AddDropped(text + 3, text + 3);
+  table.Add(kMark, text + 3, text + 3, 1, "name");
+  table.AddDropped(text + 3, text + 4);
+  table.Add(kWord, text + 4, text + 5, 1);
+  table.AddDropped(text + 6, text + 7);
+  table.Add(kWord, text + 7, text + 8, 2);
+  table.Finish(2);
+  EXPECT_EQ(table.Text(0, 2), "anamec");
+  EXPECT_EQ(table.Text(0, 0), "a");
+  EXPECT_EQ(table.Text(1, 3), "namec\nd");
+}
+
 TEST_F(TokenTableTest, ReplacedTextTakesThePlaceOfTheCharacters) {
   TokenTable table(input);
   table.Add(kWord, text, text + 2, 1);

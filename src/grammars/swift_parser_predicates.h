@@ -48,17 +48,11 @@ static vexltags::TokenWindow TokensAround(pswiftParser ctx) {
             return static_cast<unsigned>(static_cast<pANTLR3_COMMON_TOKEN>(token)->type);
           }};
 #else
-  // What stands further behind is asked for only when the tokens up to it are adjacent, so it is
-  // the right neighbour of the token in front of it.
-  return {ctx, [](const void* parser, int offset) {
-            vexltags::TokenTable& tokens = *static_cast<const swiftParser*>(parser)->tokens;
-            if (offset <= 1) return tokens.RawType(offset);
-            const std::size_t position = tokens.Position();
-            tokens.Seek(position + static_cast<std::size_t>(offset) - 1);
-            const unsigned type = tokens.RawType(1);
-            tokens.Seek(position);
-            return type;
-          }};
+  return {ctx->tokens,
+          [](const void* tokens, int offset) {
+            return static_cast<const vexltags::TokenTable*>(tokens)->RawType(offset);
+          },
+          ctx->tokens->Position(), ctx->builder->operatorRuns};
 #endif
 }
 

@@ -53,13 +53,16 @@ bool isRightOperatorWS(unsigned type) { return Has(kRightWhitespace, type); }
 
 int getLastOpTokenIndex(const TokenWindow& window) {
   const unsigned first = window.Type(0);
+  const bool hasDots = first == kSwiftDot;
+  if (!hasDots && !isOperatorHead(first)) return -1;
+  const int known = window.KnownLast(hasDots);
+  if (known != -1) return known;
   int last = 0;
-  if (first == kSwiftDot) {
-    while (isOperatorToken(window.Type(last + 1)) || window.Type(last + 1) == kSwiftDot) ++last;
-    return last;
+  for (;; ++last) {
+    const unsigned next = window.Type(last + 1);
+    if (!isOperatorToken(next) && !(hasDots && next == kSwiftDot)) break;
   }
-  if (!isOperatorHead(first)) return -1;
-  while (isOperatorToken(window.Type(last + 1))) ++last;
+  window.KeepLast(hasDots, last);
   return last;
 }
 

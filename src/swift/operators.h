@@ -2,9 +2,33 @@
 // Tells binary, prefix and postfix operators apart by the tokens directly beside them.
 #pragma once
 
+#include <cstddef>
+
 #include "swift/token_types.h"
 
 namespace vexltags {
+
+/// Where the runs of operator tokens end that were looked at last, by token index: each of ten
+/// thousand question marks in a row asks for the end of the run that it begins. For one file.
+class OperatorRuns {
+ public:
+  /// The offset of the last token of the run that begins at `position` with or without a dot, -1
+  /// when it is not known. There must be an operator token.
+  int Last(std::size_t position, bool hasDots) const {
+    const Run& run = hasDots ? dotted : plain;
+    if (position < run.start || position >= run.end) return -1;
+    return static_cast<int>(run.end - 1 - position);
+  }
+  void Keep(std::size_t position, bool hasDots, int last) {
+    (hasDots ? dotted : plain) = {position, position + static_cast<std::size_t>(last) + 1};
+  }
+
+ private:
+  struct Run {
+    std::size_t start = 0, end = 0;  ///< From the first token to behind the last.
+  };
+  Run plain, dotted;
+};
 
 /// The token types around the place where a parser stands, hidden tokens included.
 class TokenWindow {
@@ -16,12 +40,22 @@ class TokenWindow {
   /// A window on `tokens`, which it does not own, as `reader` sees them. What stands two or more
   /// places behind the current token is asked for only while all tokens between are operators.
   TokenWindow(const void* tokens, TypeReader reader) : tokens_(tokens), reader_(reader) {}
+  /// The same at the token with index `position`, with ends of runs kept in `runs`.
+  TokenWindow(const void* tokens, TypeReader reader, std::size_t position, OperatorRuns& runs)
+      : tokens_(tokens), reader_(reader), position_(position), runs_(&runs) {}
 
   unsigned Type(int offset) const { return reader_(tokens_, offset); }
+  /// See `OperatorRuns`, for the run that begins at the current token.
+  int KnownLast(bool hasDots) const { return runs_ ? runs_->Last(position_, hasDots) : -1; }
+  void KeepLast(bool hasDots, int last) const {
+    if (runs_) runs_->Keep(position_, hasDots, last);
+  }
 
  private:
   const void* tokens_;
   TypeReader reader_;
+  std::size_t position_ = 0;
+  OperatorRuns* runs_ = nullptr;
 };
 
 /// True for the characters that an operator can begin with: < > = & ? ! / - + * % | ^ ~

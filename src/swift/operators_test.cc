@@ -96,16 +96,20 @@ class Tokens {
       }
     }
   }
-  TokenWindow Window() const {
-    return {this, [](const void* tokens, int offset) {
-              const auto& self = *static_cast<const Tokens*>(tokens);
-              const std::size_t index = self.current_ + static_cast<std::size_t>(offset);
-              return index < self.types_.size() ? self.types_[index]
-                                                : static_cast<unsigned>(kSwiftEndOfFile);
-            }};
+  TokenWindow Window() const { return {this, TypeAt}; }
+  /// A window at the token with this index that remembers runs.
+  TokenWindow Window(std::size_t index, OperatorRuns& runs) {
+    current_ = index;
+    return {this, TypeAt, index, runs};
   }
 
  private:
+  static unsigned TypeAt(const void* tokens, int offset) {
+    const auto& self = *static_cast<const Tokens*>(tokens);
+    const std::size_t index = self.current_ + static_cast<std::size_t>(offset);
+    return index < self.types_.size() ? self.types_[index] : static_cast<unsigned>(kSwiftEndOfFile);
+  }
+
   std::vector<unsigned> types_;
   std::size_t current_ = 0;
 };
@@ -145,6 +149,34 @@ TEST(GetLastOpTokenIndex, MeasuresTheGluedRun) {
   for (const auto& one : cases) {
     EXPECT_EQ(getLastOpTokenIndex(Tokens(one.source).Window()), one.expected) << one.source;
   }
+}
+
+TEST(GetLastOpTokenIndex, IsTheSameWhereRunsAreRemembered) {
+  for (const std::string source : {"a+-.*.%a", "..+.a==", "a ?! !? a", "+a+a+", ".a.+a+.", "+"}) {
+    // From every first question to every second one: the memory must not mislead.
+    for (std::size_t first = 0; first < source.size(); ++first) {
+      for (std::size_t second = 0; second < source.size(); ++second) {
+        OperatorRuns runs;
+        Tokens tokens(source);
+        getLastOpTokenIndex(tokens.Window(first, runs));
+        const int remembered = getLastOpTokenIndex(tokens.Window(second, runs));
+        EXPECT_EQ(remembered, getLastOpTokenIndex(tokens.Window())) << source << first << second;
+      }
+    }
+  }
+}
+
+TEST(OperatorRuns, KnowEachPlaceOfTheLastRunOfAKind) {
+  OperatorRuns runs;
+  EXPECT_EQ(runs.Last(0, false), -1);
+  runs.Keep(3, false, 2);
+  runs.Keep(10, true, 0);
+  EXPECT_EQ(runs.Last(2, false), -1);
+  EXPECT_EQ(runs.Last(3, false), 2);
+  EXPECT_EQ(runs.Last(5, false), 0);
+  EXPECT_EQ(runs.Last(6, false), -1);
+  EXPECT_EQ(runs.Last(4, true), -1);
+  EXPECT_EQ(runs.Last(10, true), 0);
 }
 
 struct Classes {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "parserstate/parser_state_base.h"
+#include "swift/operators.h"
 
 namespace vexltags {
 
@@ -15,6 +16,9 @@ namespace vexltags {
 /// writes.
 class SwiftTagsParser : public ParserStateBase {
  public:
+  /// What the parser's questions about operators remember of this file.
+  OperatorRuns operatorRuns;
+
   SwiftTagsParser(const Options& runOptions, Dumper& sink, std::string storedPath);
   ~SwiftTagsParser() override;
 

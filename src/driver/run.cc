@@ -7,6 +7,8 @@
 
 #include <csignal>
 #include <cstdio>
+#include <new>
+#include <string_view>
 #include <vector>
 
 #include "driver/command_line.h"
@@ -29,6 +31,15 @@ void FillStandardStreams() {
     if (fcntl(fd, F_GETFD) != -1) continue;
     if (open("/dev/null", fd == STDIN_FILENO ? O_WRONLY : O_RDONLY) != fd) return;
   }
+}
+
+/// Ends the run where memory has ended, as any failed run ends: nothing that could go on is left,
+/// and nothing here may ask for memory.
+[[noreturn]] void EndWithoutMemory() {
+  static constexpr std::string_view kMessage = "out of memory\n";
+  const ssize_t written = write(STDERR_FILENO, kMessage.data(), kMessage.size());
+  static_cast<void>(written);
+  _exit(255);
 }
 
 /// Indexes all paths in order. Returns 0 if at least one succeeded, else the result of the last.
@@ -82,6 +93,7 @@ int RunToStatus(const std::vector<std::string>& arguments, FileIndexer indexFile
 int Run(int argc, const char* const* argv, FileIndexer indexFile) {
   IgnoreWriteSignals();
   FillStandardStreams();
+  std::set_new_handler(EndWithoutMemory);
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
   return FinishStandardOutput(RunToStatus(arguments, indexFile));
 }

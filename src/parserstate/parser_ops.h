@@ -224,6 +224,39 @@ inline void* MatchLabelled(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST
   return recognizer->match(recognizer, type, follow);
 }
 
+/// The steps of one prediction; see `PredictionMemo`.
+class LongPrediction {
+ public:
+  LongPrediction(TokenTable& table, unsigned number) : tokens(table), decision(number) {}
+
+  /// In front of each step: goes on at the end of the way where that is known.
+  void JoinKnownWay(std::int32_t& state) {
+    if (++steps > PredictionMemo::kFreeSteps && remembers) Join(state);
+  }
+  /// A predicate is asked: what comes of it, no table tells.
+  void Forget() { remembers = false; }
+  /// The automaton stops, and the parser has not gone back yet.
+  void End(std::int32_t state) {
+    if (steps > PredictionMemo::kFreeSteps && remembers) {
+      tokens.Predictions().Keep(decision, state, tokens.Position());
+    }
+  }
+
+ private:
+  __attribute__((noinline)) void Join(std::int32_t& state) {
+    std::size_t token = tokens.Position();
+    const bool isFirst = steps == PredictionMemo::kFreeSteps + 1;
+    if (!tokens.Predictions().Join(decision, isFirst, state, token)) return;
+    tokens.Seek(token);
+    remembers = false;  // The way that it joined is kept already.
+  }
+
+  TokenTable& tokens;
+  unsigned decision;
+  unsigned steps = 0;
+  bool remembers = true;
+};
+
 /// Predicts an alternative: the runtime's table-driven prediction over the token table.
 template <class Context>
 int Predict(Context* ctx, ANTLR3_CYCLIC_DFA& dfa) {
@@ -235,15 +268,19 @@ int Predict(Context* ctx, ANTLR3_CYCLIC_DFA& dfa) {
   stream->lastMarker = static_cast<ANTLR3_MARKER>(start);
 
   ANTLR3_INT32 state = 0;
+  LongPrediction way(tokens, static_cast<unsigned>(dfa.decisionNumber));
   for (;;) {
+    way.JoinKnownWay(state);
     const ANTLR3_INT32 special = dfa.special[state];
     if (special >= 0) {
+      way.Forget();
       state = dfa.specialStateTransition(ctx, recognizer, stream, &dfa, special);
       if (state < 0) break;
       tokens.Consume();
       continue;
     }
     if (dfa.accept[state] >= 1) {
+      way.End(state);
       tokens.Seek(start);
       return dfa.accept[state];
     }
@@ -266,12 +303,14 @@ int Predict(Context* ctx, ANTLR3_CYCLIC_DFA& dfa) {
       continue;
     }
     if (tokens.LA(1) == ANTLR3_TOKEN_EOF && dfa.eof[state] >= 0) {
+      way.End(state);
       tokens.Seek(start);
       return dfa.accept[dfa.eof[state]];
     }
     break;
   }
 
+  way.End(state);
   // No alternative. A predicate's own error stays as it is.
   if (state >= 0 || recognizerState->error != ANTLR3_TRUE) {
     if (recognizerState->backtracking > 0) {

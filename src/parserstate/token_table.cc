@@ -21,6 +21,7 @@ void TokenTable::Reset() {
   dropped.clear();
   replaced.clear();
   for (Partners& kind : partners) kind.close.clear();
+  predictions.Reset();
   position = 0;
   lastHidden = 0;
   made.clear();

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "parserstate/prediction_memo.h"
+
 namespace vexltags {
 
 /// Holds the visible tokens of one file, some 14 bytes each, and gives the position of the parser
@@ -86,6 +88,9 @@ class TokenTable {
   /// The line of the next token, that of the end of the file behind the last.
   int NextLine() const { return static_cast<int>(position < Count() ? lines[position] : endLine); }
 
+  /// What long predictions over these tokens remember.
+  PredictionMemo& Predictions() { return predictions; }
+
   static constexpr std::size_t kNoPartner = static_cast<std::size_t>(-1);
   /// The index of the bracket that closes the next token, which must be of the type `open`,
   /// counting only brackets of these two types; `kNoPartner` when it is never closed. The first
@@ -139,6 +144,7 @@ class TokenTable {
   std::uint8_t lastHidden = 0;
 
   std::vector<Partners> partners;
+  PredictionMemo predictions;
 
   std::vector<ANTLR3_COMMON_TOKEN> made;
   std::size_t nextMade = 0;

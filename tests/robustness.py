@@ -9,144 +9,25 @@
 Each case runs in a child with a limit on time and on address space, between two good files. A case
 passes when no signal ended the run, status and messages are right, the tags in front of the damage
 are there, those behind it where the rules find their way back, and those of both good files.
-Inputs are made here and nowhere kept; the tables in robustness_inputs.py and growth.py say which.
+Inputs are made here and nowhere kept; the tables in robustness_inputs.py, robustness_files.py and
+growth_families.py say which. Cases about the process, such as closed streams, are the functions of
+robustness_process.py.
 """
 import argparse
 import concurrent.futures
 import os
-import pathlib
 import resource
 import shutil
-import signal
 import subprocess
 import sys
 import tempfile
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import robustness_files as files  # noqa: E402
 import robustness_inputs as inputs  # noqa: E402
-
-GIB = 2**30
-
-
-class Skip(Exception):
-    """The machine does not allow this case; the text says why."""
-
-
-class Wrong(Exception):
-    """The program did not do what it promises; the text says what it did."""
-
-
-def require(holds, text):
-    if not holds:
-        raise Wrong(text)
-
-
-class Done:
-    """What a run left: status (negative for a signal), output texts, peak MiB, seconds."""
-
-    def __init__(self, status, out, err, peak, seconds):
-        self.status, self.out, self.err, self.peak, self.seconds = status, out, err, peak, seconds
-
-
-class Place:
-    """A folder of its own for one case, and the means to run the program in it."""
-
-    def __init__(self, options, folder):
-        self.options = options
-        self.folder = pathlib.Path(folder)
-        self.last = None
-
-    def write(self, name, text):
-        path = os.path.join(os.fsencode(self.folder), os.fsencode(name))
-        with open(path, "wb") as file:
-            file.write(text if isinstance(text, bytes) else text.encode("latin-1"))
-        return name
-
-    def path(self, name):
-        return os.path.join(os.path.realpath(self.folder), name)
-
-    def run(self, *arguments, seconds=30, stdout=None, limits=(), user=None, stdin=None,
-            gib=None):
-        """Runs the program in the folder. `stdout` is a descriptor for its output instead of a
-        file; `limits` are more pairs for setrlimit."""
-        gib = self.options.gib if gib is None else gib
-        seconds *= self.options.patience
-
-        def prepare():
-            resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-            if gib:
-                resource.setrlimit(resource.RLIMIT_AS, (int(gib * GIB), int(gib * GIB)))
-            for which, amount in limits:
-                resource.setrlimit(which, (amount, amount))
-            if user is not None:
-                os.setgroups([])
-                os.setgid(user)
-                os.setuid(user)
-
-        environment = dict(os.environ, HOME="/nonexistent", PWD=str(self.folder))
-        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
-            start = time.monotonic()
-            child = subprocess.Popen([self.options.program, *arguments], cwd=self.folder,
-                                     stdin=stdin or subprocess.DEVNULL, stdout=stdout or out,
-                                     stderr=err, preexec_fn=prepare, env=environment)
-            usage = wait(child, seconds)
-            if usage is None:
-                raise Wrong(f"did not end within {seconds:g} s")
-            out.seek(0)
-            err.seek(0)
-            done = Done(child.returncode, out.read(), err.read(), usage.ru_maxrss / 1024,
-                        time.monotonic() - start)
-        self.last = done
-        if done.status < 0 or (b"Sanitizer" in done.err) or (b"runtime error:" in done.err):
-            raise Wrong(f"ended by {describe(done.status)}: {done.err[-2000:]!r}")
-        return done
-
-    def tags(self, *arguments, stderr=b"", **how):
-        """Runs the program for a tags file that must come out whole. Returns its text."""
-        done = self.run("--sort=no", "-f", "tags", *arguments, **how)
-        require(done.status == 0, f"status {done.status}: {done.err[-300:]!r}")
-        if stderr is not None:
-            require(done.err == stderr, f"messages {done.err[-600:]!r}, not {stderr!r}")
-        text = (self.folder / "tags").read_bytes()
-        require(text.startswith(b"!_TAG_FILE_FORMAT\t2\t") and text.endswith(b"\n"),
-                "the tags file is not whole")
-        return text
-
-
-def wait(child, seconds):
-    """Waits for the child and gives its resource usage; None when it had to be killed."""
-    end = time.monotonic() + seconds
-    pause = 0.001
-    while True:
-        pid, status, usage = os.wait4(child.pid, os.WNOHANG)
-        if pid:
-            child.returncode = os.waitstatus_to_exitcode(status)
-            return usage
-        if time.monotonic() > end:
-            child.kill()
-            os.wait4(child.pid, 0)
-            child.returncode = -signal.SIGKILL
-            return None
-        time.sleep(pause)
-        pause = min(pause * 1.5, 0.05)
-
-
-def describe(status):
-    return signal.Signals(-status).name if status < 0 else f"status {status}"
-
-
-def has_tag(text, name):
-    """Whether the tags text names `name`; Swift's functions carry their labels in parentheses."""
-    start = b"\n" + name.encode("latin-1")
-    return start + b"\t" in text or start + b"()\t" in text
-
-
-def require_tags(text, names, absent=()):
-    for name in names:
-        require(has_tag(text, name), f"no tag {name}")
-    for name in absent:
-        require(not has_tag(text, name), f"a tag {name}")
+import robustness_process as process  # noqa: E402
+from robustness_place import Place, Skip, Wrong, require, require_tags  # noqa: E402
 
 
 # --- Cases that are one bad text between two good files ------------------------------------------
@@ -204,7 +85,7 @@ def run_changing(place, _):
     place.write("last.c", "void last_tag(void);\n")
     stop = place.folder / "stop"
     changer = subprocess.Popen(
-        [sys.executable, "-c", inputs.CHANGER, str(place.folder / "changing.c"), str(stop)],
+        [sys.executable, "-c", files.CHANGER, str(place.folder / "changing.c"), str(stop)],
         stdin=subprocess.DEVNULL)
     try:
         for _ in range(40):
@@ -347,6 +228,7 @@ RUNNERS = {
     "full-device": run_full_device, "closed-pipe": run_closed_pipe, "full-disk": run_full_disk,
     "size-limit": run_size_limit, "unopenable": run_unopenable, "limit": run_limit,
     "list": run_list, "small-memory": run_small_memory,
+    "function": lambda place, case: case.make(place),
 }
 
 
@@ -385,7 +267,8 @@ def main():
     parser.add_argument("--verbose", action="store_true", help="show the time of every case")
     options = parser.parse_intermixed_args()
 
-    cases = [case for case in inputs.cases() if case.large == options.large
+    every = [*inputs.cases(), *files.cases(), *process.cases()]
+    cases = [case for case in every if case.large == options.large
              and (not options.words or any(word in case.name for word in options.words))]
     if options.list:
         print("\n".join(case.name for case in cases))

@@ -1,17 +1,16 @@
 # SPDX-License-Identifier: MIT
-"""The tables of tests/robustness.py: every case with its input, made here, and what must come out."""
+"""Tables of tests/robustness.py: every input that is a text, made here, and what must come out."""
 import dataclasses
 import os
 import pathlib
 import random
 import resource
-import socket
 import struct
 import sys
 import typing
 import zlib
 
-import growth
+from growth_families import families
 
 DEEP = 100000  # of the large cases
 QUICK = 20000  # of the quick ones
@@ -56,7 +55,7 @@ class Case:
     limits: tuple = ()
 
 
-# --- Depth and repetition: the families of growth.py -----------------------------------------------
+# --- Depth and repetition: the families of growth_families.py -----------------------------------------------
 
 # Families of which no case is deeper than this. Scopes nest no deeper in any source that means
 # something; parameters that are function pointers carry the text of all that they hold.
@@ -114,7 +113,7 @@ RESYNCHRONISES = {
 
 
 def family_cases():
-    for name, suffix, maker in growth.families():
+    for name, suffix, maker in families():
         language, family = name.split("/")
         behind = ("after",) if family in RESYNCHRONISES[language] else ()
         for size, group in ((QUICK, "depth/"), (DEEP, "deep/")):
@@ -172,8 +171,13 @@ def size_cases():
             ("c-blanks", ".c", " ", True),
             ("c-comments", ".c", "/* abcdefghi */ ", True),
             ("c-body", ".c", "{ a = b(c); } ", True),
+            ("c-nul", ".c", "\0", True),
+            ("objc-messages", ".mm", "[abcdefgh ijklm:12345]; ", False),
+            ("objc-interfaces", ".mm", "@interface A - (void)b:(int)c; @end ", True),
             ("swift-declarations", ".swift", "let abcdefgh = 12345; ", True),
             ("swift-blanks", ".swift", " ", True),
+            ("swift-calls", ".swift", "abcdefgh(12345); ", True),
+            ("python-blanks", ".py", " ", True),
             ("python-statements", ".py", "abcdefgh = f(12345); ", True),
             ("python-definitions", ".py", "def abcdefgh(i): pass; ", True)]:
         def text(piece=piece, suffix=suffix):
@@ -186,9 +190,31 @@ def size_cases():
         def text(head=head, byte=byte, tail=tail):
             return "void before(void);\n" + head + byte * mib100 + tail + "\nvoid after(void);\n"
         yield case("one-token-" + name, ".c", text, tags=("before", "after"))
+    for name, suffix, head, byte, tail in [
+            ("string", ".swift", 'let s = "', "a", '"'), ("string", ".py", "s = '", "a", "'"),
+            ("raw-string", ".swift", 'let s = #"', "a", '"#'), ("raw-string", ".cc", 'auto s = R"(', "a", ')";'),
+            ("multiline-string", ".swift", 'let s = """\n', "a\n", '"""'),
+            ("triple-string", ".py", 's = """', "a\n", '"""'),
+            ("comment", ".swift", "/*", "*", "*/"), ("comment-lines", ".swift", "/*", "a\n", "*/"),
+            ("line-comment", ".swift", "//", "a", ""), ("line-comment", ".py", "#", "a", ""),
+            ("number", ".swift", "let a = ", "1", ""), ("number", ".py", "a = ", "1", ""),
+            ("comment-lines", ".c", "/*", "a\n", "*/"), ("line-comment-continued", ".c", "//", "a\\\n", ""),
+            ("string-continued", ".c", 'char *s = "', "a\\\n", '";'),
+            ("string", ".mm", 'id s = @"', "a", '";')]:
+        def text(suffix=suffix, head=head, byte=byte, tail=tail):
+            return GOOD[suffix]("before") + head + byte * (20 * 2**20 // len(byte)) + tail + \
+                "\n" + GOOD[suffix]("after")
+        yield case(f"token-20-mb-{name}{suffix}", suffix, text, tags=("before", "after"))
+    for suffix in (".c", ".swift", ".py"):
+        for name, byte in (("line-ends", "\n"), ("carriage-returns", "\r"), ("tabs", "\t")):
+            def text(suffix=suffix, byte=byte):
+                return GOOD[suffix]("before") + byte * mib100 + "\n" + GOOD[suffix]("after")
+            yield case(f"only-{name}{suffix}", suffix, text, tags=("before", "after"))
+        yield case("random-20-mb" + suffix, suffix, lambda suffix=suffix: GOOD[suffix]("before").encode() +
+                   b"\n" + random_bytes(20 * 2**20, 7), tags=("before",))
     long_name = "x" * (20 * 2**20)
     for suffix, text in ((".c", f"void {long_name}(void);\n"), (".cc", f"class {long_name} {{\n}};\n"),
-                         (".py", f"def {long_name}(): pass\n"), (".swift", f"func {long_name}() {{}}\n")):
+                         (".mm", f"@interface {long_name}\n@end\n"), (".py", f"def {long_name}(): pass\n"), (".swift", f"func {long_name}() {{}}\n")):
         yield case("identifier-20-mb" + suffix, suffix,
                    lambda text=text, suffix=suffix: text + GOOD[suffix]("after"), tags=("after",),
                    counts=(("\nxxxxxxxx", 1),))
@@ -222,6 +248,16 @@ def size_cases():
                "int z);\nvoid after(void);\n", tags=("after",))
     yield case("million-lines-carriage-return", ".c",
                lambda: "// a comment\rint a;\r" * 500000 + "void after(void);\r", tags=("after",))
+    yield case("million-classes-python", ".py", lambda: rows("class C%d: pass\n"),
+               tags=("C0", "C999999"), counts=((";\"\tc", million),))
+    yield case("million-methods-objc", ".mm",
+               lambda: "@interface A\n" + rows("- (void)m%d;\n") + "@end\nvoid after(void);\n",
+               tags=("m0", "m999999", "after"))
+    yield case("million-conditionals", ".c",
+               lambda: rows("#if A%d\n#else\n#endif\n") + "void after(void);\n", tags=("after",))
+    yield case("million-blank-macros", ".c", lambda: rows("M%d\n") + ";\nvoid after(void);\n")
+    yield case("million-structs", ".c", lambda: rows("struct s%d { int a; };\n"),
+               tags=("s0", "s999999"), counts=((";\"\ts", million), (";\"\tm", million)))
     yield case("million-unclosed-comments", ".c",
                lambda: "void before(void);\n" + "#define M /*\n" * 300000, tags=("before", "M"))
 
@@ -290,232 +326,8 @@ def bytes_cases():
         yield case("high-bytes", before + b"\xff" * 100000 + b"\n" + after, both)
 
 
-# --- Files ------------------------------------------------------------------------------------------
-
-
-def make_folder(place):
-    (place.folder / "folder.c").mkdir()
-    return "folder.c"
-
-
-def make_fifo(place):
-    os.mkfifo(place.folder / "fifo.c")
-    return "fifo.c"
-
-
-def make_socket(place):
-    # Bound by a short name, since the length of a socket's path is limited.
-    here = os.open(".", os.O_RDONLY)
-    with socket.socket(socket.AF_UNIX) as listener:
-        short = f"/tmp/vexltags-{os.getpid()}-{id(place)}"
-        listener.bind(short)
-        os.rename(short, place.folder / "socket.c")
-    os.close(here)
-    return "socket.c"
-
-
-def make_link(target):
-    def make(place):
-        os.symlink(target, place.folder / "link.c")
-        return "link.c"
-    return make
-
-
-def make_circle(place):
-    os.symlink("b.c", place.folder / "a.c")
-    os.symlink("a.c", place.folder / "b.c")
-    return "a.c"
-
-
-def make_below_file(place):
-    place.write("file.c", "void inside(void);\n")
-    return "file.c/x"
-
-
-def make_secret(place):
-    place.write("secret.c", "void secret(void);\n")
-    os.chmod(place.folder / "secret.c", 0)
-    os.chmod(place.folder, 0o777)
-    return "secret.c"
-
-
-def make_closed_folder(place):
-    (place.folder / "closed").mkdir()
-    place.write("closed/a.c", "void secret(void);\n")
-    os.chmod(place.folder / "closed", 0)
-    os.chmod(place.folder, 0o777)
-    return "closed/a.c"
-
-
-def make_sparse(place):
-    # Larger than the parsers can count.
-    with open(place.folder / "sparse.c", "wb") as file:
-        file.truncate(5 * 2**30)
-    return "sparse.c"
-
-
-def named(path):
-    return lambda place: path
-
-
-# Writes, cuts, empties and removes a file until told to stop.
-CHANGER = """
-import os, sys
-path, stop = sys.argv[1:]
-text = ''.join('void function_%d(int a);\\n' % i for i in range(20000))
-turn = 0
-while not os.path.exists(stop):
-    turn += 1
-    with open(path, 'w') as file:
-        file.write(text)
-    os.truncate(path, len(text) // (turn % 7 + 1))
-    if turn % 3 == 0:
-        os.truncate(path, 0)
-    if turn % 5 == 0:
-        os.remove(path)
-"""
-
-
-def file_cases():
-    def bad(name, make, verb, **more):
-        return Case("files/" + name, "bad-path", make=make, verb=verb, **more)
-    yield bad("folder", make_folder, "reading")
-    yield bad("fifo", make_fifo, "reading")
-    yield bad("socket", make_socket, "reading")
-    yield bad("device-null", named("/dev/null"), "reading", keeps_path=True)
-    yield bad("device-endless", named("/dev/zero"), "reading", keeps_path=True)
-    yield bad("terminal", named("/dev/tty"), "reading", keeps_path=True)
-    yield bad("dangling-link", make_link("nowhere.c"), "opening", keeps_path=True)
-    yield bad("circular-links", make_circle, "opening", keeps_path=True)
-    yield bad("link-to-itself", make_link("link.c"), "opening", keeps_path=True)
-    yield bad("below-a-file", make_below_file, "opening", keeps_path=True)
-    yield bad("missing", named("missing.c"), "opening", keeps_path=True)
-    yield bad("missing-folder", named("no/such/folder/a.c"), "opening", keeps_path=True)
-    yield bad("name-too-long", named("a" * 5000), "opening", keeps_path=True)
-    yield bad("path-too-long", named("a/" * 5000 + "a.c"), "opening", keeps_path=True)
-    yield bad("unreadable", make_secret, "reading", user=NOBODY, needs_root=True)
-    yield bad("in-a-closed-folder", make_closed_folder, "opening", keeps_path=True, user=NOBODY,
-              needs_root=True)
-    yield bad("larger-than-4-gib", make_sparse, "reading")
-    yield bad("unknown-option", named("--no-such-option"), "opening", keeps_path=True)
-    for word, name, escaped in [
-            ("blank", b"a b.c", b"a\\ b.c"), ("blanks", b"  .c", b"\\ \\ .c"),
-            ("tab", b"a\tb.c", b"a\\\tb.c"), ("newline", b"a\nb.c", b"a\\\nb.c"),
-            ("carriage-return", b"a\rb.c", b"a\\\rb.c"), ("latin-1", b"\xe9\xe8.c", b"\xe9\xe8.c"),
-            ("no-utf-8", b"\xff\xfe\xc0.c", b"\xff\xfe\xc0.c"),
-            ("quotes", b"a\"b'.c", b"a\\\"b\\'.c"), ("brackets", b"(a)[b]<c>.c",
-                                                     b"\\(a\\)\\[b\\]\\<c\\>.c"),
-            ("backslash", b"a\\b.c", b"a\\b.c"), ("backslash-at-the-end", b"a\\", b"a\\"),
-            ("wildcards", b"*?^.c", b"\\*\\?\\^.c"), ("percent", b"%s%n%d.c", b"%s%n%d.c"),
-            ("control", b"\x01\x7f\x1b[2J.c", b"\x01\x7f\x1b\\[2J.c"),
-            ("longest", b"a" * 250 + b".c", b"a" * 250 + b".c"), ("semicolon", b"a;\".c", b"a;\\\".c"),
-            ("no-suffix", b"noname", b"noname"), ("utf-8", "\u4e2d\U0001f600.c".encode(),
-                                                  "\u4e2d\U0001f600.c".encode())]:
-        yield Case("files/name-" + word, "name", name_bytes=name, escaped=escaped)
-    yield Case("files/changing-while-read", "changing")
-    yield Case("files/list-of-100000", "list", text=lambda: "a.c\n" * 100000, count=100000)
-    yield Case("files/list-of-missing", "list", text=lambda: "a.c\n" + "b.c\n" * 50000, count=1,
-               stderr=b"failed opening b.c b.c\n")
-    yield Case("files/list-of-nul", "list", text=lambda: b"\0" * 10**6 + b"a.c\0" * 3, count=3)
-    yield Case("files/list-of-random", "list", text=lambda: random_bytes(10**6, 1) + b"\na.c\n",
-               count=1, stderr=b"failed ")
-    yield Case("files/list-of-one-long-line", "list", text=lambda: b"a" * (20 * 2**20),
-               stderr=b"failed opening aaaaaaaa")
-    yield Case("files/list-empty", "list", text=lambda: b"",
-               stderr=b"reading from stdin not yet implemented\n")
-
-
-# --- Output -----------------------------------------------------------------------------------------
-
-
-def make_open_folder(place):
-    (place.folder / "out").mkdir()
-    return "out"
-
-
-def make_locked_folder(place):
-    (place.folder / "out").mkdir()
-    os.chmod(place.folder / "out", 0o555)
-    return "out/tags"
-
-
-def make_locked_file(place):
-    place.write("tags", b"old_tag\tx.c\t1;\"\tf\n")
-    os.chmod(place.folder / "tags", 0o444)
-    return "tags"
-
-
-def make_below_output(place):
-    place.write("file", b"")
-    return "file/tags"
-
-
-def output_cases():
-    old = b"old_tag\tx.c\t1;\"\tf\n"
-    yield Case("output/full-device", "full-device")
-    yield Case("output/closed-pipe", "closed-pipe")
-    yield Case("output/full-disk", "full-disk")
-    yield Case("output/full-disk-append", "full-disk", arguments=("--append", "--sort=no"), left=old)
-    yield Case("output/size-limit", "size-limit")
-    yield Case("output/size-limit-replaces", "size-limit", arguments=("--append=no",))
-    yield Case("output/size-limit-append", "size-limit", arguments=("--append", "--sort=no"), left=old)
-    yield Case("output/folder-as-file", "unopenable", make=make_open_folder)
-    yield Case("output/below-a-file", "unopenable", make=make_below_output)
-    yield Case("output/name-too-long", "unopenable", make=named("t" * 5000))
-    yield Case("output/link-to-itself", "unopenable", make=make_link("link.c"))
-    yield Case("output/unwritable-folder", "unopenable", make=make_locked_folder, user=NOBODY,
-               needs_root=True)
-    yield Case("output/unwritable-file", "unopenable", make=make_locked_file, user=NOBODY,
-               needs_root=True)
-
-
-# --- Limits -----------------------------------------------------------------------------------------
-
-
-def limit_cases():
-    gave_up = ("Have been parsing ", " seconds -- skipping")
-    spent = ("Spent ", " parsing PATH")
-
-    def long_c():
-        rows = "".join([f"int f{i}(int a, long b);\n" for i in range(150000)])
-        return "void before(void);\n" + rows + "#define LATE\n"
-
-    def long_swift():
-        rows = "".join([f"func f{i}(a: Int) {{ b() }}\n" for i in range(200000)])
-        return "func before() {}\n" + rows + "func late_tag() {}\n"
-
-    def long_python():
-        rows = "".join([f"def f{i}(a): return a\n" for i in range(400000)])
-        return "def before(): pass\n" + rows + "def late_tag(): pass\n"
-
-    # The time counts from before the lexer, so that a limit this small is over in any case once the
-    # first type is met. A declaration that needs no type still gives its tag.
-    yield Case("limits/abort", "limit", ".c", long_c, arguments=("--abortIfLonger=0.01",),
-               messages=(gave_up,), tags=("LATE",), absent=("f149999",))
-    yield Case("limits/abort-before-report", "limit", ".c", long_c, messages=(gave_up,),
-               arguments=("--abortIfLonger=0.01", "--reportIfLonger=0.01"), tags=("LATE",),
-               absent=("f149999",))
-    yield Case("limits/report", "limit", ".c", long_c, messages=(spent,), tags=("LATE", "f149999"),
-               arguments=("--reportIfLonger=0.01",))
-    yield Case("limits/not-reached", "limit", ".c", long_c, tags=("LATE", "before", "f149999"),
-               arguments=("--reportIfLonger=500", "--abortIfLonger=500"))
-    yield Case("limits/off", "limit", ".c", long_c, tags=("LATE", "f149999"),
-               arguments=("--reportIfLonger=0", "--abortIfLonger=0"))
-    for suffix, text in ((".swift", long_swift), (".py", long_python)):
-        yield Case("limits/no-abort" + suffix, "limit", suffix, text, tags=("late_tag", "before"),
-                   arguments=("--abortIfLonger=0.0001",))
-        yield Case("limits/report" + suffix, "limit", suffix, text, tags=("late_tag", "before"),
-                   messages=(spent,), arguments=("--reportIfLonger=0.01",))
-    yield Case("limits/abort-in-depth", "limit", ".c",
-               lambda: "int a = " + "f(" * DEEP + ")" * DEEP + ";\n" + long_c(),
-               arguments=("--abortIfLonger=0.01",), messages=(gave_up,), tags=("LATE",))
-
-
 def cases():
-    """Every case of the suite."""
+    """Every case that is a text."""
     yield from family_cases()
     yield from size_cases()
     yield from bytes_cases()
-    yield from file_cases()
-    yield from output_cases()
-    yield from limit_cases()

@@ -38,6 +38,39 @@ inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
   (vexltags::RunTrial<__COUNTER__ - vexltags::kFirstTrial>(ctx, fragment))
 #define VEXL_LEXER_TRIAL(ctx, fragment) (vexltags::RunLexerTrial(ctx, fragment))
 
+// The rules of a parser are compiled twice: once to act, once to try (see trials.cc.in). The ones
+// that act are entered outside trials only, and for a predicate they call the ones that try; these
+// have no actions, no values, no labels and no follow sets, and never leave a trial.
+#if defined(VEXLTAGS_TRIALS)
+#define VEXL_PREDICATE(parser, predicate)                                                          \
+  static ANTLR3_BOOLEAN predicate(p##parser ctx) { return VEXL_TRIAL(ctx, predicate##_fragment); } \
+  ANTLR3_BOOLEAN predicate##_trial(void* context) {                                                \
+    return predicate(static_cast<p##parser>(context));                                             \
+  }
+#elif defined(VEXLTAGS_PLAIN) || !defined(PARSER)
+#define VEXL_PREDICATE(parser, predicate) \
+  static ANTLR3_BOOLEAN predicate(p##parser ctx) { return VEXL_TRIAL(ctx, predicate##_fragment); }
+#else
+#define VEXL_ACTS_ONLY
+#define VEXL_PREDICATE(parser, predicate)          \
+  ANTLR3_BOOLEAN predicate##_trial(void* context); \
+  static ANTLR3_BOOLEAN predicate(p##parser ctx) { return predicate##_trial(ctx); }
+#endif
+
+#if defined(VEXLTAGS_TRIALS)
+#undef BACKTRACKING
+#define BACKTRACKING 1
+// Within a trial a rule fails by this mark only; no exception is made.
+#undef HASEXCEPTION
+#define HASEXCEPTION() false
+#elif defined(VEXL_ACTS_ONLY)
+#undef BACKTRACKING
+#define BACKTRACKING 0
+// The mark of a failed trial is taken back at its end.
+#undef HASFAILED
+#define HASFAILED() false
+#endif
+
 // --- Depth: a rule that may not go deeper fails as on a syntax error ---
 
 #define VEXL_TOO_DEEP() (vexltags::StackIsLow() && (vexltags::FailForDepth(RECOGNIZER), true))
@@ -45,7 +78,7 @@ inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 // --- Time ---
 
 // Rules with the option `memoize` remember how they went within trials, and so do long loops.
-#if defined(VEXLTAGS_PLAIN) || !defined(PARSER)
+#ifndef VEXLTAGS_TRIALS
 #define VEXL_RULE_MEMO(ctx)
 #define VEXL_REPEATED() false
 #define VEXL_LOOP(ctx, decision)
@@ -70,7 +103,7 @@ inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 // The token stream is a flat table; the runtime's own access goes through three function pointers.
 #undef LA
 #define LA(k) (ctx->tokens->LA(k))
-// A label on a set takes its token by LT. No action looks at it in a trial, so there is none then.
+// A label on a set takes its token by LT.
 #undef LT
 #define LT(k) (BACKTRACKING > 0 ? nullptr : ctx->tokens->LT(k))
 #undef CONSUME
@@ -89,16 +122,26 @@ inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 // A matching token is the common case and settled here; the runtime makes a token object for each
 // match, wanted or not, so a match without a label has a form of its own.
 #undef MATCHT
-#define MATCHT(type, follow) (vexltags::MatchLabelled(ctx, type, follow))
+#ifdef VEXLTAGS_TRIALS
+#define MATCHT(type, follow) (vexltags::TryToken(ctx, type), nullptr)
+#define VEXL_MATCH(type, follow) (vexltags::TryToken(ctx, type))
+#else
+#define MATCHT(type, follow) (RECOGNIZER->match(RECOGNIZER, type, follow))
 #define VEXL_MATCH(type, follow) (vexltags::MatchToken(ctx, type, follow))
+#endif
 
 #define VEXL_PREDICT(ctx, dfa) (vexltags::Predict(ctx, dfa))
 
 // The follow sets on the rule stack serve error recovery only.
 #undef FOLLOWPUSH
-#define FOLLOWPUSH(set) (ctx->follows->Push(&(set)))
 #undef FOLLOWPOP
+#ifdef VEXLTAGS_TRIALS
+#define FOLLOWPUSH(set)
+#define FOLLOWPOP()
+#else
+#define FOLLOWPUSH(set) (ctx->follows->Push(&(set)))
 #define FOLLOWPOP() (ctx->follows->Pop())
+#endif
 
 #else
 

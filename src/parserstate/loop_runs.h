@@ -2,6 +2,7 @@
 // Remembers how long loops of rules went within trials.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -57,15 +58,12 @@ class LoopRuns {
   std::vector<Run> runs;
 };
 
-/// Stands in front of a loop of a parser rule.
+/// Stands in front of a loop of a parser rule that is being tried.
 template <class Context>
 class LoopMemo {
  public:
   LoopMemo(Context* context, unsigned decision)
-      : ctx(context),
-        loop(decision),
-        state(context->pParser->rec->state),
-        isTrial(state->backtracking > 0) {}
+      : ctx(context), loop(decision), state(context->pParser->rec->state) {}
   ~LoopMemo() {
     if (!positions.empty()) Keep();
   }
@@ -74,7 +72,7 @@ class LoopMemo {
 
   /// Called at the beginning of each round. True when the loop has been brought to its known end:
   /// behind its last token, or to the failure that the state then tells of.
-  bool JoinsKnownRun() { return isTrial && ++round > LoopRuns::kFreeRounds && Join(); }
+  bool JoinsKnownRun() { return ++round > LoopRuns::kFreeRounds && Join(); }
 
  private:
   __attribute__((noinline)) bool Join() {
@@ -85,6 +83,7 @@ class LoopMemo {
       return false;
     }
     joined = true;
+    ctx->trials->reach = std::max(ctx->trials->reach, last.end);
     state->errorRecovery = 0;
     if (last.failed) {
       state->failed = 1;
@@ -110,7 +109,6 @@ class LoopMemo {
   Context* ctx;
   unsigned loop;
   decltype(ctx->pParser->rec->state) state;
-  bool isTrial;
   unsigned round = 0;
   bool joined = false;
   std::vector<std::uint32_t> positions;

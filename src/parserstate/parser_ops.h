@@ -5,6 +5,7 @@
 
 #include <antlr3.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <type_traits>
@@ -13,6 +14,7 @@
 #include "parserstate/follow_stack.h"
 #include "parserstate/lexer_state.h"
 #include "parserstate/loop_runs.h"
+#include "parserstate/rule_result.h"
 #include "parserstate/stack_guard.h"
 #include "parserstate/std_string.h"
 #include "parserstate/token_table.h"
@@ -43,7 +45,7 @@ void SeekTo(Context* ctx, std::size_t token) {
 /// dropped.
 template <unsigned kPredicate, class Context>
 ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
-  static_assert(kPredicate < TrialTable::kPredicates);
+  static_assert(kPredicate < TrialTable::kNumbers);
   pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
   pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
   const std::size_t token = PositionOf(ctx);
@@ -55,38 +57,44 @@ ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
   const TrialTable::Outcome kept = trials.Find(kPredicate, token);
   if (kept.known) {
     if (kept.matched) state->errorRecovery = ANTLR3_FALSE;
+    trials.reach = std::max(trials.reach, kept.reach);
     return kept.success;
   }
 
   const ANTLR3_BOOLEAN inRecovery = state->errorRecovery;
   state->errorRecovery = ANTLR3_TRUE;
+  const std::size_t outerReach = trials.reach;
+  trials.reach = token;
   state->backtracking++;
   stream->lastMarker = start;
   fragment(ctx);
   const bool success = !state->failed;
+  const std::size_t end = PositionOf(ctx);
   SeekTo(ctx, token);
   stream->lastMarker = start;
   state->backtracking--;
   state->failed = ANTLR3_FALSE;
   const bool matched = state->errorRecovery == ANTLR3_FALSE;
   if (!matched) state->errorRecovery = inRecovery;
-  trials.Keep(kPredicate, token, success, matched);
+  const std::size_t reach = std::max(trials.reach, end);
+  trials.Keep(kPredicate, token, {true, success, matched, end, reach});
+  trials.reach = std::max(outerReach, reach);
   return success;
 }
 
-/// Stands at the beginning of a rule that remembers how it went within trials. Where that is known,
-/// `Repeat` does the same again at once; else the end of the rule's function keeps it.
+/// Stands at the beginning of a rule that is being tried and remembers how it went. Where that is
+/// known, `Repeat` does the same again at once; else the end of the rule's function keeps it.
 template <unsigned kRule, class Context>
 class RuleMemo {
  public:
   explicit RuleMemo(Context* context) : ctx(context), state(context->pParser->rec->state) {
-    static_assert(kRule < TrialTable::kRules);
-    if (state->backtracking == 0) return;
+    static_assert(kRule < TrialTable::kNumbers);
     // The time limit may have struck within the trial that asks.
     ctx->trials->SetGivenUp(ctx->fileState->Aborted());
     start = ctx->tokens->Position();
-    const TrialTable::Outcome kept = ctx->trials->FindRule(kRule, start);
+    const TrialTable::Outcome kept = ctx->trials->Find(kRule, start);
     if (kept.known) {
+      ctx->trials->reach = std::max(ctx->trials->reach, kept.reach);
       if (kept.matched) state->errorRecovery = ANTLR3_FALSE;
       if (kept.success) {
         ctx->tokens->Seek(kept.end);
@@ -98,13 +106,18 @@ class RuleMemo {
     }
     inRecovery = state->errorRecovery;
     state->errorRecovery = ANTLR3_TRUE;
-    keeps = true;
+    outerReach = ctx->trials->reach;
+    ctx->trials->reach = start;
   }
   ~RuleMemo() {
-    if (!keeps) return;
+    if (repeated) return;
     const bool matched = state->errorRecovery == ANTLR3_FALSE;
     if (!matched) state->errorRecovery = inRecovery;
-    ctx->trials->KeepRule(kRule, start, !state->failed, matched, ctx->tokens->Position());
+    TrialTable& trials = *ctx->trials;
+    const std::size_t end = ctx->tokens->Position();
+    const std::size_t reach = std::max(trials.reach, end);
+    trials.Keep(kRule, start, {true, !state->failed, matched, end, reach});
+    trials.reach = std::max(outerReach, reach);
   }
   RuleMemo(const RuleMemo&) = delete;
   RuleMemo& operator=(const RuleMemo&) = delete;
@@ -116,9 +129,9 @@ class RuleMemo {
   Context* ctx;
   pANTLR3_RECOGNIZER_SHARED_STATE state;
   std::size_t start = 0;
+  std::size_t outerReach = 0;
   ANTLR3_BOOLEAN inRecovery = ANTLR3_FALSE;
   bool repeated = false;
-  bool keeps = false;
 };
 
 /// Asks a predicate of a lexer: the same without keeping, since a lexer asks once per character.
@@ -198,30 +211,28 @@ std::string TextBetween(Context* ctx, ANTLR3_MARKER first, ANTLR3_MARKER last) {
 
 // Parsers -----------------------------------------------------------------------------------------
 
-/// Matches a token that nobody wants to see. A mismatch goes to the runtime.
+/// Matches a token that nobody wants to see, outside trials. A mismatch goes to the runtime.
 template <class Context>
 inline void MatchToken(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
   pANTLR3_BASE_RECOGNIZER recognizer = ctx->pParser->rec;
   if (ctx->tokens->LA(1) == type) {
     ctx->tokens->Consume();
     recognizer->state->errorRecovery = ANTLR3_FALSE;
-    recognizer->state->failed = ANTLR3_FALSE;
-  } else if (recognizer->state->backtracking > 0) {
-    recognizer->state->failed = ANTLR3_TRUE;
   } else {
     recognizer->match(recognizer, type, follow);
   }
 }
 
-/// Matches a token for a label. In a trial no action looks at labels, so there is no token then.
+/// Matches a token within a trial.
 template <class Context>
-inline void* MatchLabelled(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
-  pANTLR3_BASE_RECOGNIZER recognizer = ctx->pParser->rec;
-  if (recognizer->state->backtracking > 0) {
-    MatchToken(ctx, type, follow);
-    return nullptr;
+inline void TryToken(Context* ctx, ANTLR3_UINT32 type) {
+  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
+  if (ctx->tokens->LA(1) == type) {
+    ctx->tokens->Consume();
+    state->errorRecovery = ANTLR3_FALSE;
+  } else {
+    state->failed = ANTLR3_TRUE;
   }
-  return recognizer->match(recognizer, type, follow);
 }
 
 /// The steps of one prediction; see `PredictionMemo`.

@@ -2,8 +2,6 @@
 // Indexes one file: path, language by suffix, recogniser, reports.
 #include "driver/process.h"
 
-#include <limits.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 
 #include <cctype>
@@ -16,6 +14,7 @@
 
 #include "driver/clock.h"
 #include "driver/language.h"
+#include "driver/path_resolver.h"
 #include "driver/paths.h"
 #include "driver/source_file.h"
 #include "driver/text.h"
@@ -26,10 +25,8 @@ namespace {
 /// The path as tags name it, and as files are opened by it. Keeps what was given when the file
 /// cannot be resolved, so that a half-resolved prefix is never indexed by mistake.
 std::string ResolvePath(const std::string& path) {
-  if (path.empty()) return "<stdin>";
-  char buffer[PATH_MAX];
-  if (realpath(path.c_str(), buffer) == nullptr) return path;
-  return buffer;
+  static PathResolver resolver;  // One for the run: it remembers the folder of the last file.
+  return path.empty() ? "<stdin>" : resolver.Resolve(path);
 }
 
 }  // namespace
@@ -57,14 +54,12 @@ int Process(const std::string& path, const Options& options, Dumper& dumper) {
     std::fputs("reading from stdin not yet implemented\n", stderr);
     return -1;
   }
-  struct stat status;
-  if (stat(resolved.c_str(), &status) != 0) {
-    std::fprintf(stderr, "failed opening %s %s\n", path.c_str(), resolved.c_str());
-    return -1;
-  }
   static SourceFile source;  // One for the run: its buffer and its recognisers are used again.
   if (!source.Read(resolved)) {
-    std::fprintf(stderr, "failed reading %s %s\n", path.c_str(), resolved.c_str());
+    struct stat status;
+    const bool isThere = stat(resolved.c_str(), &status) == 0;
+    std::fprintf(stderr, "failed %s %s %s\n", isThere ? "reading" : "opening", path.c_str(),
+                 resolved.c_str());
     return -1;
   }
 

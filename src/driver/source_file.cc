@@ -41,6 +41,9 @@ bool ReadAll(int file, std::size_t expected, std::vector<ANTLR3_UINT8>& bytes,
     if (count < 0) return false;
     if (count == 0) break;
     size += static_cast<std::size_t>(count);
+    // A regular file that gives less than there is room for, and what was expected, has ended. Not
+    // so those of the kernel, which all say that they are empty.
+    if (size == expected && size < bytes.size()) break;
     if (size > kLargest) return false;
   }
   length = size;

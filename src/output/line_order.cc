@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <cstring>
 #include <functional>
-#include <utility>
 
 namespace vexltags {
 
@@ -18,39 +17,113 @@ std::size_t NameLength(std::string_view line) { return std::min(line.find('\t'),
 
 char FoldAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-// The first eight bytes of a text as a number, zeros behind a shorter one: two different numbers
+// Eight bytes of a text from `from` on as a number, zeros behind its end: two different numbers
 // compare as the texts do, byte by byte and unsigned.
 template <class Map>
-std::uint64_t LeadingBytes(const char* text, std::size_t length, Map map) {
+std::uint64_t EightBytes(std::string_view text, std::size_t from, Map map) {
   std::uint64_t result = 0;
-  for (std::size_t i = 0; i < sizeof result; ++i) {
-    result = result << 8 | (i < length ? static_cast<unsigned char>(map(text[i])) : 0U);
+  const std::size_t end = std::min(text.size(), from + sizeof result);
+  for (std::size_t i = from; i < end; ++i) {
+    result = result << 8 | static_cast<unsigned char>(map(text[i]));
   }
-  return result;
+  const std::size_t missing = from + sizeof result - end;
+  return missing < sizeof result ? result << (8 * missing) : 0;
 }
 
-// The folded name with its tab. Two lines that differ there differ within the longer name, and that
-// decides their folded order; but see below for lines without a tab.
-std::uint64_t FoldedLead(std::string_view line) {
-  const std::size_t end = std::min(NameLength(line) + 1, line.size());
-  return LeadingBytes(line.data(), strnlen(line.data(), end), FoldAscii);
+// A line while it is being sorted: eight bytes of it, its number, and how much of it the key is.
+// More lines than the numbers reach would not fit in memory beside their texts.
+struct Keyed {
+  std::uint64_t bytes;
+  std::uint32_t line;
+  std::uint32_t keyLength;
+};
+
+/// Sorts lines by a key that a line begins with, eight bytes of it at a time, so that most
+/// comparisons touch no line; lines of one key and short runs fall to `before`, which agrees with
+/// the order of the keys.
+template <class Map, class Before>
+class KeySorter {
+ public:
+  KeySorter(const std::vector<std::string_view>& unsorted, Map keyMap, Before lineOrder)
+      : lines(unsorted), map(keyMap), before(lineOrder) {}
+
+  /// `from` is a multiple of eight; the keys are known to agree in front of it.
+  void Sort(Keyed* first, Keyed* last, std::size_t from) const {
+    for (Keyed* item = first; item != last; ++item) {
+      item->bytes = EightBytes(lines[item->line].substr(0, item->keyLength), from, map);
+    }
+    std::sort(first, last, [](const Keyed& a, const Keyed& b) { return a.bytes < b.bytes; });
+    from += sizeof first->bytes;
+    for (Keyed* run = first; run != last;) {
+      Keyed* const end =
+          std::find_if(run, last, [run](const Keyed& item) { return item.bytes != run->bytes; });
+      const bool goesOn =
+          std::all_of(run, end, [from](const Keyed& item) { return item.keyLength > from; });
+      if (goesOn && end - run > kShortRun && from < kLongestPrefix) {
+        Sort(run, end, from);
+      } else if (end - run > 1) {
+        std::sort(run, end, [this](const Keyed& a, const Keyed& b) {
+          return before(lines[a.line], lines[b.line]);
+        });
+      }
+      run = end;
+    }
+  }
+
+ private:
+  static constexpr std::ptrdiff_t kShortRun = 8;
+  static constexpr std::size_t kLongestPrefix = 256;
+
+  const std::vector<std::string_view>& lines;
+  Map map;
+  Before before;
+};
+
+// The bytes that line number `i` is first sorted by are its first `length`.
+Keyed Key(std::size_t i, std::size_t length) {
+  return {0, static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(length)};
 }
 
-std::uint64_t ByteLead(std::string_view line) {
-  return LeadingBytes(line.data(), line.size(), [](char c) { return c; });
+template <class Map, class Before>
+void SortByKey(std::vector<std::string_view>& lines, std::vector<Keyed>& keyed, Map map,
+               Before before) {
+  KeySorter<Map, Before>(lines, map, before).Sort(keyed.data(), keyed.data() + keyed.size(), 0);
+  // Each line goes to its place, one cycle after the other.
+  for (std::uint32_t start = 0; start < keyed.size(); ++start) {
+    const std::string_view displaced = lines[start];
+    std::uint32_t place = start;
+    while (keyed[place].line != start) {
+      const std::uint32_t next = keyed[place].line;
+      lines[place] = lines[next];
+      keyed[place].line = place;
+      place = next;
+    }
+    lines[place] = displaced;
+    keyed[place].line = place;
+  }
 }
 
-// Sorts by a leading number that agrees with `before`, and by `before` where the numbers are equal;
-// most comparisons then touch no line.
-template <class Lead, class Before>
-void SortByLead(std::vector<std::string_view>& lines, Lead lead, Before before) {
-  std::vector<std::pair<std::uint64_t, std::string_view>> keyed;
+void SortByBytes(std::vector<std::string_view>& lines) {
+  std::vector<Keyed> keyed;
   keyed.reserve(lines.size());
-  for (const std::string_view line : lines) keyed.emplace_back(lead(line), line);
-  std::sort(keyed.begin(), keyed.end(), [&before](const auto& a, const auto& b) {
-    return a.first != b.first ? a.first < b.first : before(a.second, b.second);
-  });
-  for (std::size_t i = 0; i < keyed.size(); ++i) lines[i] = keyed[i].second;
+  for (std::size_t i = 0; i < lines.size(); ++i) keyed.push_back(Key(i, lines[i].size()));
+  SortByKey(
+      lines, keyed, [](char c) { return c; }, std::less<>());
+}
+
+// The key is the folded name with its tab. Two lines that differ there differ within the longer
+// name, and that decides their folded order.
+void SortFolded(std::vector<std::string_view>& lines) {
+  std::vector<Keyed> keyed;
+  keyed.reserve(lines.size());
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const std::size_t name = NameLength(lines[i]);
+    // A line without a tab may end where the other line has its tab. That is no difference between
+    // the names, so case comes first, which keys cannot tell.
+    if (name == lines[i].size()) return std::sort(lines.begin(), lines.end(), CaseCompare());
+    keyed.push_back(Key(i, strnlen(lines[i].data(), name + 1)));
+  }
+  SortByKey(lines, keyed, FoldAscii, CaseCompare());
 }
 
 }  // namespace
@@ -64,18 +137,8 @@ bool CaseCompare::operator()(std::string_view a, std::string_view b) const {
 }
 
 void SortLines(std::vector<std::string_view>& lines, std::int32_t sort) {
-  if (sort == 1) SortByLead(lines, ByteLead, std::less<>());
-  if (sort != 2) return;
-  // A line without a tab may end where the other line has its tab. That is no difference between
-  // the names, so case comes first, which the leading bytes cannot tell.
-  const bool haveNames = std::all_of(lines.begin(), lines.end(), [](std::string_view line) {
-    return line.find('\t') != std::string_view::npos;
-  });
-  if (haveNames) {
-    SortByLead(lines, FoldedLead, CaseCompare());
-  } else {
-    std::sort(lines.begin(), lines.end(), CaseCompare());
-  }
+  if (sort == 1) SortByBytes(lines);
+  if (sort == 2) SortFolded(lines);
 }
 
 }  // namespace vexltags

@@ -29,13 +29,13 @@ struct RecognizerCounts {
 /// and used again for each file that the stream is given.
 ///
 /// `Grammar` names the generated types and functions:
-///   Lexer, Parser, Builder               types; Builder(options, dumper, stored) is the tag
-///   builder NewLexer(input), NewParser(tokens)   the generated constructors, null on lack of
-///   memory Start(parser)                        calls the start rule Attach(lexer) sets what else
-///   the lexer's context holds, for a new file kFiltersTokens                       whether the
-///   words of `-I` go into the file's filter set kKeepsNeighbours                     whether the
-///   parser asks what stands beside a token Scan                                 the scanner for
-///   common ground, or null
+/// - the types Lexer, Parser and Builder, which is the tag builder;
+/// - NewLexer(input) and NewParser(tokens), the generated constructors, null on lack of memory;
+/// - Start(parser), which calls the start rule;
+/// - Attach(lexer), which sets what else the lexer's context holds, for a new file;
+/// - kFiltersTokens: whether the words of `-I` go into the file's filter set;
+/// - kKeepsNeighbours: whether the parser asks what stands beside a token;
+/// - Scan, the scanner for common ground, or null.
 template <class Grammar>
 class Recognizers {
  public:
@@ -156,7 +156,9 @@ RecognizerCounts RunRecognizer(pANTLR3_INPUT_STREAM input, const Options& option
   }
   RecognizerCounts counts;
   if (kept->AreComplete()) counts = kept->Run(options, fileState, builder);
-  if (options.dumpErrors) kept.reset();
+  // The tables of a large file are not worth their memory.
+  constexpr ANTLR3_UINT32 kLargeFile = 1 << 22;
+  if (options.dumpErrors || input->sizeBuf > kLargeFile) kept.reset();
   return counts;
 }
 

@@ -6,6 +6,9 @@
 #include <cstring>
 
 namespace vexltags {
+namespace {
+constexpr std::size_t kLargestGuess = std::size_t{1} << 24;
+}  // namespace
 
 TokenTable::TokenTable(pANTLR3_INPUT_STREAM stream) : input(stream) { Reset(); }
 
@@ -20,8 +23,15 @@ void TokenTable::Reset() {
   gapsBefore.clear();
   dropped.clear();
   replaced.clear();
-  for (Partners& kind : partners) kind.close.clear();
   predictions.Reset();
+  // One allocation, as a rule: growing by doubling needs half as much again in the meantime. What
+  // is not used of it never becomes memory.
+  const std::size_t guess = std::min<std::size_t>(input->sizeBuf / 2, kLargestGuess);
+  types.reserve(guess + kEndMarks);
+  starts.reserve(guess);
+  ends.reserve(guess);
+  lines.reserve(guess);
+  for (Partners& kind : partners) kind.known = false;
   position = 0;
   lastHidden = 0;
   made.clear();
@@ -116,22 +126,31 @@ const std::string* TokenTable::ReplacedText(std::size_t index) const {
 std::size_t TokenTable::Partner(unsigned open, unsigned close) {
   auto kind = std::find_if(partners.begin(), partners.end(),
                            [open](const Partners& known) { return known.open == open; });
-  if (kind == partners.end()) kind = partners.insert(kind, Partners{open, {}});
-  if (kind->close.size() != Count()) {
-    kind->close.assign(Count(), 0);
-    std::vector<std::uint32_t> opened;
-    for (std::uint32_t i = 0; i < Count(); ++i) {
-      const auto type = static_cast<unsigned>(types[i]);
-      if (type == open) {
-        opened.push_back(i);
-      } else if (type == close && !opened.empty()) {
-        kind->close[opened.back()] = i;
-        opened.pop_back();
-      }
+  if (kind == partners.end()) kind = partners.insert(kind, Partners{open, false, {}});
+  if (!kind->known) FindBrackets(*kind, close);
+  const auto found = std::lower_bound(
+      kind->brackets.begin(), kind->brackets.end(), position,
+      [](const Bracket& bracket, std::size_t wanted) { return bracket.open < wanted; });
+  return found != kind->brackets.end() && found->open == position ? found->close : kNoPartner;
+}
+
+void TokenTable::FindBrackets(Partners& kind, unsigned close) const {
+  kind.known = true;
+  kind.brackets.clear();
+  std::vector<std::uint32_t> unclosed;  // Numbers in `brackets`.
+  const auto opener = static_cast<std::int16_t>(kind.open);
+  const auto closer = static_cast<std::int16_t>(close);
+  const auto count = static_cast<std::uint32_t>(Count());
+  for (std::uint32_t i = 0; i < count; ++i) {
+    if (types[i] == opener) {
+      unclosed.push_back(static_cast<std::uint32_t>(kind.brackets.size()));
+      kind.brackets.push_back({i, 0});
+    } else if (types[i] == closer && !unclosed.empty()) {
+      kind.brackets[unclosed.back()].close = i;
+      unclosed.pop_back();
     }
   }
-  const std::uint32_t partner = kind->close[position];
-  return partner == 0 ? kNoPartner : partner;
+  std::erase_if(kind.brackets, [](const Bracket& bracket) { return bracket.close == 0; });
 }
 
 std::string TokenTable::Text(std::size_t first, std::size_t last) const {

@@ -119,15 +119,20 @@ class TokenTable {
     std::string text;
   };
 
+  struct Bracket {
+    std::uint32_t open, close;
+  };
   struct Partners {
     unsigned open = 0;
-    std::vector<std::uint32_t> close;  ///< For each token, 0 where nothing closes it.
+    bool known = false;
+    std::vector<Bracket> brackets;  ///< The closed ones, in the order in which they open.
   };
 
   std::uint32_t Offset(const unsigned char* place) const {
     return static_cast<std::uint32_t>(place - data);
   }
   void AddNeighbour(unsigned type, bool isVisible);
+  void FindBrackets(Partners& kind, unsigned close) const;
   const std::string* ReplacedText(std::size_t index) const;
 
   pANTLR3_INPUT_STREAM input;

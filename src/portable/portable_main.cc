@@ -7,6 +7,7 @@
 #include <climits>
 #include <cstdio>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,11 @@ int Fail(const char* what, const std::string& path) {
   return -1;
 }
 
+int Refuse(const std::string& path, const char* why) {
+  std::fprintf(stderr, "%s %s\n", path.c_str(), why);
+  return -1;
+}
+
 int Show(const char* text) {
   std::fputs(text, stdout);
   return std::fflush(stdout) == 0 ? 0 : Fail("writing", "<stdout>");
@@ -68,31 +74,60 @@ int Filter(const std::string& path) {
   return status;
 }
 
+/// An empty file beside another one, with its mode and, where that is allowed, its owner. Goes away
+/// again unless it was moved.
+class NewFile {
+ public:
+  NewFile(const std::string& model, const struct stat& status) : path(model + ".XXXXXX") {
+    const int descriptor = mkstemp(path.data());
+    exists = descriptor >= 0;
+    if (!exists) return;
+    // Only root can give a file away; for others it becomes their own, as with any editor.
+    const bool sameOwner = fchown(descriptor, status.st_uid, status.st_gid) == 0;
+    ready = fchmod(descriptor, status.st_mode & (sameOwner ? 07777 : 0777)) == 0;
+    close(descriptor);
+  }
+  ~NewFile() {
+    if (exists) unlink(path.c_str());
+  }
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+
+  bool Made() const { return ready; }
+  const std::string& Path() const { return path; }
+  bool MoveTo(const char* target) {
+    if (std::rename(path.c_str(), target) != 0) return false;
+    exists = false;
+    return true;
+  }
+
+ private:
+  std::string path;
+  bool exists = false;
+  bool ready = false;
+};
+
 /// Rewrites the file `path`, behind a link the file that it leads to. On failure the file stays as
 /// it was.
 int RewriteInPlace(const std::string& path) {
   char resolved[PATH_MAX];
-  const File file(realpath(path.c_str(), resolved) ? std::fopen(resolved, "rbe") : nullptr);
   struct stat status;
-  if (!file || fstat(fileno(file.get()), &status) != 0) return Fail("opening", path);
-  std::string scratch = std::string(resolved) + ".XXXXXX";
-  const int descriptor = mkstemp(scratch.data());
-  if (descriptor < 0) return Fail("opening", scratch);
-  const bool sameMode = fchmod(descriptor, status.st_mode & 07777) == 0;
-  close(descriptor);
-  FileWriter output;
-  int result = -1;
-  if (!sameMode || !output.OpenFile(scratch, FileWriter::Mode::Truncate)) {
-    Fail("opening", scratch);
-  } else {
-    result = RewriteTags(file.get(), OptionsFor(path), output);
-    // A failed write shows here as well.
-    const bool closed = output.Close();
-    if (!closed || (result == 0 && std::rename(scratch.c_str(), resolved) != 0)) {
-      result = Fail("writing", path);
-    }
+  if (!realpath(path.c_str(), resolved) || stat(resolved, &status) != 0) {
+    return Fail("opening", path);
   }
-  if (result != 0) unlink(scratch.c_str());
+  // A pipe would wait for a writer, and no file can take the place of a device.
+  if (!S_ISREG(status.st_mode)) return Refuse(path, "is no regular file");
+  const File file(std::fopen(resolved, "rbe"));
+  if (!file) return Fail("opening", path);
+  NewFile replacement(resolved, status);
+  FileWriter output;
+  if (!replacement.Made() || !output.OpenFile(replacement.Path(), FileWriter::Mode::Truncate)) {
+    return Fail("making a new file beside", path);
+  }
+  const int result = RewriteTags(file.get(), OptionsFor(path), output);
+  // A failed write shows here as well.
+  if (!output.Close()) return Fail("writing", path);
+  if (result == 0 && !replacement.MoveTo(resolved)) return Fail("writing", path);
   return result;
 }
 
@@ -138,5 +173,10 @@ int Run(const std::vector<std::string>& arguments) {
 }  // namespace vexltags
 
 int main(int argc, char** argv) {
-  return vexltags::Run(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+  try {
+    return vexltags::Run(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+  } catch (const std::bad_alloc&) {
+    std::fputs("out of memory\n", stderr);
+    return -1;
+  }
 }

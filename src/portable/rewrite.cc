@@ -2,6 +2,7 @@
 // Reads line by line; writes at once for unsorted files, and at the end for others.
 #include "portable/rewrite.h"
 
+#include <climits>
 #include <cstdlib>
 #include <set>
 #include <string_view>
@@ -20,7 +21,10 @@ constexpr std::string_view kPseudoTag = "!_";
 constexpr std::string_view kFormat = "!_TAG_FILE_FORMAT";
 constexpr std::string_view kSorted = "!_TAG_FILE_SORTED";
 
-/// Lines of a stream, without their newlines.
+/// How long an open path may get: each byte of the longest path with a backslash in front.
+constexpr std::size_t kLongestField = 2 * PATH_MAX;
+
+/// Lines of a stream, without their newlines, and without carriage returns in front of these.
 class LineReader {
  public:
   explicit LineReader(std::FILE* stream) : file(stream) {}
@@ -33,12 +37,14 @@ class LineReader {
     const ssize_t length = getline(&buffer, &capacity, file);
     if (length <= 0) return false;
     ++number;
-    const bool ended = buffer[length - 1] == '\n';
-    line.assign(buffer, static_cast<std::size_t>(ended ? length - 1 : length));
+    line.assign(buffer, static_cast<std::size_t>(length));
+    if (line.ends_with('\n')) line.pop_back();
+    if (line.ends_with('\r')) line.pop_back();
     return true;
   }
   long Number() const { return number; }
-  bool Failed() const { return std::ferror(file) != 0; }
+  /// A line that memory had no room for ends the reading without an error of the stream.
+  bool Failed() const { return std::feof(file) == 0 || std::ferror(file) != 0; }
 
  private:
   std::FILE* file;
@@ -64,7 +70,9 @@ class Rewriter {
       }
       TagLine tag;
       LineForm form = ParseTagLine(line, tag);
-      for (std::string more; form == LineForm::kOpenPath && reader.Next(more);) {
+      const std::size_t longest = line.find('\t') + kLongestField;
+      for (std::string more;
+           form == LineForm::kOpenPath && line.size() < longest && reader.Next(more);) {
         line += '\n';
         line += more;
         form = ParseTagLine(line, tag);

@@ -80,6 +80,35 @@ TEST(RewriteTags, EndsTheLastLine) {
   ExpectRewritten("b\tb.c\t1;\"\tf", kFormatLine + SortedLine('0') + "b\tb.c\t1;\"\tf\n");
 }
 
+TEST(RewriteTags, EndsLinesWithANewlineAlone) {
+  const Result result = Rewrite(
+      "!_TAG_FILE_SORTED\t0 x\r\n!_TAG_PROGRAM_NAME\tvexltags\r\n"
+      "S\ta.swift\t1;\"\ts\r\na\tn\\\r\nx.c\t2;\"\tf\r\nb\ta.swift\t1;\"\tV\tS\r\n");
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.output, kFormatLine + SortedLine('0') +
+                               "!_TAG_PROGRAM_NAME\tvexltags\t//\n"
+                               "S\ta.swift\t1;\"\ts\nb\ta.swift\t1;\"\tV\tstruct:S\n");
+  EXPECT_EQ(result.messages, "left out, no line can hold this path: n\\nx.c\n");
+}
+
+TEST(RewriteTags, KeepsZeroBytesAndLongLines) {
+  const std::string longName(1 << 20, 'x');
+  const std::string lines = std::string("a\0b\ta\0.c\t1;\"\tf\n", 15) + longName + "\t" + longName +
+                            "\t1;\"\tf\t" + longName + "\n";
+  ExpectRewritten(lines, kFormatLine + SortedLine('0') + lines);
+}
+
+TEST(RewriteTags, GivesUpOnAPathThatGoesOnForEver) {
+  std::string endless = "a\tb\\\n";
+  while (endless.size() < 1000000) endless += "c\\\n";
+  const Result result = Rewrite(endless);
+  EXPECT_EQ(result.status, -1);
+  // Far above the last line: the path was longer than any path can be.
+  const std::string start = "tags is no tags file: line ";
+  ASSERT_TRUE(result.messages.starts_with(start)) << result.messages;
+  EXPECT_LT(std::stol(result.messages.substr(start.size())), 10000);
+}
+
 TEST(RewriteTags, OrdersByTheMark) {
   const std::string lines = "A_b\ta.c\t1;\"\tf\nAa\ta.c\t1;\"\tf\nab\ta.c\t1;\"\tf\n";
   ExpectRewritten("!_TAG_FILE_SORTED\t1 x\n" + lines, kFormatLine + SortedLine('1') + lines);

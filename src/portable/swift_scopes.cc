@@ -3,6 +3,7 @@
 #include "portable/swift_scopes.h"
 
 #include <cstddef>
+#include <iterator>
 
 namespace vexltags {
 namespace {
@@ -51,17 +52,14 @@ void SwiftScopes::Add(std::string_view path, const TagLine& tag) {
   if (kind.size() != 1 || KeyOfLetter(kind[0]).empty()) return;
   std::string_view scope = Field(tag.fields, 1);
   if (HasKey(scope)) scope.remove_prefix(scope.find(':') + 1);
-  types[FullName(path, scope, tag.name)].push_back({LineNumber(tag), kind[0]});
+  types[FullName(path, scope, tag.name)].insert_or_assign(LineNumber(tag), kind[0]);
 }
 
 std::string_view SwiftScopes::KeyOf(std::string_view path, std::string_view name, long line) const {
   const auto found = types.find(FullName(path, name, ""));
   if (found == types.end()) return "scope";
-  const Type* nearest = nullptr;
-  for (const Type& type : found->second) {
-    if (type.line <= line && (nearest == nullptr || type.line >= nearest->line)) nearest = &type;
-  }
-  return nearest == nullptr ? "scope" : KeyOfLetter(nearest->letter);
+  const auto behind = found->second.upper_bound(line);
+  return behind == found->second.begin() ? "scope" : KeyOfLetter(std::prev(behind)->second);
 }
 
 }  // namespace vexltags

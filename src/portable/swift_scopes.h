@@ -2,10 +2,10 @@
 // Finds the kind of the Swift type that a tag stands in, from the tags of the types themselves.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 #include "portable/tag_line.h"
 
@@ -29,12 +29,10 @@ class SwiftScopes {
   std::string_view KeyOf(std::string_view path, std::string_view name, long line) const;
 
  private:
-  struct Type {
-    long line;
-    char letter;
-  };
+  /// The letter of the last type that begins on a line, by line.
+  using Letters = std::map<long, char>;
   /// By path, a tab, and the dotted name of the type.
-  std::unordered_map<std::string, std::vector<Type>> types;
+  std::unordered_map<std::string, Letters> types;
 };
 
 }  // namespace vexltags

@@ -66,6 +66,9 @@ TEST(SwiftScopes, TakesTheTypeThatBeginsLastBeforeTheTag) {
   EXPECT_EQ(scopes.KeyOf("a.swift", "T", 19), "struct");
   EXPECT_EQ(scopes.KeyOf("a.swift", "T", 20), "extension");
   EXPECT_EQ(scopes.KeyOf("b.swift", "T", 30), "scope");
+  Add(scopes, "T\ta.swift\t20;\"\tg");
+  EXPECT_EQ(scopes.KeyOf("a.swift", "T", 20), "enum");
+  EXPECT_EQ(scopes.KeyOf("a.swift", "T", 99999), "enum");
 }
 
 }  // namespace

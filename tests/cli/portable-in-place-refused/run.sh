@@ -1,0 +1,19 @@
+# SPDX-License-Identifier: MIT
+# In place: what cannot be replaced, or not written whole, stays as it is, and nothing is left beside it.
+"$VEXLTAGS" --sort=yes --tag-relative -f tags a.py
+cp tags before
+mkfifo pipe
+ln -s nowhere dangling
+ln -s loop loop
+for name in pipe /dev/null . dangling loop; do
+  "$VEXLTAGS_PORTABLE" -i "$name" || echo "$name: $?"
+done
+(
+  ulimit -f 0
+  "$VEXLTAGS_PORTABLE" -i tags || echo "no room: $?"
+)
+chmod a-w .
+[ "$(id -u)" = 0 ] || "$VEXLTAGS_PORTABLE" -i tags 2>&1 | grep -qx 'error making a new file beside tags'
+chmod u+w .
+cmp tags before
+ls -d tags*

@@ -155,6 +155,9 @@ class Options(unittest.TestCase):
                 head = line.split(" -d ")[0]
                 found |= {"--" + word for word in re.findall(r" -l (\S+)", head)}
                 found |= {"-" + word for word in re.findall(r" -s (\S+)", head)}
+                # Options with a value behind `=` are whole words, to which fish adds no blank.
+                for words in re.findall(r" -a '(.*?)'", head):
+                    found |= {word.split("=")[0] for word in words.split()}
             self.assertEqual(found, expected)
 
 

@@ -1,0 +1,2 @@
+class Queue:
+    def take(self): pass

@@ -1,0 +1,8 @@
+class Stack:
+    def push(self, item):
+        def inner():
+            pass
+    class Cell:
+        def get(self): pass
+def main():
+    pass

@@ -19,26 +19,38 @@ foreach(_command IN ITEMS vexltags vexltags-portable)
 endforeach()
 install(FILES completions/_vexltags DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 
-install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES LICENSE RENAME copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES CHANGELOG.md doc/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES doc/tags-format.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/doc)
 install(DIRECTORY editors DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY hooks DESTINATION ${CMAKE_INSTALL_DOCDIR} USE_SOURCE_PERMISSIONS)
 
+# A package names somebody who answers for it: who makes it, by the variables that Debian's own tools
+# read. RELEASING.md tells more.
+set(_maintainer "vexltags developers <vexltags@localhost>")
+if(DEFINED ENV{DEBEMAIL} AND DEFINED ENV{DEBFULLNAME})
+  set(_maintainer "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
+endif()
+set(VEXLTAGS_MAINTAINER ${_maintainer} CACHE STRING "Name and address in the Debian package")
+
 set(CPACK_GENERATOR DEB TXZ)
 set(CPACK_PACKAGE_NAME vexltags)
 set(CPACK_PACKAGE_VENDOR "The vexltags developers")
-set(CPACK_PACKAGE_CONTACT "The vexltags developers <vexltags@localhost>")
+set(CPACK_PACKAGE_CONTACT ${VEXLTAGS_MAINTAINER})
 set(CPACK_PACKAGE_VERSION ${VEXLTAGS_VERSION})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "tags files of C, C++, Objective-C, Swift and Python")
 set(CPACK_PACKAGE_DESCRIPTION
-    "Indexes source files for editors: one line for each function, method, class, enum, macro and
- member, in the extended tags format.")
+    "Indexes source files for editors: one line for each function, method,
+class, enum, macro and member, in the extended tags format.
+
+The filter vexltags-portable rewrites tags files for readers that are
+strict about the format.")
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/PackagedDocs.cmake)
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "vim | neovim | emacs | universal-ctags")

@@ -190,6 +190,15 @@ class Pages(unittest.TestCase):
                 if "://" not in target:
                     self.assertTrue((page.parent / target).exists(), f"{page.name}: {target}")
 
+    def test_snippets(self):
+        """The files that an editor can load hold what their pages show, below a head of their own."""
+        for page, language, snippet in (("vim", "vim", "vexltags.vim"),
+                                        ("neovim", "vim", "vexltags.vim"),
+                                        ("emacs", "elisp", "vexltags.el")):
+            (block,) = re.findall(rf"^```{language}\n(.*?)^```$", read(f"editors/{page}.md"),
+                                  re.DOTALL | re.MULTILINE)
+            self.assertIn(block, read(f"editors/{snippet}"), page)
+
     def test_lengths(self):
         for page, most in (("README.md", 100), ("CONTRIBUTING.md", 60)):
             self.assertLessEqual(len(read(page).splitlines()), most, page)

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Installs a build into a scratch folder, makes the Debian package of it, and tries both.
+"""Installs a build into a scratch folder, makes its packages and the source archive, and tries them.
 
 usage: package_test.py --build FOLDER [--cmake CMAKE] [--cpack CPACK] [-v] [TEST...]
 """
 import argparse
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -14,18 +15,18 @@ import tempfile
 import unittest
 
 OPTIONS = argparse.Namespace()
+MANUALS = ("share/man/man1/vexltags.1", "share/man/man1/vexltags-portable.1")
 FILES = (
-    "share/man/man1/vexltags.1",
-    "share/man/man1/vexltags-portable.1",
     "share/bash-completion/completions/vexltags",
     "share/bash-completion/completions/vexltags-portable",
     "share/fish/vendor_completions.d/vexltags.fish",
     "share/fish/vendor_completions.d/vexltags-portable.fish",
     "share/zsh/vendor-completions/_vexltags",
-    "share/doc/vexltags/README.md",
     "share/doc/vexltags/copyright",
     "share/doc/vexltags/doc/tags-format.md",
     "share/doc/vexltags/editors/vim.md",
+    "share/doc/vexltags/editors/vexltags.vim",
+    "share/doc/vexltags/editors/vexltags.el",
     "share/doc/vexltags/hooks/README.md",
 )
 
@@ -37,15 +38,19 @@ class Package(unittest.TestCase):
 
     def run_quietly(self, *command):
         done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                              cwd=self.folder, timeout=300)
+                              cwd=self.folder, timeout=900)
         self.assertEqual(done.returncode, 0, done.stdout.decode("utf-8", "replace"))
         return done.stdout.decode("utf-8", "replace")
 
-    def check_tree(self, root):
-        for name in FILES:
+    def check_tree(self, root, packed=""):
+        for name in (*FILES, *(manual + packed for manual in MANUALS)):
             self.assertTrue((root / name).is_file(), name)
         hook = root / "share/doc/vexltags/hooks/git/refresh-tags"
         self.assertTrue(os.access(hook, os.X_OK))
+        for page in (root / "share/doc/vexltags").rglob("*.md"):
+            for target in re.findall(r"\]\(([^)#]+)\)", page.read_text("utf-8")):
+                self.assertTrue("://" in target or (page.parent / target).exists(),
+                                f"{page.name}: {target}")
         (self.folder / "a.py").write_text("def found(): pass\n", encoding="utf-8")
         self.run_quietly(root / "bin/vexltags", "--tag-relative", "-f", "tags", "a.py")
         self.run_quietly(root / "bin/vexltags-portable", "-i", "tags")
@@ -55,19 +60,84 @@ class Package(unittest.TestCase):
         self.run_quietly(OPTIONS.cmake, "--install", OPTIONS.build, "--prefix", "root")
         self.check_tree(self.folder / "root")
 
-    def test_debian_package(self):
+    def make_package(self):
         if not shutil.which("dpkg-deb"):
             self.skipTest("dpkg-deb is not installed")
         self.run_quietly(OPTIONS.cpack, "--config", f"{OPTIONS.build}/CPackConfig.cmake", "-G", "DEB",
                          "-B", self.folder / "pack")
         (package,) = (self.folder / "pack").glob("*.deb")
+        return package
+
+    def test_debian_package(self):
+        package = self.make_package()
         fields = self.run_quietly("dpkg-deb", "--field", package)
         self.assertIn("Package: vexltags\n", fields)
+        self.assertRegex(fields, r"(?m)^Maintainer: .+ <\S+@\S+>$")
         self.assertRegex(fields, r"Depends: .*libc6")
         # What it links is in the package or in those that it depends on, not the runtime.
         self.assertNotIn("antlr", fields)
         self.run_quietly("dpkg-deb", "--extract", package, "root")
-        self.check_tree(self.folder / "root" / "usr")
+        self.check_tree(self.folder / "root" / "usr", packed=".gz")
+        docs = self.folder / "root/usr/share/doc/vexltags"
+        for name in ("changelog.gz", "changelog.Debian.gz"):
+            self.assertTrue((docs / name).is_file(), name)
+        # The runtime that is linked in asks for its notice.
+        self.assertIn("Temporal Wave", (docs / "copyright").read_text("utf-8"))
+
+    def test_clean_root(self):
+        """dpkg installs the package where nothing is, and it runs on its dependencies alone."""
+        package = self.make_package()
+        root = self.folder / "root"
+        enter = ["unshare", "--map-root-user", "chroot", root]
+        (root / "var/lib/dpkg/info").mkdir(parents=True)
+        (root / "var/lib/dpkg/status").touch()
+        (root / "bin").mkdir()
+        # Only the packages that it names, which are taken from this system.
+        depends = self.run_quietly("dpkg-deb", "--field", package, "Depends")
+        names = re.findall(r"(?:^|, )([a-z0-9.+-]+)", depends)
+        self.assertIn("libc6", names)
+        for name in names:
+            for path in self.run_quietly("dpkg", "--listfiles", name).splitlines():
+                if os.path.isfile(path) and re.search(r"\.so(\.|$)", path):
+                    target = root / path.lstrip("/")
+                    target.parent.mkdir(parents=True, exist_ok=True)
+                    shutil.copy(path, target)
+        self.run_quietly("dpkg", f"--root={root}", "--force-depends", "--force-not-root",
+                         f"--log={self.folder}/log", "--install", package)
+        listed = self.run_quietly("dpkg", f"--root={root}", "--listfiles", "vexltags")
+        self.assertIn("/usr/share/man/man1/vexltags.1.gz\n", listed)
+        (root / "a.swift").write_text("class Body { func stop() {} }\n", encoding="utf-8")
+        trial = subprocess.run([*enter, "/usr/bin/vexltags", "-h"], stdout=subprocess.PIPE,
+                               stderr=subprocess.PIPE)
+        if b"unshare" in trial.stderr or b"cannot change root" in trial.stderr:
+            self.skipTest(f"no root of its own: {trial.stderr.decode()}")
+        self.run_quietly(*enter, "/usr/bin/vexltags", "--sort=yes", "-f", "/tags", "/a.swift")
+        self.run_quietly(*enter, "/usr/bin/vexltags-portable", "-i", "/tags")
+        self.assertIn('\nstop()\t/a.swift\t1;"\tf\tclass:Body\n',
+                      (root / "tags").read_text("utf-8"))
+
+    def test_source_archive(self):
+        """What is unpacked builds where there is neither Java nor the generator, nor git."""
+        cache = pathlib.Path(OPTIONS.build, "CMakeCache.txt").read_text("utf-8")
+        if not re.search(r"VEXLTAGS_SANITIZE:\w+=none\n", cache):
+            self.skipTest("the same as without sanitizers, and much longer")
+        source = re.search(r"CMAKE_HOME_DIRECTORY:INTERNAL=(.*)\n", cache).group(1)
+        if not os.path.exists(f"{source}/.git"):
+            self.skipTest("an archive is made in a git clone")
+        self.run_quietly(OPTIONS.cmake, "--build", OPTIONS.build, "--target", "source_archive")
+        (archive,) = pathlib.Path(OPTIONS.build).glob("vexltags-*-source.tar.xz")
+        self.run_quietly("tar", "xf", archive)
+        (tree,) = self.folder.glob("vexltags-*")
+        (found,) = tree.glob("src/grammars/generated/swift/swiftParser.c")
+        self.assertNotIn(source.encode(), found.read_bytes())
+        # What is not there cannot be run. Without optimisation, since the compiler is not on trial.
+        gone = [f"-DAntlr3_{name}=/nonexistent" for name in
+                ("JAVA", "JAR", "RUNTIME_JAR", "ST3_JAR", "ST4_JAR")]
+        self.run_quietly(OPTIONS.cmake, "-S", tree, "-B", "build", "-DCMAKE_BUILD_TYPE=Debug",
+                         "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DVEXLTAGS_TESTS=OFF", *gone)
+        self.run_quietly(OPTIONS.cmake, "--build", "build", "--parallel", "2")
+        self.run_quietly(OPTIONS.cmake, "--install", "build", "--prefix", "root")
+        self.check_tree(self.folder / "root")
 
 
 def main():

@@ -11,4 +11,9 @@ for order in yes foldcase no; do
   readtags -t tags -e -p mo
   readtags -t tags -e -Q '(eq? $kind "s")' -l
   readtags -t tags -l | wc -l
+  readtags -t tags -e -Q '(eq? ($ "class") "Body")' -S '(<> $line &line)' -l
+  readtags -t tags -e -Q '(eq? ($ "extension") "Body")' -l
+  readtags -t tags -Q '(eq? $input "names.h")' -S '(<> $line &line)' -l
+  readtags -t tags -en ab
+  readtags -t tags -D
 done

@@ -17,7 +17,15 @@ foreach(_command IN ITEMS vexltags vexltags-portable)
   install(FILES completions/vexltags.fish RENAME ${_command}.fish
           DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 endforeach()
-install(FILES completions/_vexltags DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+# Debian's zsh looks into one folder for packages, and into another below /usr/local.
+install(CODE "
+  if(CMAKE_INSTALL_PREFIX MATCHES [[/usr$]])
+    set(_folder vendor-completions)
+  else()
+    set(_folder site-functions)
+  endif()
+  file(INSTALL ${PROJECT_SOURCE_DIR}/completions/_vexltags
+       DESTINATION \${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/zsh/\${_folder})")
 
 install(FILES CHANGELOG.md doc/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES doc/tags-format.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/doc)

@@ -21,7 +21,6 @@ FILES = (
     "share/bash-completion/completions/vexltags-portable",
     "share/fish/vendor_completions.d/vexltags.fish",
     "share/fish/vendor_completions.d/vexltags-portable.fish",
-    "share/zsh/vendor-completions/_vexltags",
     "share/doc/vexltags/copyright",
     "share/doc/vexltags/doc/tags-format.md",
     "share/doc/vexltags/editors/vim.md",
@@ -42,8 +41,8 @@ class Package(unittest.TestCase):
         self.assertEqual(done.returncode, 0, done.stdout.decode("utf-8", "replace"))
         return done.stdout.decode("utf-8", "replace")
 
-    def check_tree(self, root, packed=""):
-        for name in (*FILES, *(manual + packed for manual in MANUALS)):
+    def check_tree(self, root, packed="", zsh="site-functions"):
+        for name in (*FILES, *(manual + packed for manual in MANUALS), f"share/zsh/{zsh}/_vexltags"):
             self.assertTrue((root / name).is_file(), name)
         hook = root / "share/doc/vexltags/hooks/git/refresh-tags"
         self.assertTrue(os.access(hook, os.X_OK))
@@ -77,7 +76,7 @@ class Package(unittest.TestCase):
         # What it links is in the package or in those that it depends on, not the runtime.
         self.assertNotIn("antlr", fields)
         self.run_quietly("dpkg-deb", "--extract", package, "root")
-        self.check_tree(self.folder / "root" / "usr", packed=".gz")
+        self.check_tree(self.folder / "root" / "usr", packed=".gz", zsh="vendor-completions")
         docs = self.folder / "root/usr/share/doc/vexltags"
         for name in ("changelog.gz", "changelog.Debian.gz"):
             self.assertTrue((docs / name).is_file(), name)

@@ -2,6 +2,8 @@
 // Suffix test, replacement and white space, by plain walks over the characters.
 #include "driver/text.h"
 
+#include <algorithm>
+
 namespace vexltags {
 
 bool EndsWith(const std::string& text, const std::string& suffix) { return text.ends_with(suffix); }
@@ -23,6 +25,13 @@ std::string& ReplaceAll(std::string& text, const std::string& from, const std::s
   }
   if (copied != 0) text = result.append(text, copied);
   return text;
+}
+
+bool HasWhitespace(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) {
+    return static_cast<unsigned char>(c) <= ' ' &&
+           (c == ' ' || c == '\t' || c == '\n' || c == '\r');
+  });
 }
 
 std::string CollapseWhitespace(const std::string& text, const std::string& separator) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace vexltags {
 
@@ -17,6 +18,9 @@ std::string& ReplaceFirst(std::string& text, const std::string& from, const std:
 /// again. Changes `text` in place and returns it. `from` must not be empty; an empty one changes
 /// nothing.
 std::string& ReplaceAll(std::string& text, const std::string& from, const std::string& to);
+
+/// True when `text` has a blank, tab, newline or carriage return.
+bool HasWhitespace(std::string_view text);
 
 /// Copies `text` with each run of white space (tab, newline, carriage return, blank) turned into
 /// one `separator`. A run at the end vanishes, one at the start does not.

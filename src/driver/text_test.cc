@@ -70,6 +70,15 @@ TEST(ReplaceAll, ReplacesEachOccurrenceOnce) {
   }
 }
 
+TEST(HasWhitespace, KnowsTheFourKinds) {
+  for (const char* text : {" ", "a b", "a\tb", "a\nb", "ab\r"})
+    EXPECT_TRUE(HasWhitespace(text)) << text;
+  for (const char* text : {"", "ab", "a\vb", "a\fb", "\x01", "\xa0"}) {
+    EXPECT_FALSE(HasWhitespace(text)) << text;
+  }
+  EXPECT_FALSE(HasWhitespace({"a\0b", 3}));
+}
+
 TEST(CollapseWhitespace, MakesOneSeparatorOfEachRun) {
   const struct {
     const char* text;

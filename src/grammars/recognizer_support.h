@@ -126,7 +126,7 @@ inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 #define MATCHT(type, follow) (vexltags::TryToken(ctx, type), nullptr)
 #define VEXL_MATCH(type, follow) (vexltags::TryToken(ctx, type))
 #else
-#define MATCHT(type, follow) (RECOGNIZER->match(RECOGNIZER, type, follow))
+#define MATCHT(type, follow) (vexltags::MatchLabelled(ctx, type, follow))
 #define VEXL_MATCH(type, follow) (vexltags::MatchToken(ctx, type, follow))
 #endif
 

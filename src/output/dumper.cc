@@ -51,7 +51,12 @@ void Dumper::PrintFormat(const char* format, ...) {
 
 void Dumper::PrintPiece(std::initializer_list<std::string_view> parts) {
   const std::size_t start = pending.size();
-  for (const std::string_view part : parts) pending += part.substr(0, part.find('\0'));
+  for (const std::string_view part : parts) pending += part;
+  if (pending.find('\0', start) != std::string::npos) {
+    // Each part ends at its first NUL byte, as that of a C string would.
+    pending.resize(start);
+    for (const std::string_view part : parts) pending += part.substr(0, part.find('\0'));
+  }
   if (pending.size() - start > kLongestPiece) pending.resize(start + kLongestPiece);
   Print("");
 }

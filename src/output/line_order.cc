@@ -5,6 +5,7 @@
 #include <strings.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstring>
 #include <functional>
@@ -15,19 +16,33 @@ namespace {
 
 std::size_t NameLength(std::string_view line) { return std::min(line.find('\t'), line.size()); }
 
-char FoldAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+// How bytes are changed before they are compared, eight at a time.
+struct AsTheyAre {
+  std::uint64_t operator()(std::uint64_t bytes) const { return bytes; }
+};
+struct FoldAscii {
+  std::uint64_t operator()(std::uint64_t bytes) const {
+    constexpr std::uint64_t kEach = 0x0101010101010101;
+    const std::uint64_t low = bytes & kEach * 0x7F;
+    const std::uint64_t fromA = low + kEach * (0x80 - 'A');
+    const std::uint64_t behindZ = low + kEach * (0x80 - 'Z' - 1);
+    const std::uint64_t isUpper = fromA & ~behindZ & ~bytes & kEach * 0x80;
+    return bytes + (isUpper >> 2);  // 0x20, from an upper to a lower case letter.
+  }
+};
 
 // Eight bytes of a text from `from` on as a number, zeros behind its end: two different numbers
 // compare as the texts do, byte by byte and unsigned.
 template <class Map>
 std::uint64_t EightBytes(std::string_view text, std::size_t from, Map map) {
-  std::uint64_t result = 0;
-  const std::size_t end = std::min(text.size(), from + sizeof result);
-  for (std::size_t i = from; i < end; ++i) {
-    result = result << 8 | static_cast<unsigned char>(map(text[i]));
+  std::uint64_t bytes = 0;
+  if (from + sizeof bytes <= text.size()) {
+    std::memcpy(&bytes, text.data() + from, sizeof bytes);
+  } else if (from < text.size()) {
+    std::memcpy(&bytes, text.data() + from, text.size() - from);
   }
-  const std::size_t missing = from + sizeof result - end;
-  return missing < sizeof result ? result << (8 * missing) : 0;
+  if constexpr (std::endian::native == std::endian::little) bytes = __builtin_bswap64(bytes);
+  return map(bytes);
 }
 
 // A line while it is being sorted: eight bytes of it, its number, and how much of it the key is.
@@ -107,8 +122,7 @@ void SortByBytes(std::vector<std::string_view>& lines) {
   std::vector<Keyed> keyed;
   keyed.reserve(lines.size());
   for (std::size_t i = 0; i < lines.size(); ++i) keyed.push_back(Key(i, lines[i].size()));
-  SortByKey(
-      lines, keyed, [](char c) { return c; }, std::less<>());
+  SortByKey(lines, keyed, AsTheyAre(), std::less<>());
 }
 
 // The key is the folded name with its tab. Two lines that differ there differ within the longer
@@ -123,7 +137,7 @@ void SortFolded(std::vector<std::string_view>& lines) {
     if (name == lines[i].size()) return std::sort(lines.begin(), lines.end(), CaseCompare());
     keyed.push_back(Key(i, strnlen(lines[i].data(), name + 1)));
   }
-  SortByKey(lines, keyed, FoldAscii, CaseCompare());
+  SortByKey(lines, keyed, FoldAscii(), CaseCompare());
 }
 
 }  // namespace

@@ -17,9 +17,10 @@ void FreeReportedErrors(pANTLR3_RECOGNIZER_SHARED_STATE state);
 /// error.
 void SilenceErrors(pANTLR3_BASE_RECOGNIZER recognizer);
 
-/// Lets a parser that reads a `TokenStream` take the follow sets for its recovery from the stream's
-/// `FollowStack`.
-void RecoverByFollowStack(pANTLR3_BASE_RECOGNIZER parser);
+/// Lets a parser that reads a `TokenStream` recover by the stream's tables and its `FollowStack`:
+/// as the runtime does, token by token. With `isSilent`, which is for a silenced parser, errors
+/// have no records of their own.
+void RecoverByFollowStack(pANTLR3_BASE_RECOGNIZER parser, bool isSilent);
 
 /// Brings a recogniser's state back to that of a new one, for the next file.
 void ResetState(pANTLR3_RECOGNIZER_SHARED_STATE state);

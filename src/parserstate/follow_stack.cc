@@ -12,10 +12,7 @@ FollowStack::Union FollowStack::All() {
   for (; unions < size; ++unions) {
     Union& all = made[unions];
     all = unions == 0 ? Union{} : made[unions - 1];
-    const ANTLR3_BITSET_LIST& set = *sets[unions];
-    for (std::size_t word = 0; word < std::min<std::size_t>(set.length, kWords); ++word) {
-      all[word] |= set.bits[word];
-    }
+    Add(all, *sets[unions]);
   }
   return made[size - 1];
 }

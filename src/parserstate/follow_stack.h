@@ -21,6 +21,20 @@ class FollowStack {
   static constexpr std::size_t kWords = 3;
   using Union = std::array<std::uint64_t, kWords>;
 
+  /// True when `all` holds the token type; false for the end of the file, which no set holds.
+  static bool Has(const Union& all, ANTLR3_UINT32 type) {
+    return type / 64 < kWords && (all[type / 64] >> (type % 64) & 1) != 0;
+  }
+  static void Remove(Union& all, ANTLR3_UINT32 type) {
+    all[type / 64] &= ~(std::uint64_t{1} << (type % 64));
+  }
+  /// Adds a set of the generated code to `all`.
+  static void Add(Union& all, const ANTLR3_BITSET_LIST& set) {
+    for (std::size_t word = 0; word < set.length && word < kWords; ++word) {
+      all[word] |= set.bits[word];
+    }
+  }
+
   /// Pushes a set of the generated code, which outlives the stack.
   void Push(pANTLR3_BITSET_LIST set) {
     if (size == sets.size()) sets.resize(2 * size + 64);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -65,7 +66,7 @@ class LoopMemo {
   LoopMemo(Context* context, unsigned decision)
       : ctx(context), loop(decision), state(context->pParser->rec->state) {}
   ~LoopMemo() {
-    if (!positions.empty()) Keep();
+    if (round > LoopRuns::kFreeRounds) Keep();
   }
   LoopMemo(const LoopMemo&) = delete;
   LoopMemo& operator=(const LoopMemo&) = delete;
@@ -75,14 +76,21 @@ class LoopMemo {
   bool JoinsKnownRun() { return ++round > LoopRuns::kFreeRounds && Join(); }
 
  private:
+  /// What is known of the rounds behind the free ones.
+  struct LateRounds {
+    bool joined = false;
+    std::vector<std::uint32_t> positions;
+  };
+
   __attribute__((noinline)) bool Join() {
+    if (!late) late = std::make_unique<LateRounds>();
     const std::size_t position = ctx->tokens->Position();
     const LoopRuns::Run& last = ctx->loops->Last(loop);
     if (!last.CameBy(position)) {
-      positions.push_back(static_cast<std::uint32_t>(position));
+      late->positions.push_back(static_cast<std::uint32_t>(position));
       return false;
     }
-    joined = true;
+    late->joined = true;
     ctx->trials->reach = std::max(ctx->trials->reach, last.end);
     state->errorRecovery = 0;
     if (last.failed) {
@@ -95,23 +103,22 @@ class LoopMemo {
 
   __attribute__((noinline)) void Keep() {
     LoopRuns::Run& last = ctx->loops->Last(loop);
-    if (!joined) {
+    if (!late->joined) {
       // Of the last round nothing is known but where it began: it may have matched no token.
-      positions.pop_back();
-      if (positions.empty()) return;
+      late->positions.pop_back();
+      if (late->positions.empty()) return;
       last.Clear();
       last.end = ctx->tokens->Position();
       last.failed = state->failed != 0;
     }
-    last.Extend(positions);
+    last.Extend(late->positions);
   }
 
   Context* ctx;
   unsigned loop;
   decltype(ctx->pParser->rec->state) state;
   unsigned round = 0;
-  bool joined = false;
-  std::vector<std::uint32_t> positions;
+  std::unique_ptr<LateRounds> late;
 };
 
 }  // namespace vexltags

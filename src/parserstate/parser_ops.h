@@ -22,17 +22,24 @@
 
 namespace vexltags {
 
+/// A plain build reads the runtime's own token stream.
+#ifdef VEXLTAGS_PLAIN
+constexpr bool kReadsTable = false;
+#else
+constexpr bool kReadsTable = true;
+#endif
+
 /// The index of the next token.
 template <class Context>
-std::size_t PositionOf(Context* ctx) {
-  if (ctx->tokens != nullptr) return ctx->tokens->Position();
+inline std::size_t PositionOf(Context* ctx) {
+  if (kReadsTable) return ctx->tokens->Position();
   pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
   return static_cast<std::size_t>(stream->index(stream));
 }
 
 template <class Context>
-void SeekTo(Context* ctx, std::size_t token) {
-  if (ctx->tokens != nullptr) return ctx->tokens->Seek(token);
+inline void SeekTo(Context* ctx, std::size_t token) {
+  if (kReadsTable) return ctx->tokens->Seek(token);
   pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
   stream->seek(stream, static_cast<ANTLR3_MARKER>(token));
 }
@@ -155,21 +162,21 @@ ANTLR3_BOOLEAN RunLexerTrial(Context* ctx, void (*fragment)(Context*)) {
 /// The 1-based line of the next token, that of the end of the file behind the last.
 template <class Context>
 int NextLine(Context* ctx) {
-  if (ctx->tokens != nullptr) return ctx->tokens->NextLine();
+  if (kReadsTable) return ctx->tokens->NextLine();
   return TokenLine(ctx->pParser->tstream->_LT(ctx->pParser->tstream, 1));
 }
 
 /// The index of the last token matched.
 template <class Context>
 ANTLR3_MARKER LastIndex(Context* ctx) {
-  if (ctx->tokens != nullptr) return static_cast<ANTLR3_MARKER>(ctx->tokens->Position()) - 1;
+  if (kReadsTable) return static_cast<ANTLR3_MARKER>(ctx->tokens->Position()) - 1;
   return ctx->pParser->tstream->_LT(ctx->pParser->tstream, -1)->index;
 }
 
 /// The type of the token `k` behind, 1 being the last matched; 0 in front of the first.
 template <class Context>
 ANTLR3_UINT32 TypeBehind(Context* ctx, int k) {
-  if (ctx->tokens != nullptr) return ctx->tokens->TypeBehind(static_cast<std::size_t>(k));
+  if (kReadsTable) return ctx->tokens->TypeBehind(static_cast<std::size_t>(k));
   const pANTLR3_COMMON_TOKEN token = ctx->pParser->tstream->_LT(ctx->pParser->tstream, -k);
   return token == nullptr ? 0 : token->type;
 }
@@ -179,7 +186,7 @@ ANTLR3_UINT32 TypeBehind(Context* ctx, int k) {
 /// leaves everything to the rule: another token comes next, or the failure is a real one.
 template <class Context>
 bool StepOverBrackets(Context* ctx, ANTLR3_UINT32 open, ANTLR3_UINT32 close) {
-  if (ctx->tokens == nullptr || ctx->tokens->LA(1) != open) return false;
+  if (!kReadsTable || ctx->tokens->LA(1) != open) return false;
   pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
   const std::size_t partner = ctx->tokens->Partner(open, close);
   if (partner != TokenTable::kNoPartner) {
@@ -198,7 +205,7 @@ bool StepOverBrackets(Context* ctx, ANTLR3_UINT32 open, ANTLR3_UINT32 close) {
 template <class Context>
 std::string TextBetween(Context* ctx, ANTLR3_MARKER first, ANTLR3_MARKER last) {
   if (last < first) return std::string();
-  if (ctx->tokens != nullptr) {
+  if (kReadsTable) {
     return ctx->tokens->Text(static_cast<std::size_t>(first), static_cast<std::size_t>(last));
   }
   std::string text;
@@ -221,6 +228,19 @@ inline void MatchToken(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST fol
   } else {
     recognizer->match(recognizer, type, follow);
   }
+}
+
+/// Matches a token for a label, outside trials.
+template <class Context>
+inline void* MatchLabelled(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
+  pANTLR3_BASE_RECOGNIZER recognizer = ctx->pParser->rec;
+  if (ctx->tokens->LA(1) != type || type == ANTLR3_TOKEN_EOF) {
+    return recognizer->match(recognizer, type, follow);
+  }
+  const pANTLR3_COMMON_TOKEN token = ctx->tokens->Next();
+  ctx->tokens->Consume();
+  recognizer->state->errorRecovery = ANTLR3_FALSE;
+  return token;
 }
 
 /// Matches a token within a trial.

@@ -166,10 +166,10 @@ void ParserStateBase::OpenScope(const TypeDescriptor& descriptor) {
 }
 
 void ParserStateBase::PrintCollapsed(const std::string& name) const {
-  if (name.find_first_of(" \t\n\r") == std::string::npos) {
-    dumper->Print(name);
-  } else {
+  if (HasWhitespace(name)) {
     dumper->Print(CollapseWhitespace(name, " "));
+  } else {
+    dumper->Print(name);
   }
 }
 

@@ -94,7 +94,7 @@ class Recognizers {
 #else
     parser->tokens = table.get();
     parser->follows = &tokens->Follows();
-    RecoverByFollowStack(parser->pParser->rec);
+    RecoverByFollowStack(parser->pParser->rec, !options.dumpErrors);
     // A scanner has no words for an error, so where errors are shown the generated lexer reads all.
     FillTokenTable(lexer->pLexer, options.dumpErrors ? nullptr : Grammar::Scan, *table);
 #endif

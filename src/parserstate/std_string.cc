@@ -56,7 +56,8 @@ stdString& stdString::operator+=(const char* text) {
 
 std::optional<std::string_view> TokenView(pANTLR3_COMMON_TOKEN token) {
   if (token == nullptr) return std::nullopt;
-  // The first two cases do what the runtime does, but without a string object for every question.
+  // All cases but the last do what the runtime does, but without a string object for every
+  // question.
   if (token->textState == ANTLR3_TEXT_NONE && token->type == ANTLR3_TOKEN_EOF) return "<EOF>";
   if (SpansBytes(*token)) {
     const ANTLR3_MARKER end = token->stop + 1;
@@ -64,6 +65,9 @@ std::optional<std::string_view> TokenView(pANTLR3_COMMON_TOKEN token) {
     // The runtime keeps addresses as numbers.
     const char* first = reinterpret_cast<const char*>(token->start);  // NOLINT(*-no-int-to-ptr)
     return std::string_view(first, static_cast<std::size_t>(end - token->start));
+  }
+  if (token->textState == ANTLR3_TEXT_CHARP) {
+    return std::string_view(reinterpret_cast<const char*>(token->tokText.chars));
   }
   const pANTLR3_STRING text = token->getText(token);
   if (text == nullptr) return std::nullopt;

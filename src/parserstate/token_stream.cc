@@ -64,4 +64,10 @@ TokenStream::TokenStream(TokenTable& table, pANTLR3_LEXER lexer) : table(table) 
   ints.size = Size;
 }
 
+const char* TokenStream::MissingText(unsigned type, const unsigned char* name) {
+  std::string& text = missingTexts[type];
+  if (text.empty()) text = "<missing " + std::string(reinterpret_cast<const char*>(name)) + ">";
+  return text.c_str();
+}
+
 }  // namespace vexltags

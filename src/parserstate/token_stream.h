@@ -2,6 +2,9 @@
 // The runtime's token stream over a token table.
 #pragma once
 
+#include <map>
+#include <string>
+
 #include <antlr3.h>
 
 #include "parserstate/follow_stack.h"
@@ -25,6 +28,9 @@ class TokenStream {
   /// The follow sets of the rules that the parser is in.
   FollowStack& Follows() { return follows; }
 
+  /// The text of a token that recovery makes up, by its type and name; lives as long as the stream.
+  const char* MissingText(unsigned type, const unsigned char* name);
+
   /// The stream behind the runtime's interface, which must have come from `Stream`.
   static TokenStream& Of(pANTLR3_TOKEN_STREAM tokens) {
     // The one field of the stream object that nothing of the runtime uses in a parser.
@@ -35,6 +41,7 @@ class TokenStream {
  private:
   TokenTable& table;
   FollowStack follows;
+  std::map<unsigned, std::string> missingTexts;
   ANTLR3_COMMON_TOKEN_STREAM common;
   ANTLR3_TOKEN_STREAM tokens;
   ANTLR3_INT_STREAM ints;

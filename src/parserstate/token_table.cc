@@ -7,46 +7,64 @@
 
 namespace vexltags {
 namespace {
+
+constexpr std::size_t kLeastRoom = 1024;
 constexpr std::size_t kLargestGuess = std::size_t{1} << 24;
+
+template <class T>
+void Enlarge(std::unique_ptr<T[]>& array, std::size_t used, std::size_t size) {
+  auto larger = std::make_unique_for_overwrite<T[]>(size);
+  std::copy_n(array.get(), used, larger.get());
+  array = std::move(larger);
+}
+
 }  // namespace
 
-TokenTable::TokenTable(pANTLR3_INPUT_STREAM stream) : input(stream) { Reset(); }
+TokenTable::TokenTable(pANTLR3_INPUT_STREAM stream) : input(stream) {
+  std::memset(&endOfFile, 0, sizeof endOfFile);
+  antlr3SetTokenAPI(&endOfFile);
+  endOfFile.type = ANTLR3_TOKEN_EOF;
+  endOfFile.factoryMade = ANTLR3_TRUE;
+  endOfFile.input = input;
+  Reset();
+}
 
 void TokenTable::Reset() {
   data = static_cast<const unsigned char*>(input->data);
-  types.clear();
-  starts.clear();
-  ends.clear();
-  lines.clear();
+  count = 0;
+  // One allocation, as a rule: growing step by step needs twice the memory in the meantime. What is
+  // not used of it never becomes memory.
+  const std::size_t guess = std::min<std::size_t>(input->sizeBuf / 2, kLargestGuess);
+  if (guess >= room) MakeRoom(std::max(guess, kLeastRoom));
   before.clear();
   behind.clear();
   gapsBefore.clear();
   dropped.clear();
   replaced.clear();
+  replacedTexts.clear();
+  nextReplaced = 0;
   predictions.Reset();
-  // One allocation, as a rule: growing by doubling needs half as much again in the meantime. What
-  // is not used of it never becomes memory.
-  const std::size_t guess = std::min<std::size_t>(input->sizeBuf / 2, kLargestGuess);
-  types.reserve(guess + kEndMarks);
-  starts.reserve(guess);
-  ends.reserve(guess);
-  lines.reserve(guess);
   for (Partners& kind : partners) kind.known = false;
   position = 0;
   lastHidden = 0;
-  made.clear();
   nextMade = 0;
-  std::memset(&endOfFile, 0, sizeof endOfFile);
-  antlr3SetTokenAPI(&endOfFile);
-  endOfFile.type = ANTLR3_TOKEN_EOF;
-  endOfFile.factoryMade = ANTLR3_TRUE;
   endOfFile.strFactory = input->strFactory;
-  endOfFile.input = input;
+}
+
+void TokenTable::MakeRoom(std::size_t tokens) {
+  Enlarge(types, count, tokens + kEndMarks);
+  Enlarge(starts, count, tokens);
+  Enlarge(ends, count, tokens);
+  Enlarge(lines, count, tokens);
+  room = tokens;
 }
 
 void TokenTable::Add(unsigned type, const unsigned char* start, const unsigned char* end,
                      unsigned line, std::string_view text) {
-  replaced.push_back({static_cast<std::uint32_t>(Count()), std::string(text)});
+  replaced.push_back({static_cast<std::uint32_t>(count), static_cast<std::uint32_t>(text.size()),
+                      replacedTexts.size()});
+  replacedTexts += text;
+  replacedTexts += '\0';
   Add(type, start, end, line);
 }
 
@@ -55,7 +73,7 @@ void TokenTable::AddDropped(const unsigned char* start, const unsigned char* end
   const std::uint32_t from = Offset(start);
   // A token without characters may stand between.
   const bool touches = !dropped.empty() && dropped.back().end == from &&
-                       (ends.empty() || ends.back() <= dropped.back().start);
+                       (count == 0 || ends[count - 1] <= dropped.back().start);
   if (touches) {
     dropped.back().end = Offset(end);
   } else {
@@ -78,7 +96,7 @@ void TokenTable::AddNeighbour(unsigned type, bool isVisible) {
 }
 
 void TokenTable::Finish(unsigned line) {
-  types.insert(types.end(), kEndMarks, static_cast<std::int16_t>(ANTLR3_TOKEN_EOF));
+  std::fill_n(&types[count], kEndMarks, static_cast<std::int16_t>(ANTLR3_TOKEN_EOF));
   endLine = line;
   endOfFile.line = line;
 }
@@ -92,35 +110,51 @@ pANTLR3_COMMON_TOKEN TokenTable::LT(ANTLR3_INT32 k) {
 }
 
 pANTLR3_COMMON_TOKEN TokenTable::Token(std::size_t index) {
-  if (index >= Count()) {
-    endOfFile.start = endOfFile.stop = static_cast<ANTLR3_MARKER>(position);
-    return &endOfFile;
-  }
-  if (made.size() < kMadeTokens) {
-    made.reserve(kMadeTokens);  // Callers hold addresses.
+  if (index < count) return Make(index);
+  endOfFile.start = endOfFile.stop = static_cast<ANTLR3_MARKER>(position);
+  return &endOfFile;
+}
+
+pANTLR3_COMMON_TOKEN TokenTable::Make(std::size_t index) {
+  // Callers hold addresses, so the ring never moves.
+  if (nextMade == kMadeTokens) nextMade = 0;
+  if (nextMade == made.size()) {
+    made.reserve(kMadeTokens);
     made.push_back(endOfFile);
-    nextMade = made.size() - 1;
   }
-  ANTLR3_COMMON_TOKEN& token = made[nextMade];
-  nextMade = (nextMade + 1) % made.size();
+  ANTLR3_COMMON_TOKEN& token = made[nextMade++];
+  token.strFactory = input->strFactory;
   token.type = static_cast<ANTLR3_UINT32>(types[index]);
   token.line = lines[index];
   token.index = static_cast<ANTLR3_MARKER>(index);
   token.start = reinterpret_cast<ANTLR3_MARKER>(data + starts[index]);
   token.stop = reinterpret_cast<ANTLR3_MARKER>(data + ends[index]) - 1;
   token.textState = ANTLR3_TEXT_NONE;
-  if (const std::string* text = ReplacedText(index)) {
-    token.textState = ANTLR3_TEXT_CHARP;
-    token.tokText.chars = reinterpret_cast<pANTLR3_UCHAR>(const_cast<char*>(text->c_str()));
+  if (!replaced.empty()) {
+    if (const char* text = ReplacedText(index)) {
+      token.textState = ANTLR3_TEXT_CHARP;
+      token.tokText.chars = reinterpret_cast<pANTLR3_UCHAR>(const_cast<char*>(text));
+    }
   }
   return &token;
 }
 
-const std::string* TokenTable::ReplacedText(std::size_t index) const {
-  const auto found = std::lower_bound(
-      replaced.begin(), replaced.end(), index,
-      [](const Replaced& entry, std::size_t wanted) { return entry.index < wanted; });
-  return found != replaced.end() && found->index == index ? &found->text : nullptr;
+pANTLR3_COMMON_TOKEN TokenTable::MadeUp(unsigned type, const char* text) {
+  if (count == 0) return nullptr;
+  const pANTLR3_COMMON_TOKEN token = Make(std::min(position, count - 1));
+  token->type = type;
+  token->start = token->stop = 0;
+  token->textState = ANTLR3_TEXT_CHARP;
+  token->tokText.chars = reinterpret_cast<pANTLR3_UCHAR>(const_cast<char*>(text));
+  return token;
+}
+
+const char* TokenTable::ReplacedText(std::size_t index) {
+  // Questions come mostly in source order.
+  while (nextReplaced < replaced.size() && replaced[nextReplaced].index < index) ++nextReplaced;
+  while (nextReplaced > 0 && replaced[nextReplaced - 1].index >= index) --nextReplaced;
+  const bool isReplaced = nextReplaced < replaced.size() && replaced[nextReplaced].index == index;
+  return isReplaced ? &replacedTexts[replaced[nextReplaced].start] : nullptr;
 }
 
 std::size_t TokenTable::Partner(unsigned open, unsigned close) {
@@ -140,7 +174,6 @@ void TokenTable::FindBrackets(Partners& kind, unsigned close) const {
   std::vector<std::uint32_t> unclosed;  // Numbers in `brackets`.
   const auto opener = static_cast<std::int16_t>(kind.open);
   const auto closer = static_cast<std::int16_t>(close);
-  const auto count = static_cast<std::uint32_t>(Count());
   for (std::uint32_t i = 0; i < count; ++i) {
     if (types[i] == opener) {
       unclosed.push_back(static_cast<std::uint32_t>(kind.brackets.size()));
@@ -171,7 +204,7 @@ std::string TokenTable::Text(std::size_t first, std::size_t last) const {
     const bool hasText = text != replaced.end() && text->index <= last;
     if (hasText && (!hasGap || starts[text->index] <= gap->start)) {
       append(starts[text->index]);
-      result += text->text;
+      result.append(replacedTexts, text->start, text->length);
       place = ends[text->index];
       ++text;
     } else if (hasGap) {
@@ -188,7 +221,6 @@ std::string TokenTable::Text(std::size_t first, std::size_t last) const {
 
 unsigned TokenTable::RawType(int offset) const {
   constexpr auto kEnd = static_cast<unsigned>(ANTLR3_TOKEN_EOF);
-  const std::size_t count = Count();
   if (offset < 0) {
     // Only the direct neighbour is kept.
     if (offset < -1 || position >= count) {

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,10 +42,12 @@ class TokenTable {
   /// Appends a visible token: the characters from `start` up to `end`, which is behind the last, on
   /// 1-based `line`.
   void Add(unsigned type, const unsigned char* start, const unsigned char* end, unsigned line) {
-    types.push_back(static_cast<std::int16_t>(type));
-    starts.push_back(Offset(start));
-    ends.push_back(Offset(end));
-    lines.push_back(line);
+    if (count == room) MakeRoom(room + room / 2);
+    types[count] = static_cast<std::int16_t>(type);
+    starts[count] = Offset(start);
+    ends[count] = Offset(end);
+    lines[count] = line;
+    ++count;
     if (keepsNeighbours) AddNeighbour(type, true);
   }
   /// The same with a text that replaces the characters.
@@ -62,18 +65,18 @@ class TokenTable {
 
   // Reading ---------------------------------------------------------------------------------------
 
-  std::size_t Count() const { return starts.size(); }
+  std::size_t Count() const { return count; }
   std::size_t Position() const { return position; }
   void Seek(std::size_t index) { position = index; }
   /// Steps over one token; at the end nothing happens.
   void Consume() {
-    if (position < starts.size()) ++position;
+    if (position < count) ++position;
   }
   /// The type of the token `k` ahead, 1 being the next; the runtime's end-of-file type behind the
   /// last.
   ANTLR3_UINT32 LA(ANTLR3_INT32 k) const {
     std::size_t index = position + static_cast<std::size_t>(k) - 1;
-    if (k > static_cast<ANTLR3_INT32>(kEndMarks) && index > starts.size()) index = starts.size();
+    if (k > static_cast<ANTLR3_INT32>(kEndMarks) && index > count) index = count;
     return static_cast<ANTLR3_UINT32>(static_cast<ANTLR3_INT32>(types[index]));
   }
   /// The type of the token `k` behind, 1 being the one just consumed; 0 in front of the first.
@@ -85,8 +88,13 @@ class TokenTable {
   pANTLR3_COMMON_TOKEN LT(ANTLR3_INT32 k);
   /// The token at `index` as the runtime's object.
   pANTLR3_COMMON_TOKEN Token(std::size_t index);
+  /// The next token as `LT` gives it, without asking whether there is one.
+  pANTLR3_COMMON_TOKEN Next() { return Make(position); }
+  /// A token that is not in the file, with a text that has to outlive it. It stands on the line of
+  /// the next token, at the end of the file on that of the last.
+  pANTLR3_COMMON_TOKEN MadeUp(unsigned type, const char* text);
   /// The line of the next token, that of the end of the file behind the last.
-  int NextLine() const { return static_cast<int>(position < Count() ? lines[position] : endLine); }
+  int NextLine() const { return static_cast<int>(position < count ? lines[position] : endLine); }
 
   /// What long predictions over these tokens remember.
   PredictionMemo& Predictions() { return predictions; }
@@ -116,7 +124,8 @@ class TokenTable {
   };
   struct Replaced {
     std::uint32_t index;
-    std::string text;
+    std::uint32_t length;
+    std::size_t start;  ///< In `replacedTexts`.
   };
 
   struct Bracket {
@@ -133,16 +142,22 @@ class TokenTable {
   }
   void AddNeighbour(unsigned type, bool isVisible);
   void FindBrackets(Partners& kind, unsigned close) const;
-  const std::string* ReplacedText(std::size_t index) const;
+  void MakeRoom(std::size_t tokens);
+  pANTLR3_COMMON_TOKEN Make(std::size_t index);
+  const char* ReplacedText(std::size_t index);
 
   pANTLR3_INPUT_STREAM input;
   const unsigned char* data = nullptr;
-  std::vector<std::int16_t> types;  ///< Once finished, with kEndMarks marks of the end behind.
-  std::vector<std::uint32_t> starts, ends, lines;
+  std::size_t count = 0, room = 0;  ///< Tokens that there are, and that there is room for.
+  std::unique_ptr<std::int16_t[]>
+      types;  ///< Once finished, with kEndMarks marks of the end behind.
+  std::unique_ptr<std::uint32_t[]> starts, ends, lines;
   std::vector<std::uint8_t> before, behind;  ///< Hidden neighbours, 0 for none.
   std::vector<std::uint32_t> gapsBefore;     ///< Places in front where something hidden stands.
   std::vector<Stretch> dropped;              ///< In source order.
   std::vector<Replaced> replaced;            ///< In source order.
+  std::string replacedTexts;                 ///< Each with a NUL byte behind it.
+  std::size_t nextReplaced = 0;              ///< Near the last one that was asked for.
   std::size_t position = 0;
   unsigned endLine = 1;
   bool keepsNeighbours = false;

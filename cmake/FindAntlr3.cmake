@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Finds the ANTLR 3 generator (Debian package antlr3, run by Java) and the ANTLR 3 C runtime
+# Finds the ANTLR 3 generator (Debian packages antlr3 and libstringtemplate-java, run by Java) and the ANTLR 3 C runtime
 # (Debian package libantlr3c-dev). Defines the target Antlr3::Runtime, Antlr3_JAVA,
 # Antlr3_CLASSPATH (the generator and the libraries it needs), Antlr3_JAR and Antlr3_VERSION.
 find_program(Antlr3_JAVA java)
@@ -20,7 +20,8 @@ endif()
 foreach(_need IN LISTS _needs)
   if(NOT Antlr3_${_need})
     message(FATAL_ERROR "The ANTLR 3 generator or runtime is missing (Antlr3_${_need}); "
-                        "install the packages antlr3, libantlr3c-dev and default-jre-headless.")
+                        "install the packages antlr3, libstringtemplate-java, libantlr3c-dev and "
+                        "default-jre-headless.")
   endif()
 endforeach()
 

@@ -184,6 +184,28 @@ class Pages(unittest.TestCase):
         self.assertEqual(set(page), {"C", "Swift", "Python"})
         self.assertEqual(page, doc)
 
+    def test_kinds_and_fields_of_the_cases(self):
+        """The golden cases show each letter and each key that the page lists, and no other."""
+        text = read("doc/vexltags.1")
+        letters = dict(re.findall(r"^\.SS Kinds of (C|Swift|Python)\b.*?\n\.TS\n.*?\n(.*?)\.TE", text,
+                                  re.DOTALL | re.MULTILINE))
+        heads = text.split(".SS Fields\n")[1].split(".SH ")[0]
+        keys = set(re.findall(r"\b([a-z]+):", plain(" ".join(re.findall(r"^\.TP\n(.*)$", heads,
+                                                                       re.MULTILINE)))))
+        seen_keys = set()
+        for language, folders in (("C", "c cxx objc"), ("Swift", "swift"), ("Python", "python")):
+            seen = set()
+            for folder in folders.split():
+                for case in (ROOT / "tests/cases" / folder).glob("*/expected.tags"):
+                    for line in case.read_text("latin-1").splitlines():
+                        fields = line.split("\t")[3:]
+                        seen.add(fields[0])
+                        seen_keys |= {key for field in fields[1:]
+                                      for key in re.findall(r"^([a-z]+):", field)}
+            listed = re.findall(r"^(\S(?:, \S)?)\t", letters[language], re.MULTILINE)
+            self.assertEqual(seen, {c for group in listed for c in group.split(", ")}, language)
+        self.assertEqual(seen_keys, keys)
+
     def test_links(self):
         for page in [*ROOT.glob("*.md"), *ROOT.glob("doc/*.md"), *ROOT.glob("editors/*.md"),
                      *ROOT.glob("hooks/*.md"), ROOT / "src/grammars/README.md"]:

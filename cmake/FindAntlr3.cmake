@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Finds the ANTLR 3 generator (Debian packages antlr3 and libstringtemplate-java, run by Java) and the ANTLR 3 C runtime
-# (Debian package libantlr3c-dev). Defines the target Antlr3::Runtime, Antlr3_JAVA,
+# Finds the ANTLR 3 generator (Debian packages antlr3 and libstringtemplate-java, run by Java) and the
+# ANTLR 3 C runtime (libantlr3c-dev). Defines the target Antlr3::Runtime, Antlr3_JAVA,
 # Antlr3_CLASSPATH (the generator and the libraries it needs), Antlr3_JAR and Antlr3_VERSION.
 find_program(Antlr3_JAVA java)
 set(_jars /usr/share/java /usr/local/share/java)

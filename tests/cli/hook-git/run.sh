@@ -8,9 +8,11 @@ export GIT_CONFIG_NOSYSTEM=1 GIT_AUTHOR_NAME=a GIT_AUTHOR_EMAIL=a@b GIT_COMMITTE
 git -c init.defaultBranch=main init -q repo
 cd repo
 mkdir -p .git/hooks 'a dir'
-for hook in post-checkout post-merge post-commit post-rewrite; do
-  cp "$VEXLTAGS_SOURCE/hooks/git/refresh-tags" .git/hooks/$hook
-done
+# As the page tells, from here instead of from the package.
+sed -n '/^for hook/,/^done/p' "$VEXLTAGS_SOURCE/hooks/README.md" |
+  sed "s|/usr/share/doc/vexltags|$VEXLTAGS_SOURCE|" >install-hooks
+. ./install-hooks
+rm install-hooks
 echo tags >>.git/info/exclude
 names() { echo "$1: $(grep -v '^!' tags | cut -f 1 | tr '\n' ' ')"; }
 

@@ -87,7 +87,12 @@ class Package(unittest.TestCase):
         """dpkg installs the package where nothing is, and it runs on its dependencies alone."""
         package = self.make_package()
         root = self.folder / "root"
-        enter = ["unshare", "--map-root-user", "chroot", root]
+        alone = ["unshare", "--map-root-user"]
+        trial = subprocess.run([*alone, "chroot", "/", "true"], stdout=subprocess.PIPE,
+                               stderr=subprocess.STDOUT)
+        if trial.returncode != 0:
+            self.skipTest(f"no root of its own: {trial.stdout.decode()}")
+        enter = [*alone, "chroot", root]
         (root / "var/lib/dpkg/info").mkdir(parents=True)
         (root / "var/lib/dpkg/status").touch()
         (root / "bin").mkdir()
@@ -101,15 +106,11 @@ class Package(unittest.TestCase):
                     target = root / path.lstrip("/")
                     target.parent.mkdir(parents=True, exist_ok=True)
                     shutil.copy(path, target)
-        self.run_quietly("dpkg", f"--root={root}", "--force-depends", "--force-not-root",
+        self.run_quietly(*alone, "dpkg", f"--root={root}", "--force-depends",
                          f"--log={self.folder}/log", "--install", package)
         listed = self.run_quietly("dpkg", f"--root={root}", "--listfiles", "vexltags")
         self.assertIn("/usr/share/man/man1/vexltags.1.gz\n", listed)
         (root / "a.swift").write_text("class Body { func stop() {} }\n", encoding="utf-8")
-        trial = subprocess.run([*enter, "/usr/bin/vexltags", "-h"], stdout=subprocess.PIPE,
-                               stderr=subprocess.PIPE)
-        if b"unshare" in trial.stderr or b"cannot change root" in trial.stderr:
-            self.skipTest(f"no root of its own: {trial.stderr.decode()}")
         self.run_quietly(*enter, "/usr/bin/vexltags", "--sort=yes", "-f", "/tags", "/a.swift")
         self.run_quietly(*enter, "/usr/bin/vexltags-portable", "-i", "/tags")
         self.assertIn('\nstop()\t/a.swift\t1;"\tf\tclass:Body\n',

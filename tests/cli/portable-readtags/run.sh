@@ -17,3 +17,8 @@ for order in yes foldcase no; do
   readtags -t tags -en ab
   readtags -t tags -D
 done
+echo '> odd ones'
+readtags -t tags -Q '(eq? $scope-name "Body")' -l
+printf '%s\ta.swift\t%s;"\tf\n' nowhere -1 '-(a:,b:)' 3 | "$VEXLTAGS_PORTABLE" >tags
+readtags -t tags -l
+readtags -t tags - '-(a:,b:)'

@@ -22,7 +22,7 @@ constexpr std::string_view kFormat = "!_TAG_FILE_FORMAT";
 constexpr std::string_view kSorted = "!_TAG_FILE_SORTED";
 
 /// How long an open path may get: each byte of the longest path with a backslash in front.
-constexpr std::size_t kLongestField = 2 * PATH_MAX;
+constexpr std::size_t kLongestField = std::size_t{2} * PATH_MAX;
 
 /// Lines of a stream, without their newlines, and without carriage returns in front of these.
 class LineReader {

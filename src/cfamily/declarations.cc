@@ -119,7 +119,7 @@ void CloseScope(VexlTagsParser& builder, int semicolonLine) {
 void CloseScopeWithDeclarators(VexlTagsParser& builder, const VectorOfName& names,
                                int semicolonLine) {
   const long typeKind = builder.CurrentNamespaceKind();
-  const std::string typeName = builder.CurrentNamespaceName();
+  const std::string typeName = builder.NamespaceNameToShow();
   const bool isTypedef = builder.CurrentNamespaceIsTyperef();
   builder.PopRCurly(true, semicolonLine);
   if (!builder.InFunctionCurliesDeep()) {

@@ -255,5 +255,18 @@ TEST_F(DeclarationsTest, ANameBehindAnEnumIsAVariableOrATypedefButNoMember) {
   EXPECT_EQ(Tags(), "T\ta.h\t2;\"\tt\ttyperef:enum:E\n");
 }
 
+TEST_F(DeclarationsTest, AClosedTypesLongNameIsShownAsFarAsALineHoldsIt) {
+  const std::string name(3000, 'N');
+  Open(name, kStructKind);
+  CloseScopeWithDeclarators(builder, Names({"a"}), 2);
+  const std::string field = ("\ttyperef:struct:" + name).substr(0, 1023);
+  EXPECT_EQ(Tags(), "a\ta.h\t1;\"\tv" + field + "\n");
+  EXPECT_EQ(Readable([&] {
+              Open(name, kStructKind);
+              CloseScopeWithDeclarators(builder, Names({"a"}), 2);
+            }),
+            "global: " + name + " a| a.h:1\n");
+}
+
 }  // namespace
 }  // namespace vexltags

@@ -17,7 +17,11 @@ constexpr long kImplementation = 9;
 
 }  // namespace
 
-std::string VexlTagsParser::CurrentNamespaceName() const { return JoinedScope(); }
+const std::string& VexlTagsParser::CurrentNamespaceName() const { return JoinedScope(); }
+
+std::string VexlTagsParser::NamespaceNameToShow() const {
+  return options->debugDump ? JoinedScope() : CollapsedForPiece(JoinedScope());
+}
 
 bool VexlTagsParser::HasScope() const { return !JoinedScope().empty(); }
 

@@ -26,7 +26,9 @@ class VexlTagsParser : public ParserStateBase {
   bool inTypedef = false;
 
   /// The names of the open scopes from the outermost, joined by "::".
-  std::string CurrentNamespaceName() const override;
+  const std::string& CurrentNamespaceName() const override;
+  /// A copy of it for use behind the scope's end, no longer than a tag line shows.
+  std::string NamespaceNameToShow() const;
   /// Opens a scope and its brace; a namespace has a brace of its own kind.
   void PushClass(const TypeDescriptor& descriptor) override;
   /// Opens the brace of a function body. Bodies are skipped as balanced text, so nobody calls it

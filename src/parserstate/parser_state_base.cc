@@ -48,7 +48,10 @@ ParserStateBase::ParserStateBase(const Options& runOptions, Dumper& sink, std::s
 
 ParserStateBase::~ParserStateBase() = default;
 
-std::string ParserStateBase::CurrentNamespaceName() const { return "implement me"; }
+const std::string& ParserStateBase::CurrentNamespaceName() const {
+  static const std::string text = "implement me";
+  return text;
+}
 
 void ParserStateBase::PushClass(const TypeDescriptor& descriptor) {
   OpenScope(descriptor);
@@ -97,7 +100,7 @@ void ParserStateBase::DumpEnumerator(const Name& name) {
                       ";\"\t",
                       {&kind_letter::kEnumerator, 1},
                       "\tenum:",
-                      CollapsedScope(),
+                      CollapsedScopeForPiece(),
                       "\n"});
 }
 
@@ -185,7 +188,7 @@ void ParserStateBase::PrintPosition(int line, std::string_view letter) const {
 }
 
 void ParserStateBase::PrintScope(std::string_view word) const {
-  dumper->PrintPiece({"\t", word, ":", CollapsedScope()});
+  dumper->PrintPiece({"\t", word, ":", CollapsedScopeForPiece()});
 }
 
 }  // namespace vexltags

@@ -53,7 +53,7 @@ class ParserStateBase {
   ParserStateBase& operator=(const ParserStateBase&) = delete;
 
   /// The open scopes as one text; empty outside any. Builders that have scopes override it.
-  virtual std::string CurrentNamespaceName() const;
+  virtual const std::string& CurrentNamespaceName() const;
   /// Opens a scope and its brace.
   virtual void PushClass(const TypeDescriptor& descriptor);
   /// Closes the innermost scope; with none open only `--dumpErrors` says so.
@@ -90,6 +90,11 @@ class ParserStateBase {
   const std::string& JoinedScope() const { return scopeText.Joined(); }
   /// The same with white space collapsed.
   const std::string& CollapsedScope() const { return scopeText.Collapsed(); }
+  /// As much of it as a formatted piece can hold: thousands of scopes in each other have long
+  /// names.
+  std::string_view CollapsedScopeForPiece() const {
+    return std::string_view(CollapsedScope()).substr(0, Dumper::kLongestPiece);
+  }
   /// Prints a name with white space collapsed.
   void PrintCollapsed(const std::string& name) const;
   /// `text` with white space collapsed, as far as a formatted piece can hold it.

@@ -29,9 +29,7 @@ class Builder : public ParserStateBase {
   using ParserStateBase::ParserStateBase;
   using ParserStateBase::PushCurly;
 
-  std::string CurrentNamespaceName() const override {
-    return ConcatenateNamesUsingSeparator(classStack, "::");
-  }
+  const std::string& CurrentNamespaceName() const override { return JoinedScope(); }
   void PopClass(int line) override {
     poppedLines.push_back(line);
     ParserStateBase::PopClass(line);

@@ -21,7 +21,7 @@ SwiftTagsParser::SwiftTagsParser(const Options& runOptions, Dumper& sink, std::s
 
 SwiftTagsParser::~SwiftTagsParser() = default;
 
-std::string SwiftTagsParser::CurrentNamespaceName() const { return JoinedScope(); }
+const std::string& SwiftTagsParser::CurrentNamespaceName() const { return JoinedScope(); }
 
 void SwiftTagsParser::DumpSwiftFunction(const std::string& name, const ParamList& params,
                                         int line) {
@@ -85,7 +85,7 @@ ParserStateBase::CurlyType SwiftTagsParser::PopRCurly(int line) {
 
 void SwiftTagsParser::DumpRest(int line, const std::string& letter) {
   PrintPosition(line, letter);
-  if (!CollapsedScope().empty()) dumper->PrintPiece({"\t", CollapsedScope()});
+  if (!CollapsedScope().empty()) dumper->PrintPiece({"\t", CollapsedScopeForPiece()});
   dumper->Print("\n");
 }
 

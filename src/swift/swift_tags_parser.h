@@ -23,7 +23,7 @@ class SwiftTagsParser : public ParserStateBase {
   ~SwiftTagsParser() override;
 
   /// The names of the open types from the outermost on, joined by ".".
-  std::string CurrentNamespaceName() const override;
+  const std::string& CurrentNamespaceName() const override;
 
   /// Writes a function: its name, and its labels in parentheses unless it is "deinit".
   void DumpSwiftFunction(const std::string& name, const ParamList& params, int line);

@@ -57,20 +57,9 @@ class Case:
 
 # --- Depth and repetition: the families of growth_families.py -----------------------------------------------
 
-# Families of which no case is deeper than this. Scopes nest no deeper in any source that means
-# something; parameters that are function pointers carry the text of all that they hold.
-SIZES = {
-    "c/namespaces": 3000, "c/namespaces-named": 3000, "c/classes": 3000, "c/classes-members": 3000,
-    "c/structs-declarator": 3000, "c/structs-anonymous": 3000, "c/structs-variable": 3000,
-    "swift/classes": 3000, "swift/extensions": 3000, "swift/enums": 3000,
-    "swift/structs-functions": 3000,
-    "c/function-pointer-parameters": 20000, "c/function-pointer-unnamed": 20000,
-    "c/function-pointer-variable": 20000, "c/function-pointer-typedef": 20000,
-    "c/function-pointer-block": 20000, "c/function-parameters": 20000,
-    "c/unclosed-function-pointer": 20000, "c/unclosed-parameter-pointer": 20000,
-    "c/unclosed-typedef-call": 20000,
-    "swift/words-class": 20000, "swift/words-public": 20000,
-}
+# Families of which no case is deeper than this: the tag of a function names all scopes around it, so
+# that the output itself grows with the square of the depth.
+SIZES = {"c/classes-members": 3000}
 
 # The families behind which tags must be found: those that the rules read from beginning to end. Behind
 # the others nothing is asked, since what is never closed may take the rest of the file with it, a
@@ -93,7 +82,12 @@ RESYNCHRONISES = {
         classes-members structs-anonymous structs-variable structs-declarator extern-c
         comments-row functions enumerators macros macro-lines identifier
         one-string blanks nul-bytes initializer-list bases words-semicolons words-static
-        closings-brace""".split(),
+        closings-brace conditionals-stray-endif raw-string-delimiter raw-string-parentheses
+        raw-strings-row blocks blocks-in-messages array-literals dictionary-literals boxes
+        selectors-long methods properties interfaces-row protocols-forward ends generic-selection
+        statement-expressions attributes-row attributes-brackets-row alignas-row extern-c-row
+        destructors pragmas bitfields unions-row typedefs-row friends macro-arguments
+        macro-redefined""".split(),
     "swift": """parentheses calls calls-labels calls-row calls-chain closures closures-call
         closures-arguments closures-row closures-in-call arrays arrays-elements arrays-row
         dictionaries dictionaries-keys dictionaries-row tuples subscripts ternaries operators
@@ -102,13 +96,22 @@ RESYNCHRONISES = {
         types-parameter-function types-result types-extension types-base patterns generics-row
         parameters-row classes functions-nested extensions comments strings-interpolation
         strings-interpolation-row strings-interpolation-parentheses strings-multiline attributes
-        attributes-arguments functions conditionals enums-cases""".split(),
+        attributes-arguments functions conditionals enums-cases actors protocols-nested
+        modifiers-mixed-closed modifiers-in-enum modifiers-set raw-string-hashes
+        raw-string-interpolation regex-extended-hashes regex-groups conditionals-elseif key-paths
+        closures-captures closures-trailing-row where-row bases-row cases-row imports imports-path
+        operators-run operators-dots operators-declared await macros tuples-empty
+        subscripts-declared identifier string backticks""".split(),
     "python": """parentheses parentheses-statement brackets braces calls defaults defaults-brackets
         annotations annotations-result bases decorators decorators-row lambdas ternaries
         parameters-row bases-row classes-one-line classes-indented functions-indented if-indented
         blank-lines blank-lines-indented functions comments strings-row string-triple
         closings-parenthesis closings-bracket closings-brace words-name words-minus words-colon
-        words-at unclosed-bracket unclosed-brace unclosed-bracket-lines unclosed-brace-lines""".split(),
+        words-at unclosed-bracket unclosed-brace unclosed-bracket-lines unclosed-brace-lines
+        comprehensions comprehensions-row dictionaries subscripts type-parameters star-parameters
+        async statements-row classes-row strings-prefixed strings-triple-row quotes-escaped
+        interpolations-row interpolations-same-quotes dedents operators-not operators-star
+        identifier number globals imports imports-parentheses match""".split(),
 }
 
 

@@ -179,7 +179,7 @@ def size_cases():
             ("objc-interfaces", ".mm", "@interface A - (void)b:(int)c; @end ", True),
             ("swift-declarations", ".swift", "let abcdefgh = 12345; ", True),
             ("swift-blanks", ".swift", " ", True),
-            ("swift-calls", ".swift", "abcdefgh(12345); ", True),
+            ("swift-calls", ".swift", "abcdefgh(12345); ", False),
             ("python-blanks", ".py", " ", True),
             ("python-statements", ".py", "abcdefgh = f(12345); ", True),
             ("python-definitions", ".py", "def abcdefgh(i): pass; ", True)]:

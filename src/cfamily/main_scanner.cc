@@ -73,7 +73,9 @@ class MainScanner {
   bool ScanToken() {
     switch (kFirst[*at]) {
       case First::Blank:
-        ++at;
+        do {
+          ++at;
+        } while (at < end && kFirst[*at] == First::Blank);
         return true;
       case First::LineEnd:
         SkipLineEnd();

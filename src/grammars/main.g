@@ -159,7 +159,7 @@ options { memoize = true; }
     ( SEMICOLON
     | optInitializerList ( requires_clause )? curlyEater { isDefinition = true; }
     )
-    { EndFunction(*ctx->builder, $fp.r, $f != NULL, isDefinition); }
+    { EndFunction(*ctx->builder, std::move($fp.r), $f != NULL, isDefinition); }
   ;
 
 // Constructors and destructors; operators; plain functions; functions with a deduced result.
@@ -170,13 +170,13 @@ options { memoize = true; }
     ( ( ( function_specifier )* qualifiedFunctionName params )=>
       ( s = function_specifier { AppendWithSpace($r.linkage, $s.r); } )*
       n = qualifiedFunctionName { $r.SetName($n.r); }
-      p = params { $r.params = $p.r; }
+      p = params { $r.params = std::move($p.r); }
       ( exception_specification )? ( requires_clause )? ( ASSIGN ( 'delete' | 'default' ) )?
     | ( ( function_specifier )* ( type | 'auto' )? optQualifier operatorName )=>
       ( s = function_specifier { AppendWithSpace($r.linkage, $s.r); } )*
       ( t = type { $r.returnType = $t.r.name; } | 'auto' { $r.returnType = "auto"; } )?
       q = optQualifier n = operatorName { $r.SetOperator($q.r, $n.r); }
-      p = params { $r.params = $p.r; }
+      p = params { $r.params = std::move($p.r); }
       ( c = functionConstQualifier { AppendWithSpace($r.constQualifier, $c.r); } )*
       ( ref_qualifier )? ( exception_specification )? ( ( POINTERTO )=> trailing_return_type )?
       ( requires_clause )?
@@ -185,7 +185,7 @@ options { memoize = true; }
     | l = linkage { $r.linkage = $l.r; }
       t = type { $r.returnType = $t.r.name; }
       n = qualifiedFunctionName { $r.SetName($n.r); }
-      p = params { $r.params = $p.r; }
+      p = params { $r.params = std::move($p.r); }
       ( c = functionConstQualifier { AppendWithSpace($r.constQualifier, $c.r); } )*
       ( ref_qualifier )? ( exception_specification )?
       ( ASSIGN Number { $r.isPure = true; } | ASSIGN ( 'delete' | 'default' ) )?
@@ -194,7 +194,7 @@ options { memoize = true; }
       ( 'auto' { $r.returnType = "auto"; } | d = decltype_specifier { $r.returnType = $d.r; } )
       ( ptr_operator )*
       n = qualifiedFunctionName { $r.SetName($n.r); }
-      p = params { $r.params = $p.r; }
+      p = params { $r.params = std::move($p.r); }
       ( c = functionConstQualifier { AppendWithSpace($r.constQualifier, $c.r); } )*
       ( ref_qualifier )? ( exception_specification )? ( trailing_return_type )?
       ( ASSIGN Number { $r.isPure = true; } | ASSIGN ( 'delete' | 'default' ) )?
@@ -657,19 +657,19 @@ operTok returns [Name r]
 
 params returns [ParamList r]
 options { memoize = true; }
-  : LPAREN c = parameter_declaration_clause RPAREN { $r = $c.r; }
+  : LPAREN c = parameter_declaration_clause RPAREN { $r = std::move($c.r); }
   ;
 
 parameter_declaration_clause returns [ParamList r]
-  : ( l = parameter_declaration_list { $r = $l.r; } )? COMMA e = ELLIPSIS
+  : ( l = parameter_declaration_list { $r = std::move($l.r); } )? COMMA e = ELLIPSIS
     { AddVariadicParam($r, TokenLine($e)); }
-  | ( l = parameter_declaration_list { $r = $l.r; } )?
+  | ( l = parameter_declaration_list { $r = std::move($l.r); } )?
     ( e = ELLIPSIS { AddVariadicParam($r, TokenLine($e)); } )?
   ;
 
 parameter_declaration_list returns [ParamList r]
 options { memoize = true; }
-  : ( p = param { $r.Add($p.r); } )? ( COMMA p = param { $r.Add($p.r); } )*
+  : ( p = param { $r.Add(std::move($p.r)); } )? ( COMMA p = param { $r.Add(std::move($p.r)); } )*
   ;
 
 idOrCppKeyword returns [Name r]

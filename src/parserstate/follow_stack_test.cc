@@ -21,6 +21,20 @@ TEST_F(FollowStackTest, IsEmptyAtFirst) {
   EXPECT_EQ(stack.All(), (FollowStack::Union{0, 0, 0}));
 }
 
+TEST_F(FollowStackTest, SetsHoldTokenTypes) {
+  FollowStack::Union set{};
+  FollowStack::Add(set, low);
+  FollowStack::Add(set, high);
+  for (const unsigned type : {0U, 1U, 4U, 135U}) EXPECT_TRUE(FollowStack::Has(set, type)) << type;
+  for (const unsigned type : {2U, 64U, 134U, 191U, 192U, 100000U}) {
+    EXPECT_FALSE(FollowStack::Has(set, type)) << type;
+  }
+  EXPECT_FALSE(FollowStack::Has(set, ANTLR3_TOKEN_EOF));
+  FollowStack::Remove(set, 4);
+  EXPECT_FALSE(FollowStack::Has(set, 4));
+  EXPECT_TRUE(FollowStack::Has(set, 1));
+}
+
 TEST_F(FollowStackTest, UnitesSetsOfAnyLength) {
   stack.Push(&low);
   EXPECT_EQ(stack.All(), (FollowStack::Union{0x12, 0, 0}));

@@ -36,7 +36,7 @@ struct ParamList {
   ParamList() = default;
   ParamList(std::nullptr_t) {}  // NOLINT
   ParamList& operator=(std::nullptr_t);
-  void Add(const Param& param) { params.push_back(param); }
+  void Add(Param param) { params.push_back(std::move(param)); }
 };
 
 }  // namespace vexltags

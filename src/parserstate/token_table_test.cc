@@ -82,6 +82,66 @@ TEST_F(TokenTableTest, TokensLiveForTheNextOnesAndNotLonger) {
   EXPECT_EQ(TokenString(first), "d");
 }
 
+TEST_F(TokenTableTest, MadeUpTokensStandOnTheLineOfTheNextOne) {
+  TokenTable table(input);
+  Fill(table);
+  table.Seek(2);
+  const pANTLR3_COMMON_TOKEN token = table.MadeUp(33, "<missing X>");
+  EXPECT_EQ(token->type, 33U);
+  EXPECT_EQ(TokenString(token), "<missing X>");
+  EXPECT_EQ(TokenLine(token), 2);
+  EXPECT_EQ(TokenString(table.Token(0)), "ab");
+  table.Seek(4);
+  EXPECT_EQ(TokenLine(table.MadeUp(33, "x")), 2);
+  table.Reset();
+  table.Finish(1);
+  EXPECT_EQ(table.MadeUp(33, "x"), nullptr);
+}
+
+TEST_F(TokenTableTest, HoldsTheNextFileAfterAReset) {
+  TokenTable table(input);
+  Fill(table);
+  EXPECT_EQ(TokenString(table.LT(1)), "ab");
+  table.Reset();
+  EXPECT_EQ(table.Count(), 0U);
+  table.Add(kMark, text + 6, text + 7, 5, "other");
+  table.Finish(6);
+  EXPECT_EQ(table.Position(), 0U);
+  EXPECT_EQ(TokenString(table.LT(1)), "other");
+  EXPECT_EQ(TokenLine(table.LT(1)), 5);
+  EXPECT_EQ(table.LA(2), ANTLR3_TOKEN_EOF);
+}
+
+TEST_F(TokenTableTest, GrowsBeyondItsGuess) {
+  TokenTable table(input);
+  constexpr std::size_t kMany = 5000;
+  for (std::size_t i = 0; i < kMany; ++i) {
+    table.Add(kWord + i % 2, text, text + 1, static_cast<unsigned>(i));
+  }
+  table.Finish(1);
+  ASSERT_EQ(table.Count(), kMany);
+  for (std::size_t i = 0; i < kMany; ++i) {
+    table.Seek(i);
+    ASSERT_EQ(table.LA(1), kWord + i % 2);
+    ASSERT_EQ(table.NextLine(), static_cast<int>(i));
+  }
+}
+
+TEST_F(TokenTableTest, FindsReplacedTextsInAnyOrder) {
+  TokenTable table(input);
+  for (int i = 0; i < 20; ++i) {
+    if (i % 3 == 0) {
+      table.Add(kMark, text, text + 1, 1, "m" + std::to_string(i));
+    } else {
+      table.Add(kWord, text, text + 2, 1);
+    }
+  }
+  table.Finish(1);
+  for (const std::size_t i : {0, 1, 19, 18, 3, 2, 9, 9, 10, 0, 15}) {
+    EXPECT_EQ(TokenString(table.Token(i)), i % 3 == 0 ? "m" + std::to_string(i) : "ab") << i;
+  }
+}
+
 TEST_F(TokenTableTest, TextHoldsHiddenTokensButNothingDropped) {
   TokenTable table(input);
   Fill(table);

@@ -92,7 +92,8 @@ class Package(unittest.TestCase):
                                stderr=subprocess.STDOUT)
         if trial.returncode != 0:
             self.skipTest(f"no root of its own: {trial.stdout.decode()}")
-        enter = [*alone, "chroot", root]
+        # A sanitizer build looks for leaks by /proc, which is not there.
+        enter = ["env", "ASAN_OPTIONS=detect_leaks=0", *alone, "chroot", root]
         (root / "var/lib/dpkg/info").mkdir(parents=True)
         (root / "var/lib/dpkg/status").touch()
         (root / "bin").mkdir()

@@ -36,9 +36,6 @@ void TokenTable::Reset() {
   // not used of it never becomes memory.
   const std::size_t guess = std::min<std::size_t>(input->sizeBuf / 2, kLargestGuess);
   if (guess >= room) MakeRoom(std::max(guess, kLeastRoom));
-  before.clear();
-  behind.clear();
-  gapsBefore.clear();
   dropped.clear();
   replaced.clear();
   replacedTexts.clear();
@@ -47,6 +44,7 @@ void TokenTable::Reset() {
   for (Partners& kind : partners) kind.known = false;
   position = 0;
   lastHidden = 0;
+  gaps = 0;
   nextMade = 0;
   endOfFile.strFactory = input->strFactory;
 }
@@ -56,6 +54,11 @@ void TokenTable::MakeRoom(std::size_t tokens) {
   Enlarge(starts, count, tokens);
   Enlarge(ends, count, tokens);
   Enlarge(lines, count, tokens);
+  if (keepsNeighbours) {
+    Enlarge(before, count, tokens);
+    Enlarge(behind, count, tokens);
+    Enlarge(gapsBefore, count, tokens);
+  }
   room = tokens;
 }
 
@@ -78,20 +81,6 @@ void TokenTable::AddDropped(const unsigned char* start, const unsigned char* end
     dropped.back().end = Offset(end);
   } else {
     dropped.push_back({from, Offset(end)});
-  }
-}
-
-void TokenTable::AddNeighbour(unsigned type, bool isVisible) {
-  const auto small = static_cast<std::uint8_t>(type);
-  if (isVisible) {
-    const std::uint32_t gaps = gapsBefore.empty() ? 0 : gapsBefore.back();
-    gapsBefore.push_back(gaps + (lastHidden != 0));
-    before.push_back(lastHidden);
-    behind.push_back(0);
-    lastHidden = 0;
-  } else {
-    if (!behind.empty() && behind.back() == 0) behind.back() = small;
-    lastHidden = small;
   }
 }
 

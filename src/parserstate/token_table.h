@@ -37,7 +37,10 @@ class TokenTable {
 
   /// Asks to remember for each visible token which type stands directly before and behind it,
   /// hidden tokens included; another 6 bytes each. To be called before the first token.
-  void KeepNeighbours() { keepsNeighbours = true; }
+  void KeepNeighbours() {
+    keepsNeighbours = true;
+    MakeRoom(room);
+  }
 
   /// Appends a visible token: the characters from `start` up to `end`, which is behind the last, on
   /// 1-based `line`.
@@ -47,15 +50,21 @@ class TokenTable {
     starts[count] = Offset(start);
     ends[count] = Offset(end);
     lines[count] = line;
+    if (keepsNeighbours) {
+      gaps += lastHidden != 0;
+      gapsBefore[count] = gaps;
+      before[count] = lastHidden;
+      behind[count] = lastHidden = 0;
+    }
     ++count;
-    if (keepsNeighbours) AddNeighbour(type, true);
   }
   /// The same with a text that replaces the characters.
   void Add(unsigned type, const unsigned char* start, const unsigned char* end, unsigned line,
            std::string_view text);
   /// Tells of a hidden token.
   void AddHidden(unsigned type) {
-    if (keepsNeighbours) AddNeighbour(type, false);
+    lastHidden = static_cast<std::uint8_t>(type);
+    if (keepsNeighbours && count > 0 && behind[count - 1] == 0) behind[count - 1] = lastHidden;
   }
   /// Tells of characters that belong to no token, since a lexer rule failed on them.
   /// Stretches that touch are kept as one, so that a gigabyte of zeros costs no memory.
@@ -140,7 +149,6 @@ class TokenTable {
   std::uint32_t Offset(const unsigned char* place) const {
     return static_cast<std::uint32_t>(place - data);
   }
-  void AddNeighbour(unsigned type, bool isVisible);
   void FindBrackets(Partners& kind, unsigned close) const;
   void MakeRoom(std::size_t tokens);
   pANTLR3_COMMON_TOKEN Make(std::size_t index);
@@ -152,16 +160,17 @@ class TokenTable {
   std::unique_ptr<std::int16_t[]>
       types;  ///< Once finished, with kEndMarks marks of the end behind.
   std::unique_ptr<std::uint32_t[]> starts, ends, lines;
-  std::vector<std::uint8_t> before, behind;  ///< Hidden neighbours, 0 for none.
-  std::vector<std::uint32_t> gapsBefore;     ///< Places in front where something hidden stands.
-  std::vector<Stretch> dropped;              ///< In source order.
-  std::vector<Replaced> replaced;            ///< In source order.
-  std::string replacedTexts;                 ///< Each with a NUL byte behind it.
-  std::size_t nextReplaced = 0;              ///< Near the last one that was asked for.
+  std::unique_ptr<std::uint8_t[]> before, behind;  ///< Hidden neighbours, 0 for none.
+  std::unique_ptr<std::uint32_t[]> gapsBefore;  ///< Places in front where something hidden stands.
+  std::vector<Stretch> dropped;                 ///< In source order.
+  std::vector<Replaced> replaced;               ///< In source order.
+  std::string replacedTexts;                    ///< Each with a NUL byte behind it.
+  std::size_t nextReplaced = 0;                 ///< Near the last one that was asked for.
   std::size_t position = 0;
   unsigned endLine = 1;
   bool keepsNeighbours = false;
-  std::uint8_t lastHidden = 0;
+  std::uint8_t lastHidden = 0;  ///< 0 right behind a visible token.
+  std::uint32_t gaps = 0;       ///< As `gapsBefore`, of the last token.
 
   std::vector<Partners> partners;
   PredictionMemo predictions;

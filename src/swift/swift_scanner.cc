@@ -109,7 +109,7 @@ class SwiftScanner {
       case First::Blank:
         return ScanBlanks();
       case First::LineEnd:
-        return Hide(kSwiftWhitespace, EndOfLine(at));
+        return *at == '\n' ? ScanBlanks() : Hide(kSwiftWhitespace, EndOfLine(at));
       case First::Letter:
         return ScanWord();
       case First::Digit:
@@ -185,12 +185,17 @@ class SwiftScanner {
     return *place == '\r' && Is(place + 1, '\n') ? place + 2 : place + 1;
   }
 
-  // Each blank is a token; nobody can tell several from one.
+  // Each blank or line end is a token; nobody can tell several from one.
   bool ScanBlanks() {
-    const Byte* next = at + 1;
-    while (next < end && (*next == ' ' || *next == '\t')) ++next;
+    for (; at < end; ++at) {
+      if (*at == '\n') {
+        ++cursor.line;
+        cursor.columnZero = at + 1;
+      } else if (*at != ' ' && *at != '\t') {
+        break;
+      }
+    }
     table.AddHidden(kSwiftWhitespace);
-    at = next;
     return true;
   }
 

@@ -215,6 +215,19 @@ def size_cases():
             yield case(f"only-{name}{suffix}", suffix, text, tags=("before", "after"))
         yield case("random-20-mb" + suffix, suffix, lambda suffix=suffix: GOOD[suffix]("before").encode() +
                    b"\n" + random_bytes(20 * 2**20, 7), tags=("before",))
+    for name, suffix, head, piece, tail in [
+            ("array", ".swift", "let a = [", "1, ", "1]"), ("sum", ".swift", "let a = ", "b + ", "b"),
+            ("dictionary", ".swift", "let a = [", '"b": 2, ', '"b": 2]'),
+            ("call", ".swift", "let a = f(", "b: 1, ", "c: 2)"),
+            ("array", ".c", "int a[] = {", "1, ", "1};"), ("sum", ".c", "int a = ", "b + ", "b;"),
+            ("enumerator-sum", ".c", "enum E { A = ", "b + ", "b };"),
+            ("strings", ".c", "const char *s = ", '"a" ', ";"),
+            ("array", ".mm", "id a = @[", "@1, ", "@1];"), ("list", ".py", "a = [", "1, ", "1]"),
+            ("default", ".py", "def f(a=[", "1, ", "1]): pass")]:
+        def text(suffix=suffix, head=head, piece=piece, tail=tail):
+            return GOOD[suffix]("before") + head + piece * (mib100 // len(piece)) + tail + "\n" + \
+                GOOD[suffix]("after")
+        yield case(f"one-expression-{name}{suffix}", suffix, text, tags=("before", "after"))
     long_name = "x" * (20 * 2**20)
     for suffix, text in ((".c", f"void {long_name}(void);\n"), (".cc", f"class {long_name} {{\n}};\n"),
                          (".mm", f"@interface {long_name}\n@end\n"), (".py", f"def {long_name}(): pass\n"), (".swift", f"func {long_name}() {{}}\n")):

@@ -52,11 +52,22 @@ class LoopRuns {
     return runs[loop];
   }
 
+  /// Tells whether the time limit has given the file up. A change forgets everything, since loops
+  /// end otherwise from then on.
+  void SetGivenUp(bool now) {
+    if (now != givenUp) runs.clear();
+    givenUp = now;
+  }
+
   /// For the next file.
-  void Reset() { runs.clear(); }
+  void Reset() {
+    runs.clear();
+    givenUp = false;
+  }
 
  private:
   std::vector<Run> runs;
+  bool givenUp = false;
 };
 
 /// Stands in front of a loop of a parser rule that is being tried.
@@ -84,6 +95,7 @@ class LoopMemo {
 
   __attribute__((noinline)) bool Join() {
     if (!late) late = std::make_unique<LateRounds>();
+    ctx->loops->SetGivenUp(ctx->fileState->Aborted());
     const std::size_t position = ctx->tokens->Position();
     const LoopRuns::Run& last = ctx->loops->Last(loop);
     if (!last.CameBy(position)) {

@@ -34,12 +34,18 @@ struct FakeParser {
   struct Trials {
     std::size_t reach = 0;
   };
+  struct FileState {
+    bool aborted = false;
+    bool Aborted() const { return aborted; }
+  };
   LoopRuns runs;
   Trials tried;
+  FileState file;
   Parser* pParser = &parser;
   Tokens* tokens = &table;
   LoopRuns* loops = &runs;
   Trials* trials = &tried;
+  FileState* fileState = &file;
 
   // Runs the loop from `start`; returns how many rounds it made.
   unsigned Loop(std::size_t start, std::size_t stop, bool fails = false) {
@@ -95,6 +101,14 @@ TEST(LoopMemo, AFailureIsJoinedAsAFailure) {
   parser.Loop(0, 1000, true);
   EXPECT_EQ(parser.Loop(10, 1000), LoopRuns::kFreeRounds);
   EXPECT_EQ(parser.state.failed, 1);
+}
+
+TEST(LoopMemo, GivingTheFileUpForgetsTheLastRun) {
+  FakeParser parser;
+  parser.Loop(0, 1000);
+  parser.file.aborted = true;
+  EXPECT_EQ(parser.Loop(1, 1000), 999U);
+  EXPECT_EQ(parser.Loop(1, 1000), LoopRuns::kFreeRounds);
 }
 
 TEST(LoopMemo, AnotherPlaceForgetsTheLastRun) {

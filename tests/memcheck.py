@@ -16,10 +16,11 @@ import subprocess
 import sys
 import tempfile
 
-CASES = pathlib.Path(__file__).resolve().parent / "cases"
+HERE = pathlib.Path(__file__).resolve().parent
+CASES = HERE / "cases"
 SUFFIXES = [".c", ".cc", ".mm", ".swift", ".py"]
 COMMAND = ["valgrind", "--quiet", "--leak-check=full", "--errors-for-leak-kinds=all",
-           "--show-leak-kinds=all", "--error-exitcode=99"]
+           "--show-leak-kinds=all", "--error-exitcode=99", f"--suppressions={HERE}/memcheck.supp"]
 
 
 def texts(sample):

@@ -61,6 +61,11 @@ enum MainToken : unsigned {
   kMainDefine = 60,
   kMainSpaceship = 61,
   kMainFirstKeyword = 92,
+  kMainConstexpr = 105,
+  kMainChar = 142,  ///< The first of the words of built-in types,
+  kMainVoid = 154,  ///< and the last.
+  kMainConst = 162,
+  kMainVolatile = 163,
 };
 
 }  // namespace vexltags

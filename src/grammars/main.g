@@ -25,6 +25,7 @@ options {
 @parser::includes {
 #include "cfamily/declarations.h"
 #include "cfamily/grammar_actions.h"
+#include "cfamily/plain_types.h"
 #include "cfamily/type_text.h"
 #include "parserstate/parser_ops.h"
 #include "parserstate/std_string.h"
@@ -492,6 +493,7 @@ identifier returns [Name r]
 
 funcPointerOrBlockType returns [Param r]
 options { memoize = true; }
+@init { if (FailsAsPlainType(ctx)) return r; }
   : t = type { BeginFunctionPointer($r, $t.r); }
     ( LPAREN { $r.type += "("; } q = optQualifier { $r.type += $q.r; }
       ( w = ( BITWISEXOR | STAR ) { $r.type += TokenString($w); } )?

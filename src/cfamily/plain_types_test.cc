@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+// Tests of the look at plain types.
+#include "cfamily/plain_types.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "parserstate/token_test_support.h"
+
+namespace vexltags {
+namespace {
+
+constexpr unsigned kInt = 148;
+
+// The part of a generated parser that the look needs, in a trial.
+struct FakeParser {
+  explicit FakeParser(const std::vector<unsigned>& types) : maker(" "), table(maker.Input()) {
+    const auto* at = static_cast<const unsigned char*>(maker.Input()->data);
+    for (const unsigned type : types) table.Add(type, at, at, 1);
+    table.Finish(1);
+    state.backtracking = 1;
+    state.errorRecovery = ANTLR3_TRUE;
+    recognizer.state = &state;
+    parser.rec = &recognizer;
+  }
+
+  TokenMaker maker;
+  TokenTable table;
+  ANTLR3_RECOGNIZER_SHARED_STATE state{};
+  ANTLR3_BASE_RECOGNIZER recognizer{};
+  ANTLR3_PARSER parser{};
+  pANTLR3_PARSER pParser = &parser;
+  TokenTable* tokens = &table;
+};
+
+TEST(FailsAsPlainType, WhereNoParenthesisComesBeforeTheEnd) {
+  const std::vector<unsigned> plain[] = {
+      {kMainId, kMainRParen},
+      {kInt, kMainComma},
+      {kMainConst, kMainChar, kMainStar, kMainId, kMainComma},
+      {kMainId, kMainScope, kMainId, kMainAmpersand, kMainId, kMainAssign},
+      {kMainId, kMainAnd, kMainSemicolon},
+      {kMainVolatile, kMainVoid, kMainStar, kMainConst, kMainId, kMainRParen},
+  };
+  for (const auto& types : plain) {
+    FakeParser parser(types);
+    EXPECT_TRUE(FailsAsPlainType(&parser)) << types.size();
+    EXPECT_EQ(parser.state.failed, static_cast<ANTLR3_BOOLEAN>(ANTLR3_TRUE));
+    EXPECT_EQ(parser.state.errorRecovery, static_cast<ANTLR3_BOOLEAN>(ANTLR3_FALSE));
+    EXPECT_EQ(parser.table.Position(), 0U);
+  }
+}
+
+TEST(FailsAsPlainType, LeavesEverythingElseToTheRule) {
+  const std::vector<unsigned> others[] = {
+      {},
+      {kMainRParen},
+      {kMainStar, kMainRParen},
+      {kMainId},
+      {kMainId, kMainLParen, kMainRParen},
+      {kMainId, kMainId, kMainLParen},
+      {kMainId, kMainLess, kMainId, kMainGreater, kMainRParen},
+      {kMainId, kMainId, kMainLSquare, kMainRSquare, kMainRParen},
+      {kMainId, kMainEllipsis, kMainRParen},
+      {kMainId, kMainColon, kMainNumber, kMainComma},
+      std::vector<unsigned>(100, kInt),
+  };
+  for (const auto& types : others) {
+    FakeParser parser(types);
+    EXPECT_FALSE(FailsAsPlainType(&parser)) << types.size();
+    EXPECT_EQ(parser.state.failed, static_cast<ANTLR3_BOOLEAN>(ANTLR3_FALSE));
+    EXPECT_EQ(parser.state.errorRecovery, static_cast<ANTLR3_BOOLEAN>(ANTLR3_TRUE));
+  }
+}
+
+TEST(FailsAsPlainType, SaysNothingOutsideTrials) {
+  FakeParser parser({kMainId, kMainRParen});
+  parser.state.backtracking = 0;
+  EXPECT_FALSE(FailsAsPlainType(&parser));
+}
+
+}  // namespace
+}  // namespace vexltags

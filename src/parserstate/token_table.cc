@@ -34,7 +34,7 @@ void TokenTable::Reset() {
   count = 0;
   // One allocation, as a rule: growing step by step needs twice the memory in the meantime. What is
   // not used of it never becomes memory.
-  const std::size_t guess = std::min<std::size_t>(input->sizeBuf / 2, kLargestGuess);
+  const std::size_t guess = std::min<std::size_t>(input->sizeBuf / 4 * 3UL, kLargestGuess);
   if (guess >= room) MakeRoom(std::max(guess, kLeastRoom));
   dropped.clear();
   replaced.clear();

@@ -32,7 +32,7 @@
 namespace vexltags {
 /// The first number that __COUNTER__ gives to a rule or predicate of this file. The rules come
 /// first.
-inline constexpr unsigned kFirstTrial = __COUNTER__ + 1;
+constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 }  // namespace vexltags
 #define VEXL_TRIAL(ctx, fragment) \
   (vexltags::RunTrial<__COUNTER__ - vexltags::kFirstTrial>(ctx, fragment))

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Runs the token cases: tests/tokens/<case>/input.c through main_tokens against expected.tokens.
+"""Runs the token cases: tests/tokens/<case>/input.c through main_tokens against expected.txt.
 
 usage: run_tokens.py MAIN_TOKENS [CASE...]
 
@@ -41,7 +41,7 @@ def main():
         case = ROOT / name
         args_path = case / "args"
         args = args_path.read_text().split("\n")[:-1] if args_path.exists() else []
-        failed |= differs(name, [program, *args, case / "input.c"], case / "expected.tokens")
+        failed |= differs(name, [program, *args, case / "input.c"], case / "expected.txt")
     print(f"{len(chosen)} token cases, {'some failed' if failed else 'all passed'}")
     return 1 if failed else 0
 

@@ -61,7 +61,7 @@ def main():
     parser.add_argument("--plain", required=True)
     parser.add_argument("--seconds", type=float, default=20)
     parser.add_argument("paths", nargs="*", type=pathlib.Path,
-                        default=[ROOT / "cases", ROOT / "tokens", ROOT / "cli"])
+                        default=[ROOT / name for name in ("cases", "tokens", "cli", "shared")])
     args = parser.parse_args()
     files = [file for file in inputs(args.paths) if "\n" not in str(file)]
     differing, slow = [], []

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Emacs does not take the file for a tags table; with the Lisp of editors/emacs.md it finds definitions.
 command -v emacs >/dev/null || { echo "emacs is not installed"; exit 77; }
+cp -R "$VEXLTAGS_SOURCE/tests/shared/project/." .
 sed -n '/^```elisp$/,/^```$/p' "$VEXLTAGS_SOURCE/editors/emacs.md" | sed '/^```/d' >init.el
 cat >try.el <<'L'
 (defun show (name)

@@ -1,2 +1,0 @@
-class Queue:
-    def take(self): pass

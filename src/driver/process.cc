@@ -4,11 +4,10 @@
 
 #include <sys/stat.h>
 
-#include <cctype>
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
-#include <cstring>
-#include <memory>
-#include <string_view>
+#include <string>
 
 #include <antlr3.h>
 

@@ -141,11 +141,6 @@ void ResetState(pANTLR3_RECOGNIZER_SHARED_STATE state) {
   state->errorCount = 0;
   state->lastErrorIndex = -1;
   state->backtracking = 0;
-  // Made by the first token that recovery inserts, over the strings of the file it was in.
-  if (state->tokFactory != nullptr && state->tokSource == nullptr) {
-    state->tokFactory->close(state->tokFactory);
-    state->tokFactory = nullptr;
-  }
 }
 
 void FailForDepth(pANTLR3_BASE_RECOGNIZER recognizer) {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "driver/options.h"
+#include "base/options.h"
 #include "output/dumper.h"
 
 namespace {

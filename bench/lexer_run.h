@@ -2,11 +2,11 @@
 // One run of a generated lexer, with or without the scanner written by hand.
 #pragma once
 
-#include "driver/options.h"
-#include "parserstate/error_recovery.h"
+#include "base/options.h"
+#include "engine/error_recovery.h"
 #include "parserstate/lexer_state.h"
-#include "parserstate/token_feed.h"
-#include "parserstate/token_table.h"
+#include "engine/token_feed.h"
+#include "engine/token_table.h"
 
 namespace vexltags::bench {
 

@@ -4,7 +4,7 @@
 
 #include <antlr3.h>
 
-#include "parserstate/token_table.h"
+#include "engine/token_table.h"
 
 namespace vexltags::bench {
 

@@ -11,8 +11,8 @@
 
 #include "driver/language.h"
 #include "driver/source_file.h"
+#include "engine/stack_guard.h"
 #include "output/dumper.h"
-#include "parserstate/stack_guard.h"
 #include "sample_text.h"
 
 namespace {

@@ -4,7 +4,7 @@
 include(GNUInstallDirs)
 
 # The version is written down in one place.
-file(STRINGS ${PROJECT_SOURCE_DIR}/src/driver/version.h _line REGEX "kVersion\\[\\] = ")
+file(STRINGS ${PROJECT_SOURCE_DIR}/src/base/version.h _line REGEX "kVersion\\[\\] = ")
 string(REGEX REPLACE ".*\"(.*)\".*" "\\1" VEXLTAGS_VERSION "${_line}")
 
 install(TARGETS vexltags vexltags-portable RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})

@@ -15,10 +15,10 @@
 #include <string_view>
 #include <vector>
 
+#include "base/paths.h"
+#include "base/text.h"
 #include "driver/command_line.h"
 #include "driver/input_list.h"
-#include "driver/paths.h"
-#include "driver/text.h"
 
 namespace {
 

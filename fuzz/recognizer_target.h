@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "driver/options.h"
+#include "base/options.h"
 #include "output/dumper.h"
-#include "parserstate/recognizer.h"
-#include "parserstate/stack_guard.h"
+#include "engine/recognizer.h"
+#include "engine/stack_guard.h"
 
 namespace vexltags::fuzz {
 

@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <tuple>
 
+#include "base/text.h"
 #include "cfamily/type_text.h"
 #include "cfamily/vexl_tags_parser.h"
-#include "driver/text.h"
 #include "output/tags_format.h"
 
 namespace vexltags {

@@ -3,7 +3,7 @@
 #include "cfamily/grammar_actions.h"
 
 #include "cfamily/type_text.h"
-#include "parserstate/std_string.h"
+#include "engine/std_string.h"
 
 namespace vexltags {
 

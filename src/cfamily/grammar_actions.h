@@ -7,10 +7,10 @@
 #include <string>
 
 #include "cfamily/declarations.h"
+#include "engine/parser_ops.h"
 #include "parserstate/lexer_state.h"
 #include "parserstate/name.h"
 #include "parserstate/param.h"
-#include "parserstate/parser_ops.h"
 
 namespace vexltags {
 

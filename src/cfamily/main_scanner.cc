@@ -5,10 +5,10 @@
 #include <cstring>
 #include <string_view>
 
+#include "base/character_class.h"
 #include "cfamily/directives.h"
 #include "cfamily/main_tokens.h"
 #include "cfamily/main_words.h"
-#include "parserstate/character_class.h"
 
 namespace vexltags {
 namespace {

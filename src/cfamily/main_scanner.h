@@ -2,7 +2,7 @@
 // Reads the tokens of C, C++ and Objective-C by hand: the same ones that the generated lexer gives.
 #pragma once
 
-#include "parserstate/token_feed.h"
+#include "engine/token_feed.h"
 
 namespace vexltags {
 

@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <string>
 
+#include "base/text.h"
 #include "cfamily/declarations.h"
-#include "driver/text.h"
 #include "output/tags_format.h"
 
 namespace vexltags {

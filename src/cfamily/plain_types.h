@@ -6,7 +6,7 @@
 #include <antlr3.h>
 
 #include "cfamily/main_tokens.h"
-#include "parserstate/parser_ops.h"
+#include "engine/parser_ops.h"
 
 namespace vexltags {
 

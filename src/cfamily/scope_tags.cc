@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdio>
 
+#include "base/text.h"
 #include "cfamily/vexl_tags_parser.h"
-#include "driver/text.h"
 #include "parserstate/append.h"
 
 namespace vexltags {

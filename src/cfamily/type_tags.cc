@@ -3,9 +3,9 @@
 #include <cassert>
 #include <cstdio>
 
+#include "base/text.h"
 #include "cfamily/type_text.h"
 #include "cfamily/vexl_tags_parser.h"
-#include "driver/text.h"
 #include "output/tags_format.h"
 
 namespace vexltags {

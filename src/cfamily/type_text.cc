@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "driver/text.h"
+#include "base/text.h"
 
 namespace vexltags {
 namespace {

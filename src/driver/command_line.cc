@@ -8,7 +8,7 @@
 #include <limits>
 #include <utility>
 
-#include "driver/text.h"
+#include "base/text.h"
 #include "driver/usage.h"
 
 namespace vexltags {

@@ -2,7 +2,7 @@
 // The languages that are built in, and which file is of which.
 #include "driver/language.h"
 
-#include "driver/text.h"
+#include "base/text.h"
 #include "grammars/main_recognizer.h"
 #include "grammars/python_recognizer.h"
 #include "grammars/swift_recognizer.h"

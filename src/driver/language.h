@@ -6,9 +6,9 @@
 
 #include <string>
 
-#include "driver/options.h"
+#include "base/options.h"
+#include "engine/recognizer.h"
 #include "output/dumper.h"
-#include "parserstate/recognizer.h"
 
 namespace vexltags {
 

@@ -11,12 +11,12 @@
 
 #include <antlr3.h>
 
-#include "driver/clock.h"
+#include "base/clock.h"
+#include "base/path_resolver.h"
+#include "base/paths.h"
+#include "base/text.h"
 #include "driver/language.h"
-#include "driver/path_resolver.h"
-#include "driver/paths.h"
 #include "driver/source_file.h"
-#include "driver/text.h"
 
 namespace vexltags {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "driver/options.h"
+#include "base/options.h"
 #include "output/dumper.h"
 
 namespace vexltags {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "driver/options.h"
+#include "base/options.h"
 #include "driver/process.h"
 #include "output/dumper.h"
 

@@ -4,7 +4,7 @@
 
 #include <cstdio>
 
-#include "driver/version.h"
+#include "base/version.h"
 
 // The build passes its own date, so that a build can be repeated byte for byte.
 #ifndef VEXLTAGS_BUILD_DATE

@@ -10,7 +10,8 @@ options {
 
 @lexer::includes {
 #include "cfamily/lexer_actions.h"
-#include "parserstate/parser_ops.h"
+#include "engine/parser_ops.h"
+#include "parserstate/lexer_state.h"
 }
 
 @lexer::context {
@@ -19,7 +20,7 @@ options {
 }
 
 @lexer::members {
-#include "grammars/recognizer_support.h"
+#include "engine/recognizer_support.h"
 }
 
 @parser::includes {
@@ -27,8 +28,9 @@ options {
 #include "cfamily/grammar_actions.h"
 #include "cfamily/plain_types.h"
 #include "cfamily/type_text.h"
-#include "parserstate/parser_ops.h"
-#include "parserstate/std_string.h"
+#include "engine/parser_ops.h"
+#include "engine/std_string.h"
+#include "parserstate/lexer_state.h"
 
 // The rules take and return these types; the code made of them stands outside any namespace.
 using namespace vexltags;
@@ -44,7 +46,7 @@ using namespace vexltags;
 }
 
 @parser::members {
-#include "grammars/recognizer_support.h"
+#include "engine/recognizer_support.h"
 
 // Asked right behind a LESSTHAN: only one behind a name opens a template argument list.
 static bool LooksLikeTemplateOpener(pmainParser ctx) { return TypeBehind(ctx, 2) == ID; }

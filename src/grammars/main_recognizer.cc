@@ -35,6 +35,7 @@ struct MainGrammar {
   using Lexer = mainLexer;
   using Parser = mainParser;
   using Builder = VexlTagsParser;
+  using FileState = TagsLexerState;
   static constexpr bool kFiltersTokens = false;
   static constexpr bool kKeepsNeighbours = false;
   static constexpr Scanner Scan = ScanMain;

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "parserstate/recognizer.h"
+#include "engine/recognizer.h"
 
 namespace vexltags {
 

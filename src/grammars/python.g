@@ -8,7 +8,8 @@ options {
 }
 
 @lexer::includes {
-#include "parserstate/parser_ops.h"
+#include "engine/parser_ops.h"
+#include "parserstate/lexer_state.h"
 }
 
 @lexer::context {
@@ -16,12 +17,13 @@ options {
 }
 
 @lexer::members {
-#include "grammars/recognizer_support.h"
+#include "engine/recognizer_support.h"
 }
 
 @parser::includes {
-#include "parserstate/parser_ops.h"
-#include "parserstate/std_string.h"
+#include "engine/parser_ops.h"
+#include "engine/std_string.h"
+#include "parserstate/lexer_state.h"
 #include "python/python_tags_parser.h"
 }
 
@@ -35,7 +37,7 @@ options {
 }
 
 @parser::members {
-#include "grammars/recognizer_support.h"
+#include "engine/recognizer_support.h"
 }
 
 // --- Parser ---

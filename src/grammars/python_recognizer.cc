@@ -22,6 +22,7 @@ struct PythonGrammar {
   using Lexer = pythonLexer;
   using Parser = pythonParser;
   using Builder = PythonTagsParser;
+  using FileState = TagsLexerState;
   static constexpr bool kFiltersTokens = true;
   static constexpr bool kKeepsNeighbours = false;
   static constexpr Scanner Scan = ScanPython;

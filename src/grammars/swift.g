@@ -15,7 +15,8 @@ options {
 }
 
 @lexer::includes {
-#include "parserstate/parser_ops.h"
+#include "engine/parser_ops.h"
+#include "parserstate/lexer_state.h"
 #include "swift/regex_head.h"
 }
 
@@ -24,13 +25,14 @@ options {
 }
 
 @lexer::members {
-#include "grammars/recognizer_support.h"
+#include "engine/recognizer_support.h"
 #include "grammars/swift_lexer_predicates.h"
 }
 
 @parser::includes {
-#include "parserstate/parser_ops.h"
-#include "parserstate/std_string.h"
+#include "engine/parser_ops.h"
+#include "engine/std_string.h"
+#include "parserstate/lexer_state.h"
 #include "swift/operators.h"
 #include "swift/swift_names.h"
 #include "swift/swift_tags_parser.h"
@@ -46,7 +48,7 @@ options {
 }
 
 @parser::members {
-#include "grammars/recognizer_support.h"
+#include "engine/recognizer_support.h"
 #include "grammars/swift_parser_predicates.h"
 }
 

@@ -16,6 +16,7 @@ struct SwiftGrammar {
   using Lexer = swiftLexer;
   using Parser = swiftParser;
   using Builder = SwiftTagsParser;
+  using FileState = TagsLexerState;
   static constexpr bool kFiltersTokens = false;
   static constexpr bool kKeepsNeighbours = true;
   static constexpr Scanner Scan = ScanSwift;

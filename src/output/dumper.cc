@@ -9,7 +9,7 @@
 #include <fstream>
 #include <utility>
 
-#include "driver/paths.h"
+#include "base/paths.h"
 #include "output/file_writer.h"
 #include "output/line_order.h"
 #include "output/relative_path.h"

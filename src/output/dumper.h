@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "driver/options.h"
+#include "base/options.h"
 #include "output/line_store.h"
 
 namespace vexltags {

@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "driver/text.h"
+#include "base/text.h"
 
 namespace vexltags {
 

@@ -2,7 +2,7 @@
 // The tables behind the tags file format.
 #include "output/tags_format.h"
 
-#include "driver/version.h"
+#include "base/version.h"
 
 namespace vexltags {
 

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "parserstate/std_string.h"
+#include "engine/std_string.h"
 
 namespace vexltags {
 namespace {

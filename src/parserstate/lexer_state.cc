@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "driver/clock.h"
+#include "base/clock.h"
 
 namespace vexltags {
 

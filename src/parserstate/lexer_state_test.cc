@@ -7,7 +7,7 @@
 #include <regex>
 #include <string>
 
-#include "driver/clock.h"
+#include "base/clock.h"
 
 namespace vexltags {
 namespace {

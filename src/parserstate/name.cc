@@ -2,8 +2,8 @@
 // How names are assigned and put together.
 #include "parserstate/name.h"
 
+#include "engine/std_string.h"
 #include "parserstate/param.h"
-#include "parserstate/std_string.h"
 
 namespace vexltags {
 

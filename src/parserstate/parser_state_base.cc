@@ -4,9 +4,9 @@
 
 #include <cstdio>
 
-#include "driver/text.h"
+#include "base/text.h"
+#include "engine/std_string.h"
 #include "output/tags_format.h"
-#include "parserstate/std_string.h"
 
 namespace vexltags {
 

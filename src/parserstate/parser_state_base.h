@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "driver/options.h"
+#include "base/options.h"
 #include "output/dumper.h"
 #include "parserstate/name.h"
 #include "parserstate/param.h"

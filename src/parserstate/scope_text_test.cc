@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "driver/text.h"
+#include "base/text.h"
 
 namespace vexltags {
 namespace {

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "driver/version.h"
+#include "base/version.h"
 #include "portable/rewrite.h"
 
 namespace vexltags {

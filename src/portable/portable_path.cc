@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "driver/paths.h"
+#include "base/paths.h"
 
 namespace vexltags {
 

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "driver/paths.h"
+#include "base/paths.h"
 
 namespace vexltags {
 namespace {

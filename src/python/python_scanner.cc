@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "parserstate/character_class.h"
+#include "base/character_class.h"
 
 namespace vexltags {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "parserstate/std_string.h"
+#include "engine/std_string.h"
 
 namespace vexltags {
 

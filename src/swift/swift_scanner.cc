@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "parserstate/character_class.h"
+#include "base/character_class.h"
 #include "swift/regex_head.h"
 #include "swift/swift_words.h"
 #include "swift/token_types.h"

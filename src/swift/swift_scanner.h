@@ -2,7 +2,7 @@
 // Reads Swift's tokens by hand: the same ones that the generated lexer would give.
 #pragma once
 
-#include "parserstate/token_feed.h"
+#include "engine/token_feed.h"
 
 namespace vexltags {
 

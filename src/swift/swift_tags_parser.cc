@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <utility>
 
-#include "parserstate/std_string.h"
+#include "engine/std_string.h"
 
 namespace vexltags {
 namespace {

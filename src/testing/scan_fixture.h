@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "parserstate/token_feed.h"
-#include "parserstate/token_table.h"
+#include "engine/token_feed.h"
+#include "engine/token_table.h"
 
 namespace vexltags::testing_support {
 

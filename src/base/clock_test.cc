@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// Tests of the clock against the standard library's own.
+#include "base/clock.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace vexltags {
+namespace {
+
+long long StandardNow() {
+  return std::chrono::duration_cast<std::chrono::microseconds>(
+             std::chrono::system_clock::now().time_since_epoch())
+      .count();
+}
+
+TEST(Clock, CountsMicrosecondsOfTheSystemClock) {
+  const long long before = StandardNow();
+  const long long now = microseconds();
+  const long long after = StandardNow();
+  EXPECT_LE(before, now);
+  EXPECT_LE(now, after);
+}
+
+}  // namespace
+}  // namespace vexltags

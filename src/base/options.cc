@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// The words that are filtered unless the command line adds more.
+#include "base/options.h"
+
+namespace vexltags {
+
+Options::Options()
+    : filterTokens{
+          "AVAILABLE_MAC_OS_X_VERSION_10_0_AND_LATER",
+          "AVAILABLE_MAC_OS_X_VERSION_10_1_AND_LATER",
+          "AVAILABLE_MAC_OS_X_VERSION_10_2_AND_LATER",
+          "AVAILABLE_MAC_OS_X_VERSION_10_3_AND_LATER",
+          "AVAILABLE_MAC_OS_X_VERSION_10_4_AND_LATER",
+          "AVAILABLE_MAC_OS_X_VERSION_10_5_AND_LATER",
+          "AVAILABLE_MAC_OS_X_VERSION_10_5_AND_LATER_BUT_DEPRECATED",
+          "AVAILABLE_MAC_OS_X_VERSION_10_0_AND_LATER_BUT_DEPRECATED_IN_MAC_OS_X_VERSION_10_5",
+          "AVAILABLE_MAC_OS_X_VERSION_10_6_AND_LATER",
+          "AVAILABLE_MAC_OS_X_VERSION_10_7_AND_LATER",
+          "AVAILABLE_MAC_OS_X_VERSION_10_8_AND_LATER",
+          "AVAILABLE_MAC_OS_X_VERSION_10_9_AND_LATER",
+          "DEPRECATED_IN_MAC_OS_X_VERSION_10_5_AND_LATER",
+          "DEPRECATED_IN_MAC_OS_X_VERSION_10_6_AND_LATER",
+          "DEPRECATED_IN_MAC_OS_X_VERSION_10_7_AND_LATER",
+      } {}
+
+}  // namespace vexltags

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// Suffix test, replacement and white space, by plain walks over the characters.
+#include "base/text.h"
+
+#include <algorithm>
+
+namespace vexltags {
+
+bool EndsWith(const std::string& text, const std::string& suffix) { return text.ends_with(suffix); }
+
+std::string& ReplaceFirst(std::string& text, const std::string& from, const std::string& to) {
+  const std::size_t position = text.find(from);
+  if (position != std::string::npos) text.replace(position, from.size(), to);
+  return text;
+}
+
+std::string& ReplaceAll(std::string& text, const std::string& from, const std::string& to) {
+  if (from.empty()) return text;
+  std::string result;
+  std::size_t copied = 0;
+  for (std::size_t found = text.find(from); found != std::string::npos;
+       found = text.find(from, copied)) {
+    result.append(text, copied, found - copied).append(to);
+    copied = found + from.size();
+  }
+  if (copied != 0) text = result.append(text, copied);
+  return text;
+}
+
+bool HasWhitespace(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char c) {
+    return static_cast<unsigned char>(c) <= ' ' &&
+           (c == ' ' || c == '\t' || c == '\n' || c == '\r');
+  });
+}
+
+std::string CollapseWhitespace(const std::string& text, const std::string& separator) {
+  std::string result;
+  result.reserve(text.size());
+  bool afterBlank = false;
+  for (const char c : text) {
+    if (c == '\t' || c == '\n' || c == '\r' || c == ' ') {
+      afterBlank = true;
+      continue;
+    }
+    if (afterBlank) result += separator;
+    afterBlank = false;
+    result += c;
+  }
+  return result;
+}
+
+}  // namespace vexltags

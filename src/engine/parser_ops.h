@@ -1,0 +1,389 @@
+// SPDX-License-Identifier: MIT
+// What the macros of generated code stand for: trials with kept outcomes, and the runtime's most
+// frequent operations done in place.
+#pragma once
+
+#include <antlr3.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <type_traits>
+
+#include "engine/error_recovery.h"
+#include "engine/follow_stack.h"
+#include "engine/loop_runs.h"
+#include "engine/rule_result.h"
+#include "engine/stack_guard.h"
+#include "engine/std_string.h"
+#include "engine/token_table.h"
+#include "engine/trial_table.h"
+
+namespace vexltags {
+
+/// A plain build reads the runtime's own token stream.
+#ifdef VEXLTAGS_PLAIN
+constexpr bool kReadsTable = false;
+#else
+constexpr bool kReadsTable = true;
+#endif
+
+/// The index of the next token.
+template <class Context>
+inline std::size_t PositionOf(Context* ctx) {
+  if (kReadsTable) return ctx->tokens->Position();
+  pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
+  return static_cast<std::size_t>(stream->index(stream));
+}
+
+template <class Context>
+inline void SeekTo(Context* ctx, std::size_t token) {
+  if (kReadsTable) return ctx->tokens->Seek(token);
+  pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
+  stream->seek(stream, static_cast<ANTLR3_MARKER>(token));
+}
+
+/// Asks a predicate of a parser: runs `fragment` from the current token with actions off and goes
+/// back, or repeats the kept outcome of an earlier run. Repeating includes the one side effect that
+/// a trial has on the recogniser, the cleared mark "in error recovery" after any matched token.
+///
+/// The time limit changes what rules answer, so outcomes from before a file was given up are
+/// dropped.
+template <unsigned kPredicate, class Context>
+ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
+  static_assert(kPredicate < TrialTable::kNumbers);
+  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
+  pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
+  const std::size_t token = PositionOf(ctx);
+  const auto start = static_cast<ANTLR3_MARKER>(token);
+  TrialTable& trials = *ctx->trials;
+
+  trials.SetGivenUp(ctx->fileState->Aborted());
+  if (state->backtracking == 0) trials.Commit(token);
+  const TrialTable::Outcome kept = trials.Find(kPredicate, token);
+  if (kept.known) {
+    if (kept.matched) state->errorRecovery = ANTLR3_FALSE;
+    trials.reach = std::max(trials.reach, kept.reach);
+    return kept.success;
+  }
+
+  const ANTLR3_BOOLEAN inRecovery = state->errorRecovery;
+  state->errorRecovery = ANTLR3_TRUE;
+  const std::size_t outerReach = trials.reach;
+  trials.reach = token;
+  state->backtracking++;
+  stream->lastMarker = start;
+  fragment(ctx);
+  const bool success = !state->failed;
+  const std::size_t end = PositionOf(ctx);
+  SeekTo(ctx, token);
+  stream->lastMarker = start;
+  state->backtracking--;
+  state->failed = ANTLR3_FALSE;
+  const bool matched = state->errorRecovery == ANTLR3_FALSE;
+  if (!matched) state->errorRecovery = inRecovery;
+  const std::size_t reach = std::max(trials.reach, end);
+  trials.Keep(kPredicate, token, {true, success, matched, end, reach});
+  trials.reach = std::max(outerReach, reach);
+  return success;
+}
+
+/// Stands at the beginning of a rule that is being tried and remembers how it went. Where that is
+/// known, `Repeat` does the same again at once; else the end of the rule's function keeps it.
+template <unsigned kRule, class Context>
+class RuleMemo {
+ public:
+  explicit RuleMemo(Context* context) : ctx(context), state(context->pParser->rec->state) {
+    static_assert(kRule < TrialTable::kNumbers);
+    // The time limit may have struck within the trial that asks.
+    ctx->trials->SetGivenUp(ctx->fileState->Aborted());
+    start = ctx->tokens->Position();
+    const TrialTable::Outcome kept = ctx->trials->Find(kRule, start);
+    if (kept.known) {
+      ctx->trials->reach = std::max(ctx->trials->reach, kept.reach);
+      if (kept.matched) state->errorRecovery = ANTLR3_FALSE;
+      if (kept.success) {
+        ctx->tokens->Seek(kept.end);
+      } else {
+        state->failed = ANTLR3_TRUE;
+      }
+      repeated = true;
+      return;
+    }
+    inRecovery = state->errorRecovery;
+    state->errorRecovery = ANTLR3_TRUE;
+    outerReach = ctx->trials->reach;
+    ctx->trials->reach = start;
+  }
+  ~RuleMemo() {
+    if (repeated) return;
+    const bool matched = state->errorRecovery == ANTLR3_FALSE;
+    if (!matched) state->errorRecovery = inRecovery;
+    TrialTable& trials = *ctx->trials;
+    const std::size_t end = ctx->tokens->Position();
+    const std::size_t reach = std::max(trials.reach, end);
+    trials.Keep(kRule, start, {true, !state->failed, matched, end, reach});
+    trials.reach = std::max(outerReach, reach);
+  }
+  RuleMemo(const RuleMemo&) = delete;
+  RuleMemo& operator=(const RuleMemo&) = delete;
+
+  /// True when the rule has been repeated and is to return.
+  bool Repeat() const { return repeated; }
+
+ private:
+  Context* ctx;
+  pANTLR3_RECOGNIZER_SHARED_STATE state;
+  std::size_t start = 0;
+  std::size_t outerReach = 0;
+  ANTLR3_BOOLEAN inRecovery = ANTLR3_FALSE;
+  bool repeated = false;
+};
+
+/// Asks a predicate of a lexer: the same without keeping, since a lexer asks once per character.
+template <class Context>
+ANTLR3_BOOLEAN RunLexerTrial(Context* ctx, void (*fragment)(Context*)) {
+  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pLexer->rec->state;
+  pANTLR3_INT_STREAM stream = ctx->pLexer->input->istream;
+  state->backtracking++;
+  const ANTLR3_MARKER start = stream->mark(stream);
+  fragment(ctx);
+  const bool success = !state->failed;
+  stream->rewind(stream, start);
+  stream->lastMarker = start;
+  state->backtracking--;
+  state->failed = ANTLR3_FALSE;
+  return success;
+}
+
+// Questions that grammar actions ask -----------------------------------------------------------
+
+/// The 1-based line of the next token, that of the end of the file behind the last.
+template <class Context>
+int NextLine(Context* ctx) {
+  if (kReadsTable) return ctx->tokens->NextLine();
+  return TokenLine(ctx->pParser->tstream->_LT(ctx->pParser->tstream, 1));
+}
+
+/// The index of the last token matched.
+template <class Context>
+ANTLR3_MARKER LastIndex(Context* ctx) {
+  if (kReadsTable) return static_cast<ANTLR3_MARKER>(ctx->tokens->Position()) - 1;
+  return ctx->pParser->tstream->_LT(ctx->pParser->tstream, -1)->index;
+}
+
+/// The type of the token `k` behind, 1 being the last matched; 0 in front of the first.
+template <class Context>
+ANTLR3_UINT32 TypeBehind(Context* ctx, int k) {
+  if (kReadsTable) return ctx->tokens->TypeBehind(static_cast<std::size_t>(k));
+  const pANTLR3_COMMON_TOKEN token = ctx->pParser->tstream->_LT(ctx->pParser->tstream, -k);
+  return token == nullptr ? 0 : token->type;
+}
+
+/// Steps over a balanced run of brackets as an eater for this kind would, where the next token
+/// opens one that is closed; within a trial also fails as the eater would where it is not. False
+/// leaves everything to the rule: another token comes next, or the failure is a real one.
+template <class Context>
+bool StepOverBrackets(Context* ctx, ANTLR3_UINT32 open, ANTLR3_UINT32 close) {
+  if (!kReadsTable || ctx->tokens->LA(1) != open) return false;
+  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
+  const std::size_t partner = ctx->tokens->Partner(open, close);
+  if (partner != TokenTable::kNoPartner) {
+    ctx->tokens->Seek(partner + 1);
+  } else if (state->backtracking > 0) {
+    state->failed = ANTLR3_TRUE;
+  } else {
+    return false;
+  }
+  state->errorRecovery = ANTLR3_FALSE;
+  return true;
+}
+
+/// The texts of the tokens from index `first` to `last`, hidden ones between them included.
+/// Characters that the lexer dropped are in no token and so not in the text.
+template <class Context>
+std::string TextBetween(Context* ctx, ANTLR3_MARKER first, ANTLR3_MARKER last) {
+  if (last < first) return std::string();
+  if (kReadsTable) {
+    return ctx->tokens->Text(static_cast<std::size_t>(first), static_cast<std::size_t>(last));
+  }
+  std::string text;
+  pANTLR3_TOKEN_STREAM stream = ctx->pParser->tstream;
+  for (ANTLR3_MARKER i = first; i <= last; ++i) {
+    text += TokenString(stream->get(stream, static_cast<ANTLR3_UINT32>(i)));
+  }
+  return text;
+}
+
+// Parsers -----------------------------------------------------------------------------------------
+
+/// Matches a token that nobody wants to see, outside trials. A mismatch goes to the runtime.
+template <class Context>
+inline void MatchToken(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
+  pANTLR3_BASE_RECOGNIZER recognizer = ctx->pParser->rec;
+  if (ctx->tokens->LA(1) == type) {
+    ctx->tokens->Consume();
+    recognizer->state->errorRecovery = ANTLR3_FALSE;
+  } else {
+    recognizer->match(recognizer, type, follow);
+  }
+}
+
+/// Matches a token for a label, outside trials.
+template <class Context>
+inline void* MatchLabelled(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
+  pANTLR3_BASE_RECOGNIZER recognizer = ctx->pParser->rec;
+  if (ctx->tokens->LA(1) != type || type == ANTLR3_TOKEN_EOF) {
+    return recognizer->match(recognizer, type, follow);
+  }
+  const pANTLR3_COMMON_TOKEN token = ctx->tokens->Next();
+  ctx->tokens->Consume();
+  recognizer->state->errorRecovery = ANTLR3_FALSE;
+  return token;
+}
+
+/// Matches a token within a trial.
+template <class Context>
+inline void TryToken(Context* ctx, ANTLR3_UINT32 type) {
+  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
+  if (ctx->tokens->LA(1) == type) {
+    ctx->tokens->Consume();
+    state->errorRecovery = ANTLR3_FALSE;
+  } else {
+    state->failed = ANTLR3_TRUE;
+  }
+}
+
+/// The steps of one prediction; see `PredictionMemo`.
+class LongPrediction {
+ public:
+  LongPrediction(TokenTable& table, unsigned number) : tokens(table), decision(number) {}
+
+  /// In front of each step: goes on at the end of the way where that is known.
+  void JoinKnownWay(std::int32_t& state) {
+    if (++steps > PredictionMemo::kFreeSteps && remembers) Join(state);
+  }
+  /// A predicate is asked: what comes of it, no table tells.
+  void Forget() { remembers = false; }
+  /// The automaton stops, and the parser has not gone back yet.
+  void End(std::int32_t state) {
+    if (steps > PredictionMemo::kFreeSteps && remembers) {
+      tokens.Predictions().Keep(decision, state, tokens.Position());
+    }
+  }
+
+ private:
+  __attribute__((noinline)) void Join(std::int32_t& state) {
+    std::size_t token = tokens.Position();
+    const bool isFirst = steps == PredictionMemo::kFreeSteps + 1;
+    if (!tokens.Predictions().Join(decision, isFirst, state, token)) return;
+    tokens.Seek(token);
+    remembers = false;  // The way that it joined is kept already.
+  }
+
+  TokenTable& tokens;
+  unsigned decision;
+  unsigned steps = 0;
+  bool remembers = true;
+};
+
+/// Predicts an alternative: the runtime's table-driven prediction over the token table.
+template <class Context>
+int Predict(Context* ctx, ANTLR3_CYCLIC_DFA& dfa) {
+  TokenTable& tokens = *ctx->tokens;
+  pANTLR3_BASE_RECOGNIZER recognizer = ctx->pParser->rec;
+  pANTLR3_RECOGNIZER_SHARED_STATE recognizerState = recognizer->state;
+  pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
+  const std::size_t start = tokens.Position();
+  stream->lastMarker = static_cast<ANTLR3_MARKER>(start);
+
+  ANTLR3_INT32 state = 0;
+  LongPrediction way(tokens, static_cast<unsigned>(dfa.decisionNumber));
+  for (;;) {
+    way.JoinKnownWay(state);
+    const ANTLR3_INT32 special = dfa.special[state];
+    if (special >= 0) {
+      way.Forget();
+      state = dfa.specialStateTransition(ctx, recognizer, stream, &dfa, special);
+      if (state < 0) break;
+      tokens.Consume();
+      continue;
+    }
+    if (dfa.accept[state] >= 1) {
+      way.End(state);
+      tokens.Seek(start);
+      return dfa.accept[state];
+    }
+    const auto type = static_cast<ANTLR3_INT32>(tokens.LA(1));
+    if (type >= dfa.min[state] && type <= dfa.max[state]) {
+      const ANTLR3_INT32 next = dfa.transition[state][type - dfa.min[state]];
+      if (next >= 0) {
+        state = next;
+      } else if (dfa.eot[state] >= 0) {
+        state = dfa.eot[state];
+      } else {
+        break;
+      }
+      tokens.Consume();
+      continue;
+    }
+    if (dfa.eot[state] >= 0) {
+      state = dfa.eot[state];
+      tokens.Consume();
+      continue;
+    }
+    if (tokens.LA(1) == ANTLR3_TOKEN_EOF && dfa.eof[state] >= 0) {
+      way.End(state);
+      tokens.Seek(start);
+      return dfa.accept[dfa.eof[state]];
+    }
+    break;
+  }
+
+  way.End(state);
+  // No alternative. A predicate's own error stays as it is.
+  if (state >= 0 || recognizerState->error != ANTLR3_TRUE) {
+    if (recognizerState->backtracking > 0) {
+      recognizerState->failed = ANTLR3_TRUE;
+    } else {
+      recognizer->exConstruct(recognizer);
+      recognizerState->exception->type = ANTLR3_NO_VIABLE_ALT_EXCEPTION;
+      recognizerState->exception->message = const_cast<ANTLR3_UCHAR*>(dfa.description);
+      recognizerState->exception->decisionNum = dfa.decisionNumber;
+      recognizerState->exception->state = static_cast<ANTLR3_UINT32>(state);
+    }
+  }
+  tokens.Seek(start);
+  return 0;
+}
+
+// Lexers ------------------------------------------------------------------------------------------
+
+/// The character `k` ahead, 1 being the next; 0 and below look back and are not bounded.
+inline ANTLR3_UINT32 LookAtCharacter(pANTLR3_INPUT_STREAM input, ANTLR3_INT32 k) {
+  const auto* at = static_cast<const unsigned char*>(input->nextChar) + k - 1;
+  return at < static_cast<const unsigned char*>(input->data) + input->sizeBuf
+             ? *at
+             : ANTLR3_CHARSTREAM_EOF;
+}
+
+inline void ConsumeCharacter(pANTLR3_INPUT_STREAM input) {
+  auto* at = static_cast<unsigned char*>(input->nextChar);
+  if (at >= static_cast<unsigned char*>(input->data) + input->sizeBuf) return;
+  input->charPositionInLine++;
+  if (*at == input->newlineChar) {
+    input->line++;
+    input->charPositionInLine = 0;
+    input->currentLine = at + 1;
+  }
+  input->nextChar = at + 1;
+}
+
+inline ANTLR3_BOOLEAN MatchCharacter(pANTLR3_LEXER lexer, ANTLR3_UCHAR c) {
+  if (LookAtCharacter(lexer->input, 1) != c) return lexer->matchc(lexer, c);
+  ConsumeCharacter(lexer->input);
+  lexer->rec->state->failed = ANTLR3_FALSE;
+  return ANTLR3_TRUE;
+}
+
+}  // namespace vexltags

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// Tests of the memory of long predictions, on an automaton that reads names up to a mark.
+#include "engine/prediction_memo.h"
+
+#include <gtest/gtest.h>
+
+namespace vexltags {
+namespace {
+
+// Looks ahead from `start` in state 0 and from the next token on in state 1, up to `stop`, where
+// the state becomes 2. Returns the steps that were no known ones.
+class Automaton {
+ public:
+  PredictionMemo memo;
+  std::int32_t endState = -1;
+  std::size_t endToken = 0;
+
+  unsigned Run(std::size_t start, std::size_t stop, unsigned decision = 3,
+               std::int32_t middle = 1) {
+    std::int32_t state = 0;
+    std::size_t token = start;
+    for (unsigned steps = 1;; ++steps) {
+      const bool isLate = steps > PredictionMemo::kFreeSteps;
+      const bool isFirst = steps == PredictionMemo::kFreeSteps + 1;
+      const bool joined = isLate && memo.Join(decision, isFirst, state, token);
+      if (state == 2) {
+        endState = state;
+        endToken = token;
+        if (isLate && !joined) memo.Keep(decision, state, token);
+        return steps;
+      }
+      state = ++token == stop ? 2 : middle;
+    }
+  }
+};
+
+TEST(PredictionMemo, ShortOnesAreNotRemembered) {
+  Automaton automaton;
+  EXPECT_EQ(automaton.Run(0, 20), 21U);
+  EXPECT_EQ(automaton.Run(0, 20), 21U);
+}
+
+TEST(PredictionMemo, TheNextOneEndsAsTheLongOneDid) {
+  Automaton automaton;
+  EXPECT_EQ(automaton.Run(0, 1000), 1001U);
+  for (std::size_t start = 1; start < 900; ++start) {
+    EXPECT_EQ(automaton.Run(start, 1000), PredictionMemo::kFreeSteps + 1);
+    EXPECT_EQ(automaton.endState, 2);
+    EXPECT_EQ(automaton.endToken, 1000U);
+  }
+}
+
+TEST(PredictionMemo, AnotherStateOrDecisionIsAnotherWay) {
+  Automaton automaton;
+  automaton.Run(0, 1000);
+  EXPECT_EQ(automaton.Run(1, 1000, 3, 5), 1000U);
+  EXPECT_EQ(automaton.Run(2, 1000, 4), 999U);
+  EXPECT_EQ(automaton.Run(3, 1000, 4), PredictionMemo::kFreeSteps + 1);
+  EXPECT_EQ(automaton.Run(3, 1000, 3, 5), PredictionMemo::kFreeSteps + 1);
+}
+
+TEST(PredictionMemo, WhatLiesOutsideTheLastWayIsNotKnown) {
+  Automaton automaton;
+  automaton.Run(500, 1000);
+  EXPECT_EQ(automaton.Run(0, 400), 401U);
+  EXPECT_EQ(automaton.Run(1200, 2000), 801U);
+}
+
+TEST(PredictionMemo, TheNextFileBeginsWithoutAny) {
+  Automaton automaton;
+  automaton.Run(0, 1000);
+  automaton.memo.Reset();
+  EXPECT_EQ(automaton.Run(1, 1000), 1000U);
+}
+
+}  // namespace
+}  // namespace vexltags

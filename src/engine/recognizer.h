@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+// Owns the lexer, token stream and parser of one grammar and runs them over one file.
+#pragma once
+
+#include <antlr3.h>
+
+#include <memory>
+#include <string>
+
+#include "base/options.h"
+#include "engine/error_recovery.h"
+#include "engine/loop_runs.h"
+#include "engine/token_feed.h"
+#include "engine/token_stream.h"
+#include "engine/token_table.h"
+#include "engine/trial_table.h"
+#include "output/dumper.h"
+
+namespace vexltags {
+
+/// How many errors the two recognisers of a file counted.
+struct RecognizerCounts {
+  unsigned lexerErrors = 0;
+  unsigned parserErrors = 0;
+};
+
+/// The lexer and parser of one grammar with what they read and remember. Made for one input stream
+/// and used again for each file that the stream is given.
+///
+/// `Grammar` names the generated types and functions:
+/// - the types Lexer, Parser, Builder (the tag builder) and FileState (what lexer and parser share
+/// for
+///   one file);
+/// - NewLexer(input) and NewParser(tokens), the generated constructors, null on lack of memory;
+/// - Start(parser), which calls the start rule;
+/// - Attach(lexer), which sets what else the lexer's context holds, for a new file;
+/// - kFiltersTokens: whether the words of `-I` go into the file's filter set;
+/// - kKeepsNeighbours: whether the parser asks what stands beside a token;
+/// - Scan, the scanner for common ground, or null.
+template <class Grammar>
+class Recognizers {
+ public:
+  explicit Recognizers(pANTLR3_INPUT_STREAM stream)
+      : input(stream), lexer(Grammar::NewLexer(stream)) {
+    if (!lexer) return;
+#ifdef VEXLTAGS_PLAIN
+    tokens.reset(
+        antlr3CommonTokenStreamSourceNew(ANTLR3_SIZE_HINT, State(lexer->pLexer)->tokSource));
+    if (tokens) parser.reset(Grammar::NewParser(tokens.get()));
+#else
+    table = std::make_unique<TokenTable>(stream);
+    tokens = std::make_unique<TokenStream>(*table, lexer->pLexer);
+    parser.reset(Grammar::NewParser(tokens->Stream()));
+    if constexpr (Grammar::kKeepsNeighbours) table->KeepNeighbours();
+#endif
+  }
+
+  /// False when the runtime had no memory for them.
+  bool AreComplete() const { return parser != nullptr; }
+  /// True when they were made for `stream` and can read its present file as new ones would.
+  bool CanReuse(pANTLR3_INPUT_STREAM stream) const {
+#ifdef VEXLTAGS_PLAIN
+    static_cast<void>(stream);
+    return false;
+#else
+    return stream == input;
+#endif
+  }
+
+  /// Runs the grammar over the file that the stream has now.
+  RecognizerCounts Run(const Options& options, typename Grammar::FileState& fileState,
+                       typename Grammar::Builder& builder) {
+    Reset();
+    if (!options.dumpErrors) {
+      SilenceErrors(lexer->pLexer->rec);
+      SilenceErrors(parser->pParser->rec);
+    }
+    parser->builder = &builder;
+    parser->fileState = &fileState;
+    parser->trials = &trials;
+    parser->loops = &loops;
+    lexer->fileState = &fileState;
+    grammar.Attach(lexer.get());
+    if constexpr (Grammar::kFiltersTokens) {
+      for (const std::string& word : options.filterTokens) {
+        fileState.filterTokens.insert(word.c_str());
+      }
+    }
+
+    // The whole file is read as tokens before the parser gets the first one.
+#ifdef VEXLTAGS_PLAIN
+    parser->tokens = nullptr;
+    parser->follows = nullptr;
+    tokens->tstream->_LT(tokens->tstream, 1);
+#else
+    parser->tokens = table.get();
+    parser->follows = &tokens->Follows();
+    RecoverByFollowStack(parser->pParser->rec, !options.dumpErrors);
+    // A scanner has no words for an error, so where errors are shown the generated lexer reads all.
+    FillTokenTable(lexer->pLexer, options.dumpErrors ? nullptr : Grammar::Scan, *table);
+#endif
+    Grammar::Start(parser.get());
+    return {State(lexer->pLexer)->errorCount, State(parser->pParser)->errorCount};
+  }
+
+ private:
+  struct Free {
+    template <class Recognizer>
+    void operator()(Recognizer* recognizer) const {
+      recognizer->free(recognizer);
+    }
+  };
+
+  template <class Base>
+  static pANTLR3_RECOGNIZER_SHARED_STATE State(Base* base) {
+    return base->rec->state;
+  }
+
+  void Reset() {
+#ifndef VEXLTAGS_PLAIN
+    table->Reset();
+    tokens->Follows().Clear();
+    trials.Reset();
+    loops.Reset();
+    ResetState(State(lexer->pLexer));
+    ResetState(State(parser->pParser));
+#endif
+  }
+
+  pANTLR3_INPUT_STREAM input;
+  Grammar grammar;
+  std::unique_ptr<typename Grammar::Lexer, Free> lexer;
+#ifdef VEXLTAGS_PLAIN
+  std::unique_ptr<ANTLR3_COMMON_TOKEN_STREAM, Free> tokens;
+#else
+  std::unique_ptr<TokenTable> table;
+  std::unique_ptr<TokenStream> tokens;
+#endif
+  TrialTable trials;
+  LoopRuns loops;
+  std::unique_ptr<typename Grammar::Parser, Free>
+      parser;  ///< Freed first: it stands on the others.
+};
+
+/// Runs `Grammar` over `input`, from its start rule on. Tags go to `dumper`. `stored` is the file's
+/// path as it goes into tags. A syntax error is no failure: the counts in the result are its only
+/// trace. The recognisers are kept for the next call with the same input stream.
+template <class Grammar>
+RecognizerCounts RunRecognizer(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
+                               const std::string& stored) {
+  static std::unique_ptr<Recognizers<Grammar>> kept;
+  typename Grammar::Builder builder(options, dumper, stored);
+  typename Grammar::FileState fileState(stored, options.reportIfLonger, options.abortIfLonger);
+  // Recognisers that show errors keep their records, and are not used for a file that shows none.
+  if (!kept || options.dumpErrors || !kept->CanReuse(input)) {
+    kept = std::make_unique<Recognizers<Grammar>>(input);
+  }
+  RecognizerCounts counts;
+  if (kept->AreComplete()) counts = kept->Run(options, fileState, builder);
+  // The tables of a large file are not worth their memory.
+  constexpr ANTLR3_UINT32 kLargeFile = 1 << 22;
+  if (options.dumpErrors || input->sizeBuf > kLargeFile) kept.reset();
+  return counts;
+}
+
+}  // namespace vexltags

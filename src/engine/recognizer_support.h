@@ -5,7 +5,7 @@
 // which it redefines; the project headers that it stands on come in by the grammar's @includes. Two
 // replacements mend what the generator gets wrong, one keeps the outcomes of trials. All others
 // only save time: a build with VEXLTAGS_PLAIN goes without them and has to give the same tags and
-// the same error counts, which tests/differential.py checks.
+// the same error counts, which tests/runners/differential.py checks.
 #pragma once
 
 #include "engine/parser_ops.h"

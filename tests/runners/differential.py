@@ -1,0 +1,81 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Compares the recognisers with and without what only saves time: tags and error counts.
+
+usage: differential.py --fast PROBE --plain PROBE [PATH...]
+
+Each PATH is a file or a folder that is walked; without one, all inputs of the golden, token and
+command-line cases are taken. The two programs are src/testing/recognizer_probe.cc, built twice. A
+file that the plain one does not end within --seconds is named and left out. Status 1 when any
+other file differs.
+"""
+import argparse
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BATCH = 200
+
+
+def inputs(paths):
+    for path in paths:
+        if path.is_dir():
+            yield from sorted(p for p in path.rglob("*") if p.is_file() and not p.is_symlink())
+        else:
+            yield path
+
+
+def run(probe, files, seconds):
+    """The program's output over the files; None when it takes too long."""
+    with tempfile.NamedTemporaryFile("w", encoding="utf-8", errors="surrogateescape") as names:
+        names.write("".join(f"{file}\n" for file in files))
+        names.flush()
+        try:
+            done = subprocess.run([probe, "-L", names.name], stdout=subprocess.PIPE,
+                                  stderr=subprocess.STDOUT, timeout=seconds)
+        except subprocess.TimeoutExpired:
+            return None
+    return done.stdout + f"status {done.returncode}\n".encode()
+
+
+def compare(args, files):
+    """The files among `files` that differ, and those that the plain program does not end."""
+    fast = run(args.fast, files, args.seconds * 10)
+    plain = run(args.plain, files, args.seconds if len(files) == 1 else args.seconds * 5)
+    if fast is not None and fast == plain:
+        return [], []
+    if len(files) == 1:
+        if plain is None and fast is not None:
+            return [], files
+        return files, []
+    half = len(files) // 2
+    left, right = compare(args, files[:half]), compare(args, files[half:])
+    return left[0] + right[0], left[1] + right[1]
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
+    parser.add_argument("--fast", required=True)
+    parser.add_argument("--plain", required=True)
+    parser.add_argument("--seconds", type=float, default=20)
+    parser.add_argument("paths", nargs="*", type=pathlib.Path,
+                        default=[ROOT / name for name in ("cases", "tokens", "cli", "shared")])
+    args = parser.parse_args()
+    files = [file for file in inputs(args.paths) if "\n" not in str(file)]
+    differing, slow = [], []
+    for start in range(0, len(files), BATCH):
+        batch = compare(args, files[start:start + BATCH])
+        differing += batch[0]
+        slow += batch[1]
+    for file in slow:
+        print(f"left out, too slow for the plain recognisers: {file}")
+    for file in differing:
+        print(f"DIFFERS {file}")
+    print(f"{len(files)} files, {len(differing)} differ, {len(slow)} left out")
+    return 1 if differing or not files else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -6,7 +6,7 @@ _vexltags() {
   cur=${COMP_WORDS[COMP_CWORD]}
   prev=${COMP_WORDS[COMP_CWORD - 1]}
   COMPREPLY=()
-  # Bash takes `=` for a word of its own, unless told otherwise.
+  # By default, bash splits words at `=` and passes the `=` as a word of its own.
   if [[ $cur == '=' || $prev == '=' ]]; then
     local option=$prev
     if [[ $prev == '=' ]]; then option=${COMP_WORDS[COMP_CWORD - 2]}; else cur=; fi

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Runs Vim in a terminal, jumps by a tag, checks what is on the screen, and draws it as doc/vim.png.
+"""Runs Vim in a terminal emulator, jumps to a tag, checks the screen, and can save it as an image.
 
 usage: screen.py --program VEXLTAGS [--save FILE.png]
 
-Needs Vim and the Debian packages python3-pyte, and for --save python3-pil and fonts-dejavu-core.
-Without what it needs it says so and ends with 77.
+Needs the Debian packages vim and python3-pyte, and for --save python3-pil and fonts-dejavu-core. If
+Vim or pyte is missing, it says so and exits with status 77.
 """
 import argparse
 import os
@@ -21,7 +21,7 @@ import time
 COLUMNS, ROWS = 80, 20
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 FONT = "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf"
-# Terminal colours by the names that pyte gives them.
+# Terminal colours by their pyte names.
 COLOURS = {
     "default": "#d0d0d0", "black": "#3a3a3a", "red": "#e06c75", "green": "#98c379",
     "brown": "#d7af5f", "blue": "#61afef", "magenta": "#c678dd", "cyan": "#56b6c2",
@@ -36,7 +36,7 @@ def skip(why):
 
 
 def feed(stream, terminal, seconds, until=None):
-    """Shows the terminal's output to the emulator, up to a text on the screen or for a while."""
+    """Feeds the terminal's output to the emulator until `until()` holds or the time is over."""
     end = time.monotonic() + seconds
     while time.monotonic() < end:
         if select.select([terminal], [], [], 0.2)[0]:
@@ -80,7 +80,7 @@ def draw(screen, path):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--program", required=True, type=os.path.abspath)
-    parser.add_argument("--save", type=os.path.abspath, help="where the picture goes")
+    parser.add_argument("--save", type=os.path.abspath, help="save the screen as this image")
     options = parser.parse_args()
     try:
         import pyte

@@ -1,14 +1,14 @@
-;;; vexltags.el --- M-. by the nearest tags file  -*- lexical-binding: t -*-
+;;; vexltags.el --- Look up definitions in the nearest tags file  -*- lexical-binding: t -*-
 ;; SPDX-License-Identifier: MIT
 (require 'xref)
 
 (defun vexltags-definitions (name)
-  "The places of NAME in the nearest file `tags' above the current folder."
+  "The definitions of NAME in the nearest `tags' file at or above the current directory."
   (let ((folder (locate-dominating-file default-directory "tags")) found)
-    (unless folder (user-error "No file tags above %s" default-directory))
+    (unless folder (user-error "No tags file above %s" default-directory))
     (with-temp-buffer
       (insert-file-contents (expand-file-name "tags" folder))
-      ;; A Swift function bears its labels: move(to:).
+      ;; The name of a Swift function includes its labels: move(to:).
       (while (re-search-forward
               (format "^%s\\((.*)\\)?\t\\([^\t\n]+\\)\t\\([0-9]+\\);\"\t\\(.*\\)$"
                       (regexp-quote name))

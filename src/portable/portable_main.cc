@@ -22,10 +22,10 @@ constexpr char kUsage[] =
     R"(Usage: vexltags-portable [file]
        vexltags-portable -i file...
 
-Rewrites a tags file of vexltags for readers that are strict about the format.
-Without a file, or for "-", reads standard input. Writes to standard output.
+Rewrites a vexltags tags file for readers that are strict about the format.
+Reads standard input if the file is "-" or missing. Writes to standard output.
 
-  -i, --in-place                   Rewrite the files themselves.
+  -i, --in-place                   Rewrite the files in place.
   -h, --help                       Show help.
   -v, --version                    Show version.
 )";
@@ -116,13 +116,13 @@ int RewriteInPlace(const std::string& path) {
     return Fail("opening", path);
   }
   // A pipe would wait for a writer, and no file can take the place of a device.
-  if (!S_ISREG(status.st_mode)) return Refuse(path, "is no regular file");
+  if (!S_ISREG(status.st_mode)) return Refuse(path, "is not a regular file");
   const File file(std::fopen(resolved, "rbe"));
   if (!file) return Fail("opening", path);
   NewFile replacement(resolved, status);
   FileWriter output;
   if (!replacement.Made() || !output.OpenFile(replacement.Path(), FileWriter::Mode::Truncate)) {
-    return Fail("making a new file beside", path);
+    return Fail("creating a temporary file for", path);
   }
   const int result = RewriteTags(file.get(), OptionsFor(path), output);
   // A failed write shows here as well.
@@ -153,13 +153,13 @@ int Run(const std::vector<std::string>& arguments) {
   }
   if (!inPlace) {
     if (paths.size() > 1) {
-      std::fprintf(stderr, "one file expected, saw %s too\n", paths[1].c_str());
+      std::fprintf(stderr, "unexpected second file %s\n", paths[1].c_str());
       return -1;
     }
     return Filter(paths.empty() ? "-" : paths[0]);
   }
   if (paths.empty()) {
-    std::fputs("expected a file to rewrite in place\n", stderr);
+    std::fputs("-i needs at least one file\n", stderr);
     return -1;
   }
   int result = 0;

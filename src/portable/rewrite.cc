@@ -78,7 +78,7 @@ class Rewriter {
         form = ParseTagLine(line, tag);
       }
       if (form != LineForm::kTag)
-        return NoTagsFile("line " + std::to_string(reader.Number()) + " is no tag");
+        return NoTagsFile("line " + std::to_string(reader.Number()) + " is not a tag");
       if (std::exchange(inHeader, false)) WriteHeader();
       if (!AddTag(line, tag)) return WriteFailed();
     }
@@ -94,7 +94,7 @@ class Rewriter {
     return -1;
   }
   int NoTagsFile(const std::string& why) const {
-    return Fail(options.inputName + " is no tags file: " + why);
+    return Fail(options.inputName + " is not a tags file: " + why);
   }
   /// The caller knows the name of the output.
   static int WriteFailed() { return -1; }
@@ -109,7 +109,7 @@ class Rewriter {
     if (name == kSorted) {
       mark = value.empty() ? '?' : value[0];
       if (mark >= '0' && mark <= '2') return true;
-      NoTagsFile("its sort mark is none of 0, 1 and 2");
+      NoTagsFile("unknown sort mark");
       return false;
     }
     header += line;
@@ -189,7 +189,7 @@ class Rewriter {
         shown += c;
       }
     }
-    std::fprintf(stderr, "left out, no line can hold this path: %s\n", shown.c_str());
+    std::fprintf(stderr, "skipped the tags of a path with a tab or newline: %s\n", shown.c_str());
   }
 
   LineReader reader;

@@ -88,7 +88,7 @@ TEST(RewriteTags, EndsLinesWithANewlineAlone) {
   EXPECT_EQ(result.output, kFormatLine + SortedLine('0') +
                                "!_TAG_PROGRAM_NAME\tvexltags\t//\n"
                                "S\ta.swift\t1;\"\ts\nb\ta.swift\t1;\"\tV\tstruct:S\n");
-  EXPECT_EQ(result.messages, "left out, no line can hold this path: n\\nx.c\n");
+  EXPECT_EQ(result.messages, "skipped the tags of a path with a tab or newline: n\\nx.c\n");
 }
 
 TEST(RewriteTags, KeepsZeroBytesAndLongLines) {
@@ -104,7 +104,7 @@ TEST(RewriteTags, GivesUpOnAPathThatGoesOnForEver) {
   const Result result = Rewrite(endless);
   EXPECT_EQ(result.status, -1);
   // Far above the last line: the path was longer than any path can be.
-  const std::string start = "tags is no tags file: line ";
+  const std::string start = "tags is not a tags file: line ";
   ASSERT_TRUE(result.messages.starts_with(start)) << result.messages;
   EXPECT_LT(std::stol(result.messages.substr(start.size())), 10000);
 }
@@ -127,8 +127,8 @@ TEST(RewriteTags, LeavesOutPathsThatNoLineCanHold) {
   ExpectRewritten(
       "a\t/t\\\tx.c\t1;\"\tf\na\t/ok.c\t1;\"\tf\nb\t/t\\\tx.c\t2;\"\tf\nc\t/n\\\nx.c\t3;\"\tf\n",
       kFormatLine + SortedLine('0') + "a\t/ok.c\t1;\"\tf\n",
-      "left out, no line can hold this path: /t\\tx.c\n"
-      "left out, no line can hold this path: /n\\nx.c\n");
+      "skipped the tags of a path with a tab or newline: /t\\tx.c\n"
+      "skipped the tags of a path with a tab or newline: /n\\nx.c\n");
 }
 
 TEST(RewriteTags, LeavesTagsOfOtherPrograms) {
@@ -179,17 +179,17 @@ TEST(RewriteTags, DropsHeadersFurtherDown) {
 TEST(RewriteTags, RefusesWhatIsNoTagsFile) {
   const std::pair<const char*, const char*> cases[] = {
       {"", "it is empty"},
-      {"int main() {}\n", "line 1 is no tag"},
-      {"!_TAG_FILE_FORMAT\t2\nx\n", "line 2 is no tag"},
-      {"a\tb.c\t1;\"\tf\na\tb\tc\n", "line 2 is no tag"},
-      {"a\tb\\\nc\n", "line 2 is no tag"},
-      {"!_TAG_FILE_SORTED\t3\n", "its sort mark is none of 0, 1 and 2"},
-      {"!_TAG_FILE_SORTED\n", "its sort mark is none of 0, 1 and 2"},
+      {"int main() {}\n", "line 1 is not a tag"},
+      {"!_TAG_FILE_FORMAT\t2\nx\n", "line 2 is not a tag"},
+      {"a\tb.c\t1;\"\tf\na\tb\tc\n", "line 2 is not a tag"},
+      {"a\tb\\\nc\n", "line 2 is not a tag"},
+      {"!_TAG_FILE_SORTED\t3\n", "unknown sort mark"},
+      {"!_TAG_FILE_SORTED\n", "unknown sort mark"},
   };
   for (const auto& [input, why] : cases) {
     const Result result = Rewrite(input);
     EXPECT_EQ(result.status, -1) << input;
-    EXPECT_EQ(result.messages, std::string("tags is no tags file: ") + why + "\n");
+    EXPECT_EQ(result.messages, std::string("tags is not a tags file: ") + why + "\n");
   }
 }
 

@@ -261,7 +261,7 @@ class Examples(Scratch):
 
     def test_readme_on_this_project(self):
         text = read("README.md")
-        name, line = re.search(r"`grep '\^(\w+)' tags` now gives .*?```\n(.*?\n)```", text,
+        name, line = re.search(r"`grep '\^(\w+)' tags` prints .*?```\n(.*?\n)```", text,
                                re.DOTALL).groups()
         field = line.split("\t")[1]
         done = self.run_shell(f"vexltags '{ROOT}/{field.replace('~/vexltags/', '', 1)}'")

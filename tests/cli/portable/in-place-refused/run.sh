@@ -13,7 +13,7 @@ done
   "$VEXLTAGS_PORTABLE" -i tags || echo "no room: $?"
 )
 chmod a-w .
-[ "$(id -u)" = 0 ] || "$VEXLTAGS_PORTABLE" -i tags 2>&1 | grep -qx 'error making a new file beside tags'
+[ "$(id -u)" = 0 ] || "$VEXLTAGS_PORTABLE" -i tags 2>&1 | grep -qx 'error creating a temporary file for tags'
 chmod u+w .
 cmp tags before
 ls -d tags*

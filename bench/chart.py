@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Draws a result of compare.py as a bar chart: how many times faster than ctags, row by row.
+"""Draws a result of compare.py as a bar chart of speeds relative to ctags, one bar per row.
 
   chart.py bench/results/NAME.json OUT.svg
 """

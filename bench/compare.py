@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Measures vexltags against ctags: CPU seconds of both on the same files, in pairs.
+"""Compares the speed of vexltags and ctags: CPU seconds on the same files, in pairs of runs.
 
   compare.py --program build/release/vexltags [--code DIR]... [--objc DIR]... [--swift DIR]...
 
 prints the table, and with --save NAME writes bench/results/NAME.{json,md} and doc/speed.svg. Runs
-alternate, A B A B; ratios are taken pair by pair, so that a machine that is busy for a while slows
-both sides. Nothing here fails for being slow: the exit status is 1 only where two runs of vexltags
-wrote different tags, or where the tags are not those of --digests for the very same input.
+alternate, A B A B, and ratios are taken pair by pair, so that load on the machine slows both sides.
+Slowness is never an error: the exit status is 1 only if two runs of vexltags write different tags, or
+if the tags differ from those in --digests for the same input.
 """
 import argparse
 import datetime
@@ -30,7 +30,7 @@ ROOT = os.path.dirname(HERE)
 
 
 def run(command):
-    """CPU seconds, user and system, of one run."""
+    """Returns the CPU seconds, user plus system, of one run."""
     null = os.open(os.devnull, os.O_RDWR)
     child = os.posix_spawnp(command[0], command, os.environ,
                             file_actions=[(os.POSIX_SPAWN_DUP2, null, fd) for fd in (0, 1, 2)])
@@ -46,9 +46,9 @@ def sample(command, repeat):
 
 
 def peak_of(command, scratch):
-    """Peak KiB of one run, or None. What the kernel tells of our own children is of no use: it
-    counts from before the child's program starts, when the child still is a copy of this process.
-    So GNU time stands between, which is small."""
+    """Returns the peak resident KiB of one run, or None without GNU time. The kernel's figure for a
+    direct child is useless: it includes the time before exec, when the child is still a copy of this
+    process. GNU time is a small process in between."""
     tool = shutil.which("time")
     if tool is None:
         return None
@@ -59,7 +59,7 @@ def peak_of(command, scratch):
 
 
 def digest_of(path):
-    """Of the tag lines; the header, which names the version, is left out."""
+    """Returns a digest of the tag lines, without the header, which contains the version."""
     digest = hashlib.sha256()
     with open(path, "rb") as file:
         digest.update(b"".join(line for line in file if not line.startswith(b"!_TAG_")))
@@ -67,7 +67,7 @@ def digest_of(path):
 
 
 def identity_of(row):
-    """Tells one set of input files from another, contents included."""
+    """Returns a digest of the paths and contents of the input files."""
     digest = hashlib.sha256()
     for path in row.paths:
         with open(path, "rb") as file:
@@ -76,7 +76,7 @@ def identity_of(row):
 
 
 def check(row, found, known):
-    """Compares with the digest of an earlier run over the very same files. False if it differs."""
+    """Compares with the digest of an earlier run on the same input, or stores it. False if it differs."""
     identity = identity_of(row)
     old = known.get(row.key)
     if old is not None and old["input"] == identity:
@@ -86,13 +86,13 @@ def check(row, found, known):
 
 
 def spread(values):
-    """Half the distance between the quartiles, in per cent of the median."""
+    """Returns half the interquartile range, in per cent of the median."""
     low, middle, high = statistics.quantiles(values, n=4)
     return 50 * (high - low) / middle if middle else 0.0
 
 
 def measure(row, options, scratch):
-    """Runs the pairs of one row. Returns its numbers and the digest of the tags."""
+    """Runs the pairs of one row. Returns its numbers and the digest of its tags."""
     listing, ours, theirs = (os.path.join(scratch, name) for name in ("list", "ours", "theirs"))
     with open(listing, "w", encoding="utf-8", errors="surrogateescape") as file:
         file.writelines(path + "\n" for path in row.paths)
@@ -101,7 +101,7 @@ def measure(row, options, scratch):
     if row.ctags is not None and options.ctags:
         ctags = [options.ctags, "-n", "--sort=yes", *row.ctags, "-L", listing, "-f", theirs]
 
-    run(program)  # Warms the caches for both; not counted.
+    run(program)  # Warms the file cache for both; not counted.
     digest = digest_of(ours)
     mine, other = [], []
     for _ in range(options.pairs):
@@ -137,7 +137,7 @@ def output_of(*command):
 
 
 def machine(options):
-    """What the numbers were measured on and with."""
+    """Describes the machine and the programs that were measured."""
     cpu = next((line.split(":")[1].strip() for line in open("/proc/cpuinfo", encoding="ascii")
                 if line.startswith("model name")), platform.machine())
     cache = os.path.join(os.path.dirname(os.path.abspath(options.program)), "CMakeCache.txt")
@@ -159,7 +159,7 @@ def machine(options):
 
 
 def speed(result, seconds):
-    """In the unit that fits the row."""
+    """Returns the speed in the unit that fits the row."""
     if result["files"] == 1:
         return "%.2f ms" % (1e3 * seconds)
     if result["tiny"]:
@@ -215,20 +215,20 @@ def arguments():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--program", default=os.path.join(ROOT, "build/release/vexltags"))
     parser.add_argument("--ctags", default=shutil.which("ctags"), help="empty: measure alone")
-    parser.add_argument("--pairs", type=int, default=7, help="at least 5 for numbers to show")
-    parser.add_argument("--rows", help="only these keys, with commas (include,python,…)")
+    parser.add_argument("--pairs", type=int, default=7, help="use at least 5 for numbers to publish")
+    parser.add_argument("--rows", help="only these keys, separated by commas (include,python,…)")
     parser.add_argument("--code", action="append", default=[], metavar="DIR",
-                        help="a C or C++ code base: a row of its own")
+                        help="a C or C++ code base, which gets its own row")
     parser.add_argument("--objc", action="append", default=[], metavar="DIR")
     parser.add_argument("--swift", action="append", default=[], metavar="DIR")
-    parser.add_argument("--tiny", type=int, default=20000, help="how many tiny files")
+    parser.add_argument("--tiny", type=int, default=20000, help="number of tiny files")
     parser.add_argument("--made", type=float, default=0, metavar="MB",
-                        help="also the synthetic tree, so much of each language")
+                        help="add the synthetic tree, with this much of each language")
     parser.add_argument("--made-in", metavar="DIR",
-                        help="where made files go, and stay: with --digests, which tell paths apart")
+                        help="write made files here and keep them, since --digests includes paths")
     parser.add_argument("--digests", metavar="FILE",
-                        help="JSON of input and tag digests: checked, and extended by new inputs")
-    parser.add_argument("--save", metavar="NAME", help="keep the result and draw the chart")
+                        help="JSON file of digests to check and to extend with new inputs")
+    parser.add_argument("--save", metavar="NAME", help="save the result and draw the chart")
     options = parser.parse_args()
     if options.pairs < 2:
         parser.error("--pairs: at least 2")

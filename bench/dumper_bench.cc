@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Measures the sink: collecting tag lines, and sorting and writing them.
+// Benchmarks the tag sink: collecting, sorting and writing tag lines.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kLines = 20000;
 
-/// Tag lines as a run over C headers has them: files one after the other, names with common heads.
+/// Tag lines like those of C headers: grouped by file, with common name prefixes.
 std::vector<std::string> Lines() {
   static const char* const kHeads[] = {"SDL_", "gtk_widget_", "pthread_", "XML_PARSE_", "k", "_"};
   std::vector<std::string> lines;
@@ -45,7 +45,7 @@ void Collect(benchmark::State& state) {
 }
 BENCHMARK(Collect);
 
-/// Lines in pieces, as the tag builders hand them over.
+/// Collects lines in several pieces, as the tag builders print them.
 void CollectPieces(benchmark::State& state) {
   for (auto step : state) {
     vexltags::Dumper dumper;
@@ -61,7 +61,8 @@ void CollectPieces(benchmark::State& state) {
 }
 BENCHMARK(CollectPieces);
 
-/// Collecting, sorting by `range(0)` and writing to nowhere; less `Collect` it is the last two.
+/// Collects the lines, sorts them in order `range(0)` and writes them to /dev/null. Subtract
+/// `Collect` to get the time of sorting and writing.
 void CollectAndDump(benchmark::State& state) {
   const std::vector<std::string> lines = Lines();
   vexltags::Options options;

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The rows of the table: which files, what ctags has to be told, which goal."""
+"""The rows of the table: files, ctags options and goals."""
 import os
 
 import make_tree
@@ -8,9 +8,9 @@ C_SUFFIXES = (".h", ".hh", ".hpp", ".hxx", ".c", ".cc", ".cpp", ".cxx", ".ipp", 
 
 
 class Row:
-    """One line of the table. `paths` are its files; `ctags` the options that ctags needs to read
-    them as the language they are, or None where it has no such language; `goal` says what is asked
-    for and aimed at; `repeat` is how often one sample runs."""
+    """One line of the table. `paths` are its files; `ctags` the options with which ctags reads them
+    in the right language, or None if it does not support the language; `goal` is the required and the
+    desired result; `repeat` is the number of runs per sample."""
 
     def __init__(self, key, title, paths, ctags=(), goal="–", repeat=1):
         self.key, self.title, self.paths, self.ctags = key, title, paths, ctags
@@ -20,7 +20,7 @@ class Row:
 
 
 def find(folders, suffixes=None, without=(), largest=None):
-    """The regular files below `folders`, in a fixed order; `suffixes` None takes all names."""
+    """Returns the regular files below `folders` in a fixed order; with `suffixes` None, all of them."""
     found = []
     for top in folders:
         for folder, names, files in os.walk(top):
@@ -41,14 +41,14 @@ def existing(*folders):
 
 
 def matching(parent, start, *ends):
-    """The folders `parent`/`start`*/`end`, whatever version stands in between."""
+    """Returns the existing folders `parent`/`start`*/`end`, where `*` is usually a version."""
     names = sorted(os.listdir(parent)) if os.path.isdir(parent) else []
     return existing(*(os.path.join(parent, name, end) for name in names if name.startswith(start)
                       for end in ends or [""]))
 
 
 def system_rows():
-    """What Debian's packages bring; a row whose files are not installed is left out."""
+    """Yields rows of files from Debian packages; rows whose files are not installed are empty."""
     plus = "/usr/include/c++"
     versions = existing(*(os.path.join(plus, v) for v in os.listdir(plus))) if os.path.isdir(
         plus) else []
@@ -58,7 +58,7 @@ def system_rows():
     yield Row("include", "/usr/include without c++",
               find(existing("/usr/include"), C_SUFFIXES, without=(plus,)), goal="1.5x / 2.5x")
     yield Row("kernel", "kernel headers", find(kernel, (".h",)), goal="1.5x / 2.5x")
-    # Most of these files have no suffix: ctags has to be told.
+    # Most of these files have no suffix, so ctags cannot guess the language.
     yield Row("libs", "libstdc++ and libc++", find(versions + libcxx),
               ("--language-force=C++",), goal="1.5x / 2.5x")
     yield Row("gnustep", "Objective-C: GNUstep headers",
@@ -70,7 +70,7 @@ def system_rows():
 
 
 def named_rows(code, objc, swift):
-    """Source trees that the caller names: the C and C++ code bases, Objective-C and Swift sources."""
+    """Yields rows for source trees that the caller names."""
     for folder in code:
         name = os.path.basename(os.path.abspath(folder))
         yield Row("code-" + name, name + " (C and C++)", find([folder], C_SUFFIXES), goal="2x / 3x")
@@ -82,7 +82,7 @@ def named_rows(code, objc, swift):
 
 
 def made_rows(folder, count):
-    """Files that the bench makes itself, below `folder`."""
+    """Yields rows of generated tiny files, written below `folder`."""
     paths = make_tree.make_tiny(folder, "c", count)
     yield Row("one", "one tiny file, whole process", paths[:1], goal="2.5 / 1.5 ms",
               repeat=20)
@@ -90,7 +90,7 @@ def made_rows(folder, count):
 
 
 def made_languages(folder, size):
-    """The synthetic tree, the same on every machine."""
+    """Yields a row per language of the synthetic tree, which is the same on every machine."""
     for language in sorted(make_tree.SUFFIXES):
         paths = make_tree.make_tree(folder, language, size, 64 * 1024, 1)
         ctags = {"objc": ("--language-force=ObjectiveC",), "swift": None}.get(language, ())

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The lexer of C, C++ and Objective-C for the benchmarks.
+// The C, C++ and Objective-C lexer for the benchmarks.
 #include "cfamily/directives.h"
 #include "cfamily/main_scanner.h"
 #include "lexer_run.h"
 #include "lexers.h"
 
-// Last: it defines every token name as a macro.
+// Included last because it defines every token name as a macro.
 #include "mainLexer.h"
 
 namespace vexltags::bench {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The lexer of Python for the benchmarks.
+// The Python lexer for the benchmarks.
 #include "lexer_run.h"
 #include "lexers.h"
 #include "python/python_scanner.h"
 
-// Last: it defines every token name as a macro.
+// Included last because it defines every token name as a macro.
 #include "pythonLexer.h"
 
 namespace vexltags::bench {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The lexer of Swift for the benchmarks.
+// The Swift lexer for the benchmarks.
 #include "lexer_run.h"
 #include "lexers.h"
 #include "swift/swift_scanner.h"
 
-// Last: it defines every token name as a macro.
+// Included last because it defines every token name as a macro.
 #include "swiftLexer.h"
 
 namespace vexltags::bench {

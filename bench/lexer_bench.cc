@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Measures text to token table, language by language.
+// Benchmarks the lexers: text to token table, for each language.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
-// One run of a generated lexer, with or without the scanner written by hand.
+// Runs a generated lexer, with or without the hand-written scanner.
 #pragma once
 
 #include "base/options.h"
 #include "engine/error_recovery.h"
-#include "parserstate/lexer_state.h"
 #include "engine/token_feed.h"
 #include "engine/token_table.h"
+#include "parserstate/lexer_state.h"
 
 namespace vexltags::bench {
 
-/// Fills `table` and frees `lexer`, of which `prepare` sets what its language wants besides.
-/// Returns the number of lexical errors.
+/// Fills `table` and frees `lexer`. `prepare(lexer)` sets language-specific members first. Returns
+/// the number of lexical errors.
 template <class Lexer, class Prepare>
 unsigned RunLexer(Lexer* lexer, Scanner scan, TokenTable& table, Prepare prepare) {
   TagsLexerState fileState("bench", 0, 0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The three lexers behind one signature, so that the benchmark need not see generated names.
+// The three lexers with a common signature, which hides the generated names from the benchmark.
 #pragma once
 
 #include <antlr3.h>
@@ -8,9 +8,9 @@
 
 namespace vexltags::bench {
 
-/// Reads all of `input` into `table` with a lexer made for the purpose. `byHand` lets the scanner
-/// written by hand read what it knows, as the program does; without, the generated lexer reads
-/// everything. A language that has no scanner ignores it. Returns the number of lexical errors.
+/// Reads all of `input` into `table` with a new lexer. If `byHand` is set, the hand-written scanner
+/// reads the tokens it knows, as in the program; otherwise the generated lexer reads everything.
+/// Returns the number of lexical errors.
 using Lex = unsigned (*)(pANTLR3_INPUT_STREAM input, TokenTable& table, bool byHand);
 
 unsigned LexMain(pANTLR3_INPUT_STREAM input, TokenTable& table, bool byHand);

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Makes the same source tree everywhere: synthetic input of any size from a fixed seed.
+"""Generates synthetic source trees of any size, identical on every machine.
 
   make_tree.py OUT [--language c|cxx|objc|swift|python] [--mb 10] [--file-kb 64] [--seed 1]
   make_tree.py OUT --tiny 20000 [--language c]
 
-writes OUT/<language>/<nnn>/<name>.<ext> and prints one path a line, ready for `-L`. The texts come
-from bench/samples: blocks parted by a line `%%`, in which @N stands for a number and @W for a word.
+writes OUT/<language>/<nnn>/<name>.<ext> and prints one path per line, for `-L`. The texts are built
+from the blocks in bench/samples, which are separated by `%%` lines; @N is replaced by a number and @W
+by a word.
 """
 import argparse
 import os
@@ -26,7 +27,7 @@ TINY = {
 
 
 class Numbers:
-    """A generator of its own: the library's may change from one version to the next."""
+    """A pseudo-random generator; unlike Python's, it never changes between versions."""
 
     def __init__(self, seed):
         self.state = seed * 2654435761 % 2**64 + 1
@@ -42,7 +43,7 @@ def blocks_of(language):
 
 
 def text_of(language, size, numbers, first=0):
-    """About `size` bytes: the sample's first block, then others in any order, then the last."""
+    """Returns about `size` bytes: the sample's first block, middle blocks in random order, the last."""
     head, *middle, tail = blocks_of(language)
     parts, length, number = [], 0, first
 
@@ -72,7 +73,7 @@ def folder_for(out, language, index):
 
 
 def make_tree(out, language, size, file_size, seed):
-    """Files of half to one and a half `file_size` bytes, `size` in all. Returns their paths."""
+    """Writes files of 0.5 to 1.5 times `file_size` bytes, `size` in total. Returns their paths."""
     numbers, paths, made = Numbers(seed), [], 0
     while made < size:
         index = len(paths)
@@ -85,7 +86,7 @@ def make_tree(out, language, size, file_size, seed):
 
 
 def make_tiny(out, language, count):
-    """`count` files of three declarations each. Returns their paths."""
+    """Writes `count` files of about three lines each. Returns their paths."""
     paths = []
     for index in range(count):
         paths.append(os.path.join(folder_for(out, language, index),
@@ -98,10 +99,10 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("out")
     parser.add_argument("--language", choices=sorted(SUFFIXES), action="append",
-                        help="default: all; for --tiny: c")
-    parser.add_argument("--mb", type=float, default=10, help="size for each language")
-    parser.add_argument("--file-kb", type=int, default=64, help="mean size of a file")
-    parser.add_argument("--tiny", type=int, help="so many files of three lines instead")
+                        help="default: all; with --tiny: c")
+    parser.add_argument("--mb", type=float, default=10, help="megabytes per language")
+    parser.add_argument("--file-kb", type=int, default=64, help="mean file size")
+    parser.add_argument("--tiny", type=int, help="write this many tiny files instead")
     parser.add_argument("--seed", type=int, default=1)
     options = parser.parse_args()
     if options.tiny:

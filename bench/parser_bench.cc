@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Measures a file's way to tag lines: lexer, parser and tag builder of each language.
+// Benchmarks lexer, parser and tag builder together: text to tag lines, for each language.
 #include <benchmark/benchmark.h>
 #include <stdlib.h>
 #include <unistd.h>
@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t kSize = 256 * 1024;
 
-/// A folder of our own that goes when the program ends.
+/// A temporary folder; removed on destruction.
 class Folder {
  public:
   Folder() {
@@ -34,8 +34,9 @@ class Folder {
   char path[32] = "/tmp/vexltags-bench-XXXXXX";
 };
 
-// The recognisers, which are kept from file to file, stand on the source's input stream: it lives
-// as long as they do. Reading the file is part of each step; it is some thousandth of it.
+// The recognisers are reused between files and refer to the input stream of the source, which must
+// live as long as they do. Each iteration reads the file; that takes about a thousandth of its
+// time.
 void Run(benchmark::State& state, const std::string& path, const std::string& text) {
   static vexltags::SourceFile source;
   std::ofstream(path, std::ios::binary) << text;

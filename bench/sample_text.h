@@ -7,14 +7,14 @@
 
 namespace vexltags::bench {
 
-/// The languages that there are samples of, as `bench/samples` names them.
+/// The languages with a file in `bench/samples`, by file name.
 inline constexpr const char* kLanguages[] = {"c", "cxx", "objc", "swift", "python"};
 
-/// At least `size` bytes of `language`: the blocks of its sample in turn, each time with another
-/// number in its names. Ends the program when the sample cannot be read.
+/// Returns at least `size` bytes of `language`: the blocks of its sample in turn, with different
+/// names each time. Exits if the sample cannot be read.
 std::string SampleText(const std::string& language, std::size_t size);
 
-/// The suffix of its files, with the dot.
+/// Returns the file suffix of `language`, with the dot.
 const char* SuffixOf(const std::string& language);
 
 }  // namespace vexltags::bench

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# Finds the ANTLR 3 generator (Debian packages antlr3 and libstringtemplate-java, run by Java) and the
-# ANTLR 3 C runtime (libantlr3c-dev). Defines the target Antlr3::Runtime, Antlr3_JAVA,
-# Antlr3_CLASSPATH (the generator and the libraries it needs), Antlr3_JAR and Antlr3_VERSION.
+# Finds the ANTLR 3 generator (Debian packages antlr3 and libstringtemplate-java), which runs on Java,
+# and the ANTLR 3 C runtime (libantlr3c-dev). Defines the target Antlr3::Runtime and the variables
+# Antlr3_JAVA, Antlr3_JAR, Antlr3_CLASSPATH (the generator and its dependencies) and Antlr3_VERSION.
 find_program(Antlr3_JAVA java)
 set(_jars /usr/share/java /usr/local/share/java)
 find_file(Antlr3_JAR antlr3.jar PATHS ${_jars})
@@ -9,11 +9,11 @@ find_file(Antlr3_RUNTIME_JAR antlr3-runtime.jar PATHS ${_jars})
 find_file(Antlr3_ST3_JAR stringtemplate.jar PATHS ${_jars})
 find_file(Antlr3_ST4_JAR stringtemplate4.jar PATHS ${_jars})
 find_path(Antlr3_RUNTIME_INCLUDE_DIR antlr3.h)
-# The static library first: the program then runs where the runtime is not installed.
+# Prefers the static library, so that the program also runs where the runtime is not installed.
 find_library(Antlr3_RUNTIME_LIBRARY NAMES libantlr3c.a antlr3c)
 
 set(_needs RUNTIME_INCLUDE_DIR RUNTIME_LIBRARY)
-# A source archive carries what the generator would make.
+# A source archive contains the generated recognisers and needs no generator.
 if(NOT EXISTS ${PROJECT_SOURCE_DIR}/src/grammars/generated)
   list(APPEND _needs JAVA JAR RUNTIME_JAR ST3_JAR ST4_JAR)
 endif()

@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: MIT
-# Runs the recogniser generator for the grammar NAME into the folder OUT.
+# Generates the recogniser of the grammar NAME into the folder OUT.
 #
-# The generator exits with 0 also after an error and may leave stale files, so old output goes first
-# and a line with "error(" fails the build. Its warnings about labels it does not know are noise.
+# The generator exits with status 0 even after an error and can leave stale files. So old output is
+# removed first, and a line that contains "error(" fails the build. Its warnings about unknown labels
+# are harmless.
 file(REMOVE_RECURSE ${OUT})
 file(MAKE_DIRECTORY ${OUT})
 file(COPY_FILE ${VOCABULARY} ${OUT}/${NAME}Vocabulary.tokens)

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
 # One library per source folder.
 
-# Lets TARGET include the headers of the source folder NAME as "NAME/file.h", and of no other folder:
-# what a library does not link it cannot include either.
+# Lets TARGET include the headers of the source folder NAME as "NAME/file.h", but no other folder's. A
+# library can thus include only the headers of libraries that it links.
 #
 #   vexltags_headers(TARGET PUBLIC NAME)
 function(vexltags_headers target visibility name)
@@ -12,11 +12,11 @@ function(vexltags_headers target visibility name)
   target_include_directories(${target} ${visibility} ${root})
 endfunction()
 
-# Makes the static library of a source folder, with its unit tests gathered for the one test program:
+# Adds the static library of a source folder and registers its unit tests for the test program:
 #
 #   vexltags_module(NAME SOURCES a.cc b.cc LINK vexltags_base TESTS a_test.cc)
 #
-# builds vexltags_NAME and records the tests; tests/CMakeLists.txt builds them.
+# defines vexltags_NAME and records the tests, which tests/CMakeLists.txt builds.
 function(vexltags_module name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK;TESTS" ${ARGN})
   list(TRANSFORM arg_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/)

@@ -1,13 +1,13 @@
 # SPDX-License-Identifier: MIT
-# Runs within cpack, on the files that are to be packed: in a package manuals and the list of changes
-# are compressed, and Debian wants a change log in its own form.
+# Runs in cpack on the staged files: compresses the manuals and the list of changes, and adds a change
+# log in Debian's format to a Debian package.
 file(GLOB _manuals ${CPACK_TEMPORARY_DIRECTORY}/usr/share/man/man1/*.1
      ${CPACK_TEMPORARY_DIRECTORY}/share/man/man1/*.1)
 file(GLOB _changes ${CPACK_TEMPORARY_DIRECTORY}/usr/share/doc/vexltags/CHANGELOG.md
      ${CPACK_TEMPORARY_DIRECTORY}/share/doc/vexltags/CHANGELOG.md)
 
 function(compress)
-  # Without name and time, so that the same sources give the same bytes.
+  # Omits file name and time, so that packages of the same sources are identical.
   execute_process(COMMAND gzip -9 -n -f ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 

@@ -1,23 +1,23 @@
 # SPDX-License-Identifier: MIT
-# What an installed copy holds, the packages made of it (cpack: .deb and .tar.xz), and the target
-# source_archive: the sources with the generated recognisers, which build without Java.
+# Installation, packages (cpack: .deb and .tar.xz), and the target source_archive: the sources together
+# with the generated recognisers, which build without Java.
 include(GNUInstallDirs)
 
-# The version is written down in one place.
+# The header is the only place that defines the version.
 file(STRINGS ${PROJECT_SOURCE_DIR}/src/base/version.h _line REGEX "kVersion\\[\\] = ")
 string(REGEX REPLACE ".*\"(.*)\".*" "\\1" VEXLTAGS_VERSION "${_line}")
 
 install(TARGETS vexltags vexltags-portable RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES doc/vexltags.1 doc/vexltags-portable.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
-# Shells look for completions by the name of the command.
+# Shells find completions by the name of the command.
 foreach(_command IN ITEMS vexltags vexltags-portable)
   install(FILES completions/vexltags.bash RENAME ${_command}
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
   install(FILES completions/vexltags.fish RENAME ${_command}.fish
           DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 endforeach()
-# Debian's zsh looks into one folder for packages, and into another below /usr/local.
+# Debian's zsh reads one folder for packages and another one below /usr/local.
 install(CODE "
   if(CMAKE_INSTALL_PREFIX MATCHES [[/usr$]])
     set(_folder vendor-completions)
@@ -32,8 +32,7 @@ install(FILES doc/tags-format.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/doc)
 install(DIRECTORY editors DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY hooks DESTINATION ${CMAKE_INSTALL_DOCDIR} USE_SOURCE_PERMISSIONS)
 
-# A package names somebody who answers for it: who makes it, by the variables that Debian's own tools
-# read. RELEASING.md tells more.
+# The maintainer of the package, from the variables that Debian's own tools read; see RELEASING.md.
 set(_maintainer "vexltags developers <vexltags@localhost>")
 if(DEFINED ENV{DEBEMAIL} AND DEFINED ENV{DEBFULLNAME})
   set(_maintainer "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
@@ -71,7 +70,7 @@ else()
 endif()
 include(CPack)
 
-# Only a build that generates has something to put into the archive.
+# A build from a source archive generates nothing and cannot make another archive.
 get_property(_generated GLOBAL PROPERTY VEXLTAGS_GENERATED)
 if(_generated)
   list(TRANSFORM _generated PREPEND vexltags_generate_ OUTPUT_VARIABLE _generate_targets)

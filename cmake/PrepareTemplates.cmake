@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Unpacks the generator's C templates into TEMPLATES and puts OVERRIDES in front of them: our C.stg
-# imports the generator's own under the name Stock.stg.
+# Unpacks the generator's C templates into TEMPLATES and installs OVERRIDES as C.stg, which imports the
+# generator's own file under the name Stock.stg.
 set(_folder ${TEMPLATES}/org/antlr/codegen/templates/C)
 file(REMOVE_RECURSE ${TEMPLATES})
 file(MAKE_DIRECTORY ${TEMPLATES})

@@ -6,7 +6,7 @@ if(NOT VEXLTAGS_SANITIZE STREQUAL "none")
   add_compile_options(-fsanitize=${VEXLTAGS_SANITIZE} -fno-omit-frame-pointer
                       -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${VEXLTAGS_SANITIZE})
-  # The runtime calls the generated lexers through function pointers of a type that is not theirs.
+  # The runtime calls generated lexers through function pointers of a different type.
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-sanitize=function>)
   endif()

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# Packs what git knows of SOURCE, and the generated recognisers of GRAMMARS, which stand in BUILD, into
-# BUILD/vexltags-VERSION-source.tar.xz. Such a tree builds without Java and without the generator.
+# Packs the files in SOURCE that git does not ignore, and the generated recognisers of GRAMMARS from
+# BUILD, into BUILD/vexltags-VERSION-source.tar.xz. The archive builds without Java or the generator.
 set(_name vexltags-${VERSION})
 set(_stage ${BUILD}/source-archive)
 set(_tree ${_stage}/${_name})
@@ -16,7 +16,7 @@ function(run)
   endif()
 endfunction()
 
-# Whatever names files have, so with NUL behind each.
+# NUL-terminated, so that any file name works.
 run(COMMAND git ls-files -z --cached --others --exclude-standard
     WORKING_DIRECTORY ${SOURCE} OUTPUT_FILE ${_stage}/files)
 run(COMMAND tar --create --file=${_stage}/files.tar --ignore-failed-read --no-recursion --null
@@ -28,7 +28,7 @@ foreach(_grammar IN LISTS GRAMMARS)
   foreach(_part IN ITEMS Lexer.c Lexer.h Parser.c Parser.h)
     set(_file ${_tree}/src/grammars/generated/${_grammar}/${_grammar}${_part})
     configure_file(${BUILD}/src/grammars/${_grammar}/${_grammar}${_part} ${_file} COPYONLY)
-    # Neither the folder nor the time of this build belongs to the sources.
+    # Removes paths and time of this build, so that archives of the same commit are identical.
     run(COMMAND sed -i -e "s|${SOURCE}/||g" -e "s|${BUILD}/||g" -e "/^ \\* *- *On : /d" ${_file})
   endforeach()
 endforeach()

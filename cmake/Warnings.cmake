@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Warnings for hand-written code; generated recognisers are built without them.
+# Warnings for hand-written code; generated recognisers are built without warnings.
 option(VEXLTAGS_WERROR "Treat warnings as errors" OFF)
 
 function(vexltags_warnings target)

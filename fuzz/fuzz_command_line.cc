@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Fuzz target: the scan of the command line and the list of input paths.
+// Fuzz target: the command line scanner and the list of input paths.
 //
-// The input is the arguments, each ended by a newline, up to an empty line; what follows is the
-// list file. A list is read from an unnamed file in memory, and nothing that an argument names is
-// opened.
+// The input consists of the arguments, one per line, up to an empty line, and then the list file.
+// The list is read from an unnamed file in memory; no file named by an argument is opened.
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -22,7 +21,7 @@
 
 namespace {
 
-/// Sends what the scan prints to nowhere, so that the fuzzer's own reports stand out.
+/// Discards the output of the scanner, which would hide the fuzzer's own reports.
 void SilenceOutput() {
   static std::FILE* const nowhere = std::freopen("/dev/null", "w", stdout);
   static_cast<void>(nowhere);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Fuzz target: the grammar of C, C++ and Objective-C over bytes from memory.
+// Fuzz target: the C, C++ and Objective-C grammar.
 #include <cstddef>
 #include <cstdint>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Fuzz target: the grammar of Python over bytes from memory.
+// Fuzz target: the Python grammar.
 #include <cstddef>
 #include <cstdint>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Fuzz target: the grammar of Swift over bytes from memory.
+// Fuzz target: the Swift grammar.
 #include <cstddef>
 #include <cstdint>
 

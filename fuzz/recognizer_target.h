@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the fuzz targets of the three grammars share: one input, one run from memory.
+// Runs a grammar on an input in memory, for the fuzz targets of the grammars.
 #pragma once
 
 #include <antlr3.h>
@@ -10,26 +10,25 @@
 #include <vector>
 
 #include "base/options.h"
-#include "output/dumper.h"
 #include "engine/recognizer.h"
 #include "engine/stack_guard.h"
+#include "output/dumper.h"
 
 namespace vexltags::fuzz {
 
-/// One of the functions that run a grammar over a file.
+/// A function that runs a grammar on a file.
 using RunGrammar = RecognizerCounts (*)(pANTLR3_INPUT_STREAM, const Options&, Dumper&,
                                         const std::string&);
 
-/// Runs a grammar over `size` bytes at `data` as a file of that content, with the recognisers kept
-/// from one input to the next, as a run over many files does. Stops the process when a tag line is
-/// no line.
+/// Runs a grammar on a file that contains the `size` bytes at `data`. The recognisers are reused
+/// for the next input, as in a run over many files. Traps if a tag line is malformed.
 inline void RunFromMemory(RunGrammar run, const std::uint8_t* data, std::size_t size) {
   static std::vector<ANTLR3_UINT8> bytes;
   static std::vector<ANTLR3_UINT8> name = {'i', 'n', 'p', 'u', 't', 0};
   static pANTLR3_INPUT_STREAM input = nullptr;
   static const Options options;
 
-  // Exactly as large as the input, so that a look behind its end is noticed.
+  // Exactly as large as the input, so that the sanitizer reports any read past its end.
   bytes = std::vector<ANTLR3_UINT8>(data, data + size);
   bytes.reserve(1);
   const auto length = static_cast<ANTLR3_UINT32>(size);
@@ -42,7 +41,7 @@ inline void RunFromMemory(RunGrammar run, const std::uint8_t* data, std::size_t 
     input->reuse(input, bytes.data(), length, name.data());
   }
 
-  // Short of the eight MiB that a stack usually has.
+  // Less than the usual stack size of 8 MiB.
   constexpr std::size_t kStack = std::size_t{6} << 20;
   stackLimit = static_cast<const char*>(__builtin_frame_address(0)) - kStack;
   Dumper dumper;

@@ -205,6 +205,9 @@ std::string TokenTable::Text(std::size_t first, std::size_t last) const {
       place = end;
     }
   }
+  for (; text != replaced.end() && text->index <= last; ++text) {
+    result.append(replacedTexts, text->start, text->length);
+  }
   return result;
 }
 

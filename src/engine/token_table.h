@@ -15,6 +15,8 @@
 
 namespace vexltags {
 
+class TokenEdits;
+
 /// Holds the visible tokens of one file, some 14 bytes each, and gives the position of the parser
 /// among them. Hidden tokens are not kept; of them only their neighbours know (see
 /// `KeepNeighbours`).
@@ -71,6 +73,9 @@ class TokenTable {
   void AddDropped(const unsigned char* start, const unsigned char* end);
   /// Ends the filling; `line` is the 1-based line of the end of the file.
   void Finish(unsigned line);
+  /// Changes the tokens of a finished table in one pass, and moves to the first. Neighbours, texts
+  /// and brackets are those of the new tokens. Without changes it costs nothing.
+  void Apply(const TokenEdits& edits);
 
   // Reading ---------------------------------------------------------------------------------------
 

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+// Changes to the tokens of a filled table, and the pass that applies them.
+#include "engine/token_edits.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "engine/token_table.h"
+
+namespace vexltags {
+
+void TokenEdits::Clear() {
+  edits.clear();
+  texts.clear();
+  insertions = 0;
+}
+
+void TokenEdits::AddText(std::string_view text) {
+  edits.back().hasText = true;
+  edits.back().start = texts.size();
+  edits.back().length = static_cast<std::uint32_t>(text.size());
+  texts += text;
+}
+
+namespace {
+
+template <class T>
+void MoveBack(std::unique_ptr<T[]>& array, std::size_t count, std::size_t by) {
+  std::copy_backward(array.get(), array.get() + count, array.get() + count + by);
+}
+
+}  // namespace
+
+// The tokens first move back by the number of insertions. Filling the table again from the front
+// then never overtakes the token that is read.
+void TokenTable::Apply(const TokenEdits& edits) {
+  if (edits.IsEmpty()) return;
+  const std::size_t oldCount = count;
+  const std::size_t shift = edits.Insertions();
+  if (count + shift > room) MakeRoom(count + shift);
+  if (shift > 0) {
+    MoveBack(types, count, shift);
+    MoveBack(starts, count, shift);
+    MoveBack(ends, count, shift);
+    MoveBack(lines, count, shift);
+    if (keepsNeighbours) {
+      MoveBack(before, count, shift);
+      MoveBack(behind, count, shift);
+    }
+  }
+  const std::vector<Replaced> oldReplaced = std::exchange(replaced, {});
+  const std::string oldTexts = std::exchange(replacedTexts, {});
+  const std::uint8_t hiddenAtEnd = lastHidden;
+  std::vector<Stretch> removed;
+  count = 0;
+  gaps = 0;
+  lastHidden = 0;
+  position = 0;
+  nextReplaced = 0;
+  predictions.Reset();
+  for (Partners& kind : partners) kind.known = false;
+
+  auto edit = edits.All().begin();
+  const auto lastEdit = edits.All().end();
+  auto oldText = oldReplaced.begin();
+  std::uint8_t hiddenBehind = 0;  // Directly after the previous token, before any change.
+  const auto repeatHidden = [&](std::uint8_t last) {
+    if (hiddenBehind != 0) AddHidden(hiddenBehind);
+    if (last != 0) AddHidden(last);
+  };
+  for (std::size_t i = 0; i <= oldCount; ++i) {
+    const std::size_t from = i + shift;
+    const bool isToken = i < oldCount;
+    if (keepsNeighbours) repeatHidden(isToken ? before[from] : hiddenAtEnd);
+    // Of the next token, or else of the end of the last one.
+    const unsigned char* place = data;
+    if (isToken) {
+      place += starts[from];
+    } else if (oldCount > 0) {
+      place += ends[from - 1];
+    }
+    for (; edit != lastEdit && edit->index == i && edit->kind == TokenEdits::Kind::Insert; ++edit) {
+      Add(edit->type, place, place, edit->line, edits.Text(*edit));
+    }
+    if (!isToken) break;
+    hiddenBehind = keepsNeighbours ? behind[from] : 0;
+    auto type = static_cast<unsigned>(types[from]);
+    const unsigned char* const end = data + ends[from];
+    std::string_view text;
+    bool hasText = oldText != oldReplaced.end() && oldText->index == i;
+    if (hasText) {
+      text = std::string_view(oldTexts).substr(oldText->start, oldText->length);
+      ++oldText;
+    }
+    if (edit != lastEdit && edit->index == i) {
+      const TokenEdits::Edit& change = *edit++;
+      if (change.kind != TokenEdits::Kind::Retype) {
+        AddHidden(change.type);
+        if (change.kind == TokenEdits::Kind::Remove) removed.push_back({starts[from], ends[from]});
+        continue;
+      }
+      type = change.type;
+      if (change.hasText) {
+        hasText = true;
+        text = edits.Text(change);
+      }
+    }
+    if (hasText) {
+      Add(type, place, end, lines[from], text);
+    } else {
+      Add(type, place, end, lines[from]);
+    }
+  }
+  if (!removed.empty()) {
+    std::vector<Stretch> merged;
+    merged.reserve(dropped.size() + removed.size());
+    std::merge(dropped.begin(), dropped.end(), removed.begin(), removed.end(),
+               std::back_inserter(merged),
+               [](const Stretch& a, const Stretch& b) { return a.start < b.start; });
+    dropped = std::move(merged);
+  }
+  Finish(endLine);
+}
+
+}  // namespace vexltags

@@ -337,9 +337,9 @@ TEST(ScanCommandLine, ShowsUsageAndVersionAndStops) {
       {{"--help"}, "vexltags v0.78a3, a"},
       {{"-hello"}, "vexltags v0.78a3, a"},
       {{"--helpful"}, "vexltags v0.78a3, a"},
-      {{"-v"}, "vexltags v0.78a3, "},
-      {{"--version=foo"}, "vexltags v0.78a3, "},
-      {{"-verbose"}, "vexltags v0.78a3, "},
+      {{"-v"}, "vexltags v 0.78a3, "},
+      {{"--version=foo"}, "vexltags v 0.78a3, "},
+      {{"-verbose"}, "vexltags v 0.78a3, "},
       {{"--time", "a.c", "--help", "--sort"}, "vexltags v0.78a3, a"},
   };
   for (const auto& c : cases) {

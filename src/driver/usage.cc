@@ -41,6 +41,6 @@ void Usage() {
       stdout);
 }
 
-void Version() { std::printf("vexltags v%s, %s\n", kVersion, VEXLTAGS_BUILD_DATE); }
+void Version() { std::printf("vexltags v %s, %s\n", kVersion, VEXLTAGS_BUILD_DATE); }
 
 }  // namespace vexltags

@@ -46,7 +46,7 @@ bool IsDate(const std::string& text) {
 
 TEST(Version, IsOneLineWithNameVersionAndBuildDate) {
   const std::string text = OutputOf(Version);
-  const std::string date = Between(text, "vexltags v0.78a3, ", "\n");
+  const std::string date = Between(text, "vexltags v 0.78a3, ", "\n");
   EXPECT_TRUE(IsDate(date)) << date;
   EXPECT_EQ(text.find('\n'), text.size() - 1);
 }

@@ -68,9 +68,8 @@ void ParserStateBase::PopClass(int line) {
 }
 
 void ParserStateBase::DumpEnum(const Name& name) {
-  const std::string& file = FileField();
   if (options->debugDump) {
-    std::printf("enum: %s| %s:%d\n", name.text.c_str(), file.c_str(), name.line);
+    std::printf("enum: %s| %s:%d\n", name.text.c_str(), FileField().c_str(), name.line);
     return;
   }
   PrintCollapsed(name.text);

@@ -1,0 +1,3 @@
+class C:
+  def f(): pass
+def g(): pass

@@ -1,0 +1,3 @@
+enum E { case a, b }
+class C { func f() {}; enum G { case c } }
+let x = 1

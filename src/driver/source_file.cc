@@ -27,6 +27,14 @@ class Descriptor {
   int number;
 };
 
+/// True for the device that reads as an empty file. Anything else that is no regular file may block
+/// or never end.
+bool IsNullDevice(const struct stat& status) {
+  struct stat null;
+  return S_ISCHR(status.st_mode) && stat("/dev/null", &null) == 0 && S_ISCHR(null.st_mode) &&
+         status.st_rdev == null.st_rdev;
+}
+
 /// Reads to the end, whatever the size was said to be: the file may grow or shrink meanwhile. There
 /// is always room for one character more, so that `bytes` has an address also for an empty file.
 bool ReadAll(int file, std::size_t expected, std::vector<ANTLR3_UINT8>& bytes,
@@ -57,7 +65,8 @@ bool SourceFile::Read(const std::string& path) {
   const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (file.Number() < 0) return false;
   struct stat status;
-  if (fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
+  if (fstat(file.Number(), &status) != 0) return false;
+  if (!S_ISREG(status.st_mode) && !IsNullDevice(status)) return false;
   if (static_cast<std::uint64_t>(status.st_size) >= UINT32_MAX) return false;
   std::size_t length = 0;
   if (!ReadAll(file.Number(), static_cast<std::size_t>(status.st_size), bytes, length))

@@ -14,8 +14,8 @@ namespace vexltags {
 /// byte with no decoding. Can read one file after the other; buffer and stream are then used again.
 class SourceFile {
  public:
-  /// Reads the file at `path` whole. False when it is no regular file (a directory, FIFO, socket or
-  /// device), cannot be opened or read, or has 4 GiB or more.
+  /// Reads the file at `path` whole; the null device is an empty file. False when the path names a
+  /// directory, FIFO, socket or any other device, cannot be opened or read, or has 4 GiB or more.
   bool Read(const std::string& path);
 
   /// The input stream at the start of the file; null before the first successful `Read`. After a

@@ -98,7 +98,7 @@ def file_cases():
     yield bad("folder", make_folder, "reading")
     yield bad("fifo", make_fifo, "reading")
     yield bad("socket", make_socket, "reading")
-    yield bad("device-null", named("/dev/null"), "reading", keeps_path=True)
+    yield bad("device-full", named("/dev/full"), "reading", keeps_path=True)
     yield bad("device-endless", named("/dev/zero"), "reading", keeps_path=True)
     yield bad("terminal", named("/dev/tty"), "reading", keeps_path=True)
     yield bad("dangling-link", make_link("nowhere.c"), "opening", keeps_path=True)

@@ -2,8 +2,6 @@
 // Paths relative to the working directory.
 #include "output/relative_path.h"
 
-#include <sys/stat.h>
-
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
@@ -19,15 +17,6 @@ namespace {
 std::string Resolve(const char* path) {
   const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path, nullptr), &std::free);
   return resolved ? resolved.get() : "";
-}
-
-// True unless both directories can be looked at and differ: where the process may not see its own
-// directory, the environment is all there is to go by.
-bool MayBeWorkingDirectory(const char* path) {
-  struct stat here;
-  struct stat there;
-  if (stat(".", &here) != 0) return true;
-  return stat(path, &there) == 0 && here.st_dev == there.st_dev && here.st_ino == there.st_ino;
 }
 
 // How many steps lead up from the directory `tail`, which ends in `/`. Doubled separators count
@@ -78,7 +67,7 @@ std::string HomePrefix(bool cannonicalPaths) {
 std::string WorkingDirectory() {
   const char* pwd = std::getenv("PWD");
   std::string directory;
-  if (pwd != nullptr && MayBeWorkingDirectory(pwd)) directory = Resolve(pwd);
+  if (pwd != nullptr) directory = Resolve(pwd);
   if (directory.empty()) directory = Resolve(".");
   return directory.empty() ? directory : directory + "/";
 }

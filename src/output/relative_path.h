@@ -24,8 +24,9 @@ std::string RelativeToWorkingDirectory(const std::string& path, const std::strin
 /// (`cannonicalPaths` false) or `HOME` is not set, which a line on standard output then tells.
 std::string HomePrefix(bool cannonicalPaths);
 
-/// The working directory without symbolic links, with a `/` behind it: `PWD` if that names the
-/// directory the process is in, otherwise what the system tells. Empty when neither can be had.
+/// The directory that `PWD` names, without symbolic links and with a `/` at its end, even if the
+/// process runs in another one. Where `PWD` is unset or does not resolve, the directory of the
+/// process; empty when that does not resolve either.
 std::string WorkingDirectory();
 
 }  // namespace vexltags

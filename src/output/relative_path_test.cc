@@ -97,11 +97,22 @@ TEST(WorkingDirectory, IsWherePwdSaysWithoutSymbolicLinks) {
   EXPECT_EQ(WorkingDirectory(), scratch.Path("real") + "/");
 }
 
-TEST(WorkingDirectory, DoesNotTrustAWrongPwd) {
+TEST(WorkingDirectory, IsWherePwdSaysAlsoFromElsewhere) {
   const ScratchFolder scratch;
   std::filesystem::create_directory(scratch.Path("other"));
   const ScopedDirectory directory(scratch.Path());
-  for (const std::string& wrong : {scratch.Path("other"), scratch.Path("missing"), std::string()}) {
+  {
+    const ScopedVariable pwd("PWD", scratch.Path("other").c_str());
+    EXPECT_EQ(WorkingDirectory(), scratch.Path("other") + "/");
+  }
+  const ScopedVariable pwd("PWD", "/");
+  EXPECT_EQ(WorkingDirectory(), "//");
+}
+
+TEST(WorkingDirectory, IsTheProcessesOwnWherePwdDoesNotResolve) {
+  const ScratchFolder scratch;
+  const ScopedDirectory directory(scratch.Path());
+  for (const std::string& wrong : {scratch.Path("missing"), std::string()}) {
     const ScopedVariable pwd("PWD", wrong.c_str());
     EXPECT_EQ(WorkingDirectory(), scratch.Path() + "/") << wrong;
   }

@@ -5,8 +5,6 @@
 namespace vexltags {
 namespace {
 
-constexpr long kNamespace = 6;
-
 /// False for a name that no token filled, see declarations.h.
 bool HasLine(const Name& name) { return name.line >= 0; }
 
@@ -54,11 +52,11 @@ void EndAlias(VexlTagsParser& builder, const Name& name, const TypeDescriptor& t
 
 void EndConcept(VexlTagsParser& builder, const Name& name, const std::string& headText) {
   if (builder.InFunctionCurliesDeep() || !HasLine(name)) return;
-  builder.DumpConstraint(name.text, TypeDescriptor(headText, 0, name.line), name.line);
+  builder.DumpConstraint(name.text, TypeDescriptor(headText, kNoKind, name.line), name.line);
 }
 
 TypeDescriptor FunctionPointerType(const Param& pointer) {
-  return TypeDescriptor(pointer.type, 0, pointer.line);
+  return TypeDescriptor(pointer.type, kNoKind, pointer.line);
 }
 
 void SetFunctionPointer(const Param& pointer, TypeDescriptor& type, VectorOfName& names) {
@@ -108,7 +106,7 @@ void OpenClass(VexlTagsParser& builder, const TypeDescriptor& descriptor) {
 }
 
 void OpenStdNamespace(VexlTagsParser& builder, int line) {
-  builder.PushClass(TypeDescriptor("std", kNamespace, line));
+  builder.PushClass(TypeDescriptor("std", kNamespaceKind, line));
 }
 
 void CloseScope(VexlTagsParser& builder, int semicolonLine) {

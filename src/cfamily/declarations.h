@@ -38,7 +38,7 @@ void EndAlias(VexlTagsParser& builder, const Name& name, const TypeDescriptor& t
 /// Ends a concept; `headText` is the text of its template head.
 void EndConcept(VexlTagsParser& builder, const Name& name, const std::string& headText);
 
-/// A function pointer or block as the type of a declaration: its type text and line, kind 0.
+/// A function pointer or block as the type of a declaration: its type text and line, `kNoKind`.
 TypeDescriptor FunctionPointerType(const Param& pointer);
 /// The same split in two for a declaration: `type` gets the type text, `names` the pointer's name.
 void SetFunctionPointer(const Param& pointer, TypeDescriptor& type, VectorOfName& names);

@@ -8,7 +8,7 @@
 #include "base/text.h"
 #include "cfamily/type_text.h"
 #include "cfamily/vexl_tags_parser.h"
-#include "output/tags_format.h"
+#include "output/kinds.h"
 
 namespace vexltags {
 

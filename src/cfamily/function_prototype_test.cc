@@ -71,7 +71,7 @@ TEST_F(FunctionTagTest, TheFieldNamesTheKindOfTheInnermostScope) {
       {kStructKind, "struct"},
       {kUnionKind, "union"},
       {kEnumKind, "enum"},
-      {kUnnamedKind, ""},
+      {kTypeAliasKind, ""},
       {kNamespaceKind, "namespace"},
       {kInterfaceKind, "interface"},
       {kProtocolKind, "protocol"},

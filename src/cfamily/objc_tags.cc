@@ -5,14 +5,10 @@
 
 #include "base/text.h"
 #include "cfamily/declarations.h"
-#include "output/tags_format.h"
+#include "output/kinds.h"
 
 namespace vexltags {
 namespace {
-
-constexpr long kInterface = 7;
-constexpr long kProtocol = 8;
-constexpr long kImplementation = 9;
 
 /// `setCount:` for a property `count`.
 std::string SetterName(const std::string& property) {
@@ -83,11 +79,11 @@ void EndObjcMethod(VexlTagsParser& builder, const MethodPrototypeList& list) {
 
 void OpenObjcInterface(VexlTagsParser& builder, const Name& name, const Name& category,
                        bool isInterface) {
-  OpenObjcScope(builder, isInterface ? kInterface : kProtocol, name, category);
+  OpenObjcScope(builder, isInterface ? kInterfaceKind : kProtocolKind, name, category);
 }
 
 void OpenObjcImplementation(VexlTagsParser& builder, const Name& name, const Name& category) {
-  OpenObjcScope(builder, kImplementation, name, category);
+  OpenObjcScope(builder, kImplementationKind, name, category);
 }
 
 }  // namespace vexltags

@@ -6,16 +6,10 @@
 
 #include "base/text.h"
 #include "cfamily/vexl_tags_parser.h"
+#include "output/kinds.h"
 #include "parserstate/append.h"
 
 namespace vexltags {
-namespace {
-
-constexpr long kNamespace = 6;
-constexpr long kInterface = 7;
-constexpr long kImplementation = 9;
-
-}  // namespace
 
 const std::string& VexlTagsParser::CurrentNamespaceName() const { return JoinedScope(); }
 
@@ -27,7 +21,7 @@ bool VexlTagsParser::HasScope() const { return !JoinedScope().empty(); }
 
 void VexlTagsParser::PushClass(const TypeDescriptor& descriptor) {
   OpenScope(descriptor);
-  PushCurly(descriptor.kind == kNamespace ? CurlyType::Namespace : CurlyType::Class);
+  PushCurly(descriptor.kind == kNamespaceKind ? CurlyType::Namespace : CurlyType::Class);
 }
 
 void VexlTagsParser::PushFunctionLCurly() { PushCurly(CurlyType::Function); }
@@ -48,8 +42,9 @@ bool VexlTagsParser::InClassCurlies() const {
 }
 
 bool VexlTagsParser::InObjc() const {
-  return !classStack.empty() && classStack.back().kind >= kInterface &&
-         classStack.back().kind <= kImplementation;
+  if (classStack.empty()) return false;
+  const long kind = classStack.back().kind;
+  return kind == kInterfaceKind || kind == kProtocolKind || kind == kImplementationKind;
 }
 
 bool VexlTagsParser::CurrentNamespaceIsTyperef() const {

@@ -80,7 +80,7 @@ TEST_F(ScopeTagsTest, ObjcIsTheInnermostScopeOnly) {
   EXPECT_FALSE(builder.InObjc());
   const std::pair<long, bool> cases[] = {
       {kClassKind, false},   {kNamespaceKind, false},     {kInterfaceKind, true},
-      {kProtocolKind, true}, {kImplementationKind, true}, {10, false},
+      {kProtocolKind, true}, {kImplementationKind, true}, {kConstantKind, false},
   };
   for (const auto& [kind, expected] : cases) {
     Open("S", kind);
@@ -172,7 +172,7 @@ TEST_F(ScopeTagsTest, AClassTagSpeaksOfTheScopeAroundIt) {
   EXPECT_EQ(Tags(), "S\ta.h\t5;\"\ts\tnamespace:N\n");
   builder.DumpClass(TypeDescriptor("A::S", kStructKind, 1), 6);
   EXPECT_EQ(Tags(), "S\ta.h\t6;\"\ts\tnamespace:N::A\n");
-  Open("X", kUnnamedKind);
+  Open("X", kTypeAliasKind);
   builder.DumpClass(TypeDescriptor("U", kUnionKind, 1), 7);
   EXPECT_EQ(Tags(), "U\ta.h\t7;\"\tu\t:N::X\n");
 }

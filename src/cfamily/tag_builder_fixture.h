@@ -11,19 +11,6 @@
 
 namespace vexltags {
 
-/// Numbers of the scope-like kinds, for readable tests.
-enum Kind : long {
-  kClassKind = 1,
-  kStructKind = 2,
-  kUnionKind = 3,
-  kEnumKind = 4,
-  kUnnamedKind = 5,
-  kNamespaceKind = 6,
-  kInterfaceKind = 7,
-  kProtocolKind = 8,
-  kImplementationKind = 9,
-};
-
 class TagBuilderTest : public testing::Test {
  protected:
   Options options;

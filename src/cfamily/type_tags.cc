@@ -6,17 +6,21 @@
 #include "base/text.h"
 #include "cfamily/type_text.h"
 #include "cfamily/vexl_tags_parser.h"
-#include "output/tags_format.h"
+#include "output/kinds.h"
 
 namespace vexltags {
 namespace {
 
 /// True for the kinds that a typeref names: class, struct, union, enum.
-bool IsTypeKind(long kind) { return kind >= 1 && kind <= 4; }
+bool IsTypeKind(long kind) {
+  return kind == kClassKind || kind == kStructKind || kind == kUnionKind || kind == kEnumKind;
+}
 
 /// True for the kinds that a qualified variable can be a member of: class, struct, union,
 /// namespace.
-bool HoldsVariables(long kind) { return (kind >= 1 && kind <= 3) || kind == 6; }
+bool HoldsVariables(long kind) {
+  return kind == kClassKind || kind == kStructKind || kind == kUnionKind || kind == kNamespaceKind;
+}
 
 char VariableLetter(bool isMember) {
   return isMember ? kind_letter::kMember : kind_letter::kVariable;

@@ -69,7 +69,7 @@ TEST_F(TypeTagsTest, TheScopeOfAVariable) {
       {kStructKind, true, "a", "a\ta.h\t2;\"\tm\tstruct:S\n"},
       {kUnionKind, true, "a", "a\ta.h\t2;\"\tm\tunion:S\n"},
       {kNamespaceKind, false, "a", "a\ta.h\t2;\"\tv\tnamespace:S\n"},
-      {kUnnamedKind, true, "a", "a\ta.h\t2;\"\tm\t:S\n"},
+      {kTypeAliasKind, true, "a", "a\ta.h\t2;\"\tm\t:S\n"},
       {kProtocolKind, true, "a", "a\ta.h\t2;\"\tm\tprotocol:S\n"},
       {kClassKind, true, "A::a", "a\ta.h\t2;\"\tm\tclass:S::A\n"},
       {kStructKind, true, "A::a", "a\ta.h\t2;\"\tm\tstruct:S::A\n"},
@@ -117,7 +117,7 @@ TEST_F(TypeTagsTest, ANameBehindABrace) {
       {true, false, kUnionKind, "N::\tU", "a\ta.h\t2;\"\tm\tclass:N::C D\ttyperef:union:N:: U\n"},
       {true, true, kEnumKind, "E", "a\ta.h\t2;\"\tt\tclass:N::C D\ttyperef:enum:E\n"},
       {false, false, 0, "", "a\ta.h\t2;\"\tv\n"},
-      {false, false, kUnnamedKind, "__anon7", "a\ta.h\t2;\"\tv\ttyperef::__anon7\n"},
+      {false, false, kTypeAliasKind, "__anon7", "a\ta.h\t2;\"\tv\ttyperef::__anon7\n"},
   };
   for (const auto& c : cases) {
     builder.DumpDeclaration(c.isMember, c.isTypedef, "a", c.typeKind, c.typeName, kClassKind,

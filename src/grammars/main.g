@@ -289,7 +289,7 @@ deduction_guide
 
 // The names behind the brace of an enum stand inside this rule, those behind a class do not.
 enum_specifier
-@declarations { TypeDescriptor descriptor("", 4, -1); }
+@declarations { TypeDescriptor descriptor("", kEnumKind, -1); }
   : ( 'typedef' { descriptor.isTypedef = true; } )?
     ( w = NsOptionsMacro { descriptor.ResetNameAndLine($w); }
     | 'enum' ( ( 'class' | 'struct' ) { descriptor.isScoped = true; } )?
@@ -352,17 +352,17 @@ class_head_name
   : ( nested_name_specifier )? class_name
   ;
 
-class_key returns [long kind = 0]
-  : 'struct' { $kind = 2; }
-  | 'class' { $kind = 1; }
-  | 'union' { $kind = 3; }
+class_key returns [long kind = kNoKind]
+  : 'struct' { $kind = kStructKind; }
+  | 'class' { $kind = kClassKind; }
+  | 'union' { $kind = kUnionKind; }
   ;
 
-structClassUnionNamespace returns [long kind = 0]
-  : 'struct' { $kind = 2; }
-  | 'class' { $kind = 1; }
-  | 'union' { $kind = 3; }
-  | 'namespace' { $kind = 6; }
+structClassUnionNamespace returns [long kind = kNoKind]
+  : 'struct' { $kind = kStructKind; }
+  | 'class' { $kind = kClassKind; }
+  | 'union' { $kind = kUnionKind; }
+  | 'namespace' { $kind = kNamespaceKind; }
   ;
 
 // --- Types and declarators ---

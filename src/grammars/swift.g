@@ -457,8 +457,8 @@ subscript_declaration
 
 constant_declaration
   : ( attributes )? ( declaration_modifier )* 'let'
-    p = pattern_initializer { ctx->builder->DumpEach(10, $p.result); }
-    ( SW_COMMA p2 = pattern_initializer { ctx->builder->DumpEach(10, $p2.result); } )*
+    p = pattern_initializer { ctx->builder->DumpEach(vexltags::kConstantKind, $p.result); }
+    ( SW_COMMA p2 = pattern_initializer { ctx->builder->DumpEach(vexltags::kConstantKind, $p2.result); } )*
   ;
 
 // The first form is the computed or observed property. A curly behind an initialiser is a trailing
@@ -467,9 +467,9 @@ variable_declaration
   : ( attributes )? ( declaration_modifier )* 'var'
     ( ( declarationIdentifier ( type_annotation )? ( initializer )? SW_LCURLY )=>
       n = declarationIdentifier ( type_annotation )? ( initializer )? curlyEater
-      { ctx->builder->DumpNamed(11, $n.result); }
-    | p = pattern_initializer { ctx->builder->DumpEach(11, $p.result); }
-      ( SW_COMMA p2 = pattern_initializer { ctx->builder->DumpEach(11, $p2.result); } )*
+      { ctx->builder->DumpNamed(vexltags::kVariableKind, $n.result); }
+    | p = pattern_initializer { ctx->builder->DumpEach(vexltags::kVariableKind, $p.result); }
+      ( SW_COMMA p2 = pattern_initializer { ctx->builder->DumpEach(vexltags::kVariableKind, $p2.result); } )*
     )
   ;
 
@@ -486,32 +486,32 @@ initializer
 typealias_declaration
   : ( attributes )? ( access_level_modifier )? 'typealias' n = declarationIdentifier
     ( generic_parameter_clause )? SW_ASSIGN type
-    { ctx->builder->DumpNamed(5, $n.result); }
+    { ctx->builder->DumpNamed(vexltags::kTypeAliasKind, $n.result); }
   ;
 
 class_declaration
   : ( attributes )? ( access_level_modifier )? ( 'final' )? ( 'class' | 'actor' )
     n = declarationIdentifier ( generic_parameter_clause )? ( type_inheritance_clause )?
     ( generic_where_clause )? SW_LCURLY
-    { ctx->builder->OpenType(1, $n.result); }
+    { ctx->builder->OpenType(vexltags::kClassKind, $n.result); }
   ;
 
 struct_declaration
   : ( attributes )? ( access_level_modifier )? 'struct' n = declarationIdentifier
     ( generic_parameter_clause )? ( type_inheritance_clause )? ( generic_where_clause )? SW_LCURLY
-    { ctx->builder->OpenType(2, $n.result); }
+    { ctx->builder->OpenType(vexltags::kStructKind, $n.result); }
   ;
 
 protocol_declaration
   : ( attributes )? ( access_level_modifier )? 'protocol' n = declarationIdentifier
     ( type_inheritance_clause )? ( generic_where_clause )? SW_LCURLY
-    { ctx->builder->OpenType(8, $n.result); }
+    { ctx->builder->OpenType(vexltags::kProtocolKind, $n.result); }
   ;
 
 extension_declaration
   : ( attributes )? ( access_level_modifier )? 'extension' n = type_identifier
     ( type_inheritance_clause )? ( generic_where_clause )? SW_LCURLY
-    { ctx->builder->OpenType(12, $n.result); }
+    { ctx->builder->OpenType(vexltags::kExtensionKind, $n.result); }
   ;
 
 access_level_modifier

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the header texts and of the kind letters and names.
+// Tests of the header lines.
 #include "output/tags_format.h"
 
 #include <gtest/gtest.h>
@@ -19,69 +19,6 @@ TEST(TagsHeader, HasFourLinesWithTheSortNumber) {
                   "!_TAG_PROGRAM_NAME\tvexltags\n"
                   "!_TAG_PROGRAM_VERSION\t0.78a3\n");
   }
-}
-
-TEST(ScopeKind, HasALetterAndANameForEachNumber) {
-  const struct {
-    long kind;
-    char letter;
-    const char* name;
-  } cases[] = {
-      {-1, ' ', ""},
-      {0, ' ', ""},
-      {1, 'c', "class"},
-      {2, 's', "struct"},
-      {3, 'u', "union"},
-      {4, 'e', "enum"},
-      {5, 't', ""},
-      {6, 'n', "namespace"},
-      {7, 'X', "interface"},
-      {8, 'Y', "protocol"},
-      {9, 'w', "implementation"},
-      {10, 'b', "constant"},
-      {11, 'V', "variable"},
-      {12, 'Z', "extension"},
-      {13, 'C', "concept"},
-      {14, ' ', ""},
-      {1L << 40, ' ', ""},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(ScopeKindLetter(c.kind), c.letter) << c.kind;
-    EXPECT_STREQ(ScopeKindName(c.kind), c.name) << c.kind;
-  }
-}
-
-TEST(MethodKindLetter, FollowsTheFlags) {
-  const struct {
-    bool isProperty;
-    bool isDefinition;
-    bool isClassMethod;
-    char letter;
-  } cases[] = {
-      {false, false, false, 'i'}, {false, false, true, 'I'}, {false, true, false, 'o'},
-      {false, true, true, 'O'},   {true, false, false, 'r'}, {true, false, true, 'r'},
-      {true, true, false, 'R'},   {true, true, true, 'R'},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(MethodKindLetter(c.isProperty, c.isDefinition, c.isClassMethod), c.letter)
-        << c.isProperty << c.isDefinition << c.isClassMethod;
-  }
-}
-
-TEST(KindLetter, IsTheDocumentedOne) {
-  using namespace kind_letter;
-  const std::string letters = {kFunctionDefinition,
-                               kFunctionDeclaration,
-                               kMember,
-                               kVariable,
-                               kTypedef,
-                               kMacro,
-                               kConstraint,
-                               kEnum,
-                               kEnumerator,
-                               kClass,
-                               kStruct};
-  EXPECT_EQ(letters, "fpmvtdCgecs");
 }
 
 }  // namespace

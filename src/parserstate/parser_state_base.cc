@@ -6,13 +6,12 @@
 
 #include "base/text.h"
 #include "engine/std_string.h"
-#include "output/tags_format.h"
+#include "output/kinds.h"
 
 namespace vexltags {
 
 namespace {
 
-constexpr long kNamespaceKind = 6;
 constexpr std::int32_t kManyDeclarations = 10000;
 
 }  // namespace
@@ -104,7 +103,7 @@ void ParserStateBase::DumpEnumerator(const Name& name) {
 }
 
 long ParserStateBase::CurrentNamespaceKind() const {
-  return classStack.empty() || CurrentNamespaceName().empty() ? 0 : classStack.back().kind;
+  return classStack.empty() || CurrentNamespaceName().empty() ? kNoKind : classStack.back().kind;
 }
 
 std::string ParserStateBase::CurrentNamespaceKindName() const {

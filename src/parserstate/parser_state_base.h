@@ -10,6 +10,7 @@
 
 #include "base/options.h"
 #include "output/dumper.h"
+#include "output/kinds.h"
 #include "parserstate/name.h"
 #include "parserstate/param.h"
 #include "parserstate/scope_text.h"
@@ -22,7 +23,7 @@ class ParserStateBase {
   /// A class-like scope, and in the C family any type as text with a line.
   struct TypeDescriptor {
     std::string name;
-    long kind = 0;  ///< A scope-like kind number, see `NameSpaceKindName`; 0 when it is no scope.
+    long kind = kNoKind;       ///< A `ScopeKind`; `kNoKind` where it is no scope.
     bool isAnonymous = false;  ///< The name was made up.
     bool isScoped = false;     ///< `enum class` or `enum struct`.
     bool isTypedef = false;    ///< The declaration began with `typedef`.
@@ -63,14 +64,13 @@ class ParserStateBase {
   /// Writes the tag of an enumerator; outside any scope it writes nothing.
   virtual void DumpEnumerator(const Name& name);
 
-  /// The kind number of the innermost scope, 0 when `CurrentNamespaceName` is empty.
+  /// The kind of the innermost scope, `kNoKind` when `CurrentNamespaceName` is empty.
   long CurrentNamespaceKind() const;
-  /// Its word, such as "class"; empty for 0.
+  /// Its word, such as "class"; empty for `kNoKind`.
   std::string CurrentNamespaceKindName() const;
-  /// The word of a kind number: 1 class, 2 struct, 3 union, 4 enum, 5 (empty), 6 namespace,
-  /// 7 interface, 8 protocol, 9 implementation, 10 constant, 11 variable, 12 extension, 13 concept.
+  /// `ScopeKindName` as a string.
   static std::string NameSpaceKindName(long kind);
-  /// Its kind letter as a string of one character; a blank outside 1 to 13.
+  /// `ScopeKindLetter` as a string of one character.
   static std::string NameSpaceSelector(long kind);
 
   /// Handles a closing brace at 1-based `line`; `semicolonFollows` tells whether `;` stands behind.

@@ -18,11 +18,6 @@ using Curly = ParserStateBase::CurlyType;
 using Curlies = std::vector<std::pair<Curly, std::int32_t>>;
 using Names = std::vector<std::string>;
 
-constexpr long kClass = 1;
-constexpr long kEnum = 4;
-constexpr long kUnnamedKind = 5;
-constexpr long kNamespace = 6;
-
 // A builder whose scope is the open classes joined by "::", with its stacks laid open.
 class Builder : public ParserStateBase {
  public:
@@ -53,8 +48,8 @@ class ParserStateBaseTest : public testing::Test {
 };
 
 TEST_F(ParserStateBaseTest, NestedClassesShareOneCurlyEntry) {
-  builder.PushClass(Type("A", kClass, 1));
-  builder.PushClass(Type("B", kEnum, 2));
+  builder.PushClass(Type("A", kClassKind, 1));
+  builder.PushClass(Type("B", kEnumKind, 2));
   EXPECT_EQ(builder.OpenCurlies(), (Curlies{{Curly::Class, 2}}));
   EXPECT_EQ(builder.PopRCurly(true, 3), Curly::Class);
   EXPECT_EQ(builder.OpenCurlies(), (Curlies{{Curly::Class, 1}}));
@@ -66,10 +61,10 @@ TEST_F(ParserStateBaseTest, NestedClassesShareOneCurlyEntry) {
 }
 
 TEST_F(ParserStateBaseTest, ANamespaceInAClassMakesTwoEntries) {
-  builder.PushClass(Type("A", kClass, 1));
-  builder.PushClass(Type("n", kNamespace, 2));
-  builder.PushClass(Type("m", kNamespace, 3));
-  builder.PushClass(Type("B", kClass, 4));
+  builder.PushClass(Type("A", kClassKind, 1));
+  builder.PushClass(Type("n", kNamespaceKind, 2));
+  builder.PushClass(Type("m", kNamespaceKind, 3));
+  builder.PushClass(Type("B", kClassKind, 4));
   EXPECT_EQ(builder.OpenCurlies(),
             (Curlies{{Curly::Class, 1}, {Curly::Namespace, 2}, {Curly::Class, 1}}));
   EXPECT_EQ(builder.CurrentNamespaceName(), "A::n::m::B");
@@ -77,7 +72,7 @@ TEST_F(ParserStateBaseTest, ANamespaceInAClassMakesTwoEntries) {
 
 TEST_F(ParserStateBaseTest, ANamespacesBraceClosesItWithOrWithoutSemicolon) {
   for (const bool semicolonFollows : {false, true}) {
-    builder.PushClass(Type("n", kNamespace, 1));
+    builder.PushClass(Type("n", kNamespaceKind, 1));
     EXPECT_EQ(builder.PopRCurly(semicolonFollows, 2), Curly::Namespace);
     EXPECT_EQ(builder.OpenClasses(), Names{});
     EXPECT_EQ(builder.OpenCurlies(), Curlies{});
@@ -85,7 +80,7 @@ TEST_F(ParserStateBaseTest, ANamespacesBraceClosesItWithOrWithoutSemicolon) {
 }
 
 TEST_F(ParserStateBaseTest, OtherBracesCloseNoScope) {
-  builder.PushClass(Type("A", kClass, 1));
+  builder.PushClass(Type("A", kClassKind, 1));
   for (const Curly type : {Curly::Function, Curly::Other}) {
     builder.PushCurly(type);
     builder.PushCurly(type);
@@ -118,7 +113,7 @@ TEST_F(ParserStateBaseTest, AClassWithoutItsSemicolonStaysOpen) {
   for (const bool dumpErrors : {false, true}) {
     Builder fresh(options, dumper, "~/a.c");
     options.dumpErrors = dumpErrors;
-    fresh.PushClass(Type("A", kClass, 1));
+    fresh.PushClass(Type("A", kClassKind, 1));
     testing::internal::CaptureStderr();
     EXPECT_EQ(fresh.PopRCurly(false, 9), Curly::Function);
     EXPECT_EQ(
@@ -144,14 +139,14 @@ TEST_F(ParserStateBaseTest, ClosingAClassThatIsNotOpenIsReportedOnRequest) {
 TEST_F(ParserStateBaseTest, KindIsThatOfTheInnermostScope) {
   EXPECT_EQ(builder.CurrentNamespaceKind(), 0);
   EXPECT_EQ(builder.CurrentNamespaceKindName(), "");
-  builder.PushClass(Type("n", kNamespace, 1));
-  builder.PushClass(Type("E", kEnum, 1));
-  EXPECT_EQ(builder.CurrentNamespaceKind(), kEnum);
+  builder.PushClass(Type("n", kNamespaceKind, 1));
+  builder.PushClass(Type("E", kEnumKind, 1));
+  EXPECT_EQ(builder.CurrentNamespaceKind(), kEnumKind);
   EXPECT_EQ(builder.CurrentNamespaceKindName(), "enum");
 }
 
 TEST_F(ParserStateBaseTest, KindIsNoneForAScopeWithoutAName) {
-  builder.PushClass(Type("", kEnum, 1));
+  builder.PushClass(Type("", kEnumKind, 1));
   EXPECT_EQ(builder.CurrentNamespaceKind(), 0);
   EXPECT_EQ(builder.CurrentNamespaceKindName(), "");
 }
@@ -177,8 +172,8 @@ TEST(NameSpaceKind, LettersAndNamesFollowTheNumber) {
 
 TEST(ConcatenateNames, PutsTheSeparatorBetween) {
   using List = std::vector<Type>;
-  const Type a("a", kClass, 1);
-  const Type empty("", kClass, 1);
+  const Type a("a", kClassKind, 1);
+  const Type empty("", kClassKind, 1);
   EXPECT_EQ(ConcatenateNamesUsingSeparator(List{}, "."), "");
   EXPECT_EQ(ConcatenateNamesUsingSeparator(List{a}, "."), "a");
   EXPECT_EQ(ConcatenateNamesUsingSeparator(List{a, a, a}, "::"), "a::a::a");
@@ -187,24 +182,24 @@ TEST(ConcatenateNames, PutsTheSeparatorBetween) {
 
 TEST_F(ParserStateBaseTest, EnumsAreWrittenWithTheirScope) {
   builder.DumpEnum(Name("Color", 3));
-  builder.PushClass(Type("W \t n", kClass, 4));
+  builder.PushClass(Type("W \t n", kClassKind, 4));
   builder.DumpEnum(Name("Shape", 5));
-  builder.PushClass(Type("x", kUnnamedKind, 6));
+  builder.PushClass(Type("x", kTypeAliasKind, 6));
   builder.DumpEnum(Name(" Two\n\tLines \t", 7));
   EXPECT_EQ(dumper.Lines(), (Names{"Color\t~/a.c\t3;\"\tg\n", "Shape\t~/a.c\t5;\"\tg\tclass:W n\n",
                                    " Two Lines\t~/a.c\t7;\"\tg\t:W n::x\n"}));
 }
 
 TEST_F(ParserStateBaseTest, AScopeTextIsCutWhereFormattedTextIs) {
-  builder.PushClass(Type(std::string(2000, 's'), kClass, 1));
+  builder.PushClass(Type(std::string(2000, 's'), kClassKind, 1));
   builder.DumpEnum(Name(std::string(2000, 'e'), 2));
   const std::string field = "\tclass:" + std::string(1023 - 7, 's');
   EXPECT_EQ(dumper.Lines(), Names{std::string(2000, 'e') + "\t~/a.c\t2;\"\tg" + field + "\n"});
 }
 
 TEST_F(ParserStateBaseTest, EnumeratorsAreWrittenWithTheirEnum) {
-  builder.PushClass(Type("n", kNamespace, 1));
-  builder.PushClass(Type("Color", kEnum, 2));
+  builder.PushClass(Type("n", kNamespaceKind, 1));
+  builder.PushClass(Type("Color", kEnumKind, 2));
   builder.DumpEnumerator(Name("kRed", 7));
   builder.DumpEnumerator(Name("k\r\nBlue ", 8));
   EXPECT_EQ(dumper.Lines(), (Names{"kRed\t~/a.c\t7;\"\te\tenum:n::Color\n",
@@ -229,8 +224,8 @@ TEST_F(ParserStateBaseTest, AnEnumeratorOutsideAnyScopeGetsNoTag) {
 
 TEST_F(ParserStateBaseTest, DebugFormGoesToStandardOutput) {
   options.debugDump = true;
-  builder.PushClass(Type("n", kNamespace, 1));
-  builder.PushClass(Type("Color", kEnum, 2));
+  builder.PushClass(Type("n", kNamespaceKind, 1));
+  builder.PushClass(Type("Color", kEnumKind, 2));
   testing::internal::CaptureStdout();
   builder.DumpEnum(Name("Color", 2));
   builder.DumpEnumerator(Name("kRed", 3));
@@ -261,7 +256,7 @@ TEST_F(ParserStateBaseTest, ManyDeclarationsAreNotReportedUnasked) {
 
 TEST(TypeDescriptor, KeepsKindAndFlagsWhenReset) {
   TokenMaker tokens("tok");
-  Type type("former", kClass, 1);
+  Type type("former", kClassKind, 1);
   type.isAnonymous = type.isScoped = type.isTypedef = true;
 
   type.ResetNameAndLine(Name("a", 2));
@@ -284,7 +279,7 @@ TEST(TypeDescriptor, KeepsKindAndFlagsWhenReset) {
   EXPECT_EQ(type.line, -1);
 
   const Type copy = type;
-  EXPECT_EQ(copy.kind, kClass);
+  EXPECT_EQ(copy.kind, kClassKind);
   EXPECT_TRUE(copy.isAnonymous && copy.isScoped && copy.isTypedef);
 }
 
@@ -293,9 +288,9 @@ TEST(TypeDescriptor, StartsAsNoScope) {
   EXPECT_EQ(empty.kind, 0);
   EXPECT_EQ(empty.line, -1);
   EXPECT_FALSE(empty.isAnonymous || empty.isScoped || empty.isTypedef);
-  const Type named(kEnum, Name("E", 4));
+  const Type named(kEnumKind, Name("E", 4));
   EXPECT_EQ(named.name, "E");
-  EXPECT_EQ(named.kind, kEnum);
+  EXPECT_EQ(named.kind, kEnumKind);
   EXPECT_EQ(named.line, 4);
 }
 

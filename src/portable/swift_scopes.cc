@@ -5,25 +5,18 @@
 #include <cstddef>
 #include <iterator>
 
+#include "output/kinds.h"
+
 namespace vexltags {
 namespace {
 
 /// The key that a scope of this kind has; empty for a letter that is no type's.
 std::string_view KeyOfLetter(char letter) {
-  switch (letter) {
-    case 'c':
-      return "class";
-    case 's':
-      return "struct";
-    case 'g':
-      return "enum";
-    case 'Y':
-      return "protocol";
-    case 'Z':
-      return "extension";
-    default:
-      return "";
+  if (letter == kind_letter::kEnum) return ScopeKindName(kEnumKind);
+  for (const long kind : {kClassKind, kStructKind, kProtocolKind, kExtensionKind}) {
+    if (letter == ScopeKindLetter(kind)) return ScopeKindName(kind);
   }
+  return "";
 }
 
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "engine/std_string.h"
+#include "output/kinds.h"
 
 namespace vexltags {
 
@@ -15,14 +16,14 @@ PythonTagsParser::~PythonTagsParser() = default;
 
 void PythonTagsParser::DumpClassDef(const std::string& name, int indent, int line) {
   PopNamespace(indent);
-  DumpLine(name, line, 'c');
+  DumpLine(name, line, kind_letter::kClass);
   PushNamespace(name, indent, 1);
 }
 
 void PythonTagsParser::DumpFuncDef(const std::string& name, int indent, int line) {
   PopNamespace(indent);
   const bool isMethod = !namespaces.empty() && namespaces.back().isClass == 1;
-  DumpLine(name, line, isMethod ? 'm' : 'f');
+  DumpLine(name, line, isMethod ? kind_letter::kMember : kind_letter::kFunctionDefinition);
   PushNamespace(name, indent, 0);
 }
 

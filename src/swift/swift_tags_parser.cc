@@ -8,13 +8,6 @@
 #include "engine/std_string.h"
 
 namespace vexltags {
-namespace {
-
-constexpr long kClassKind = 1;
-constexpr long kStructKind = 2;
-constexpr long kEnumKind = 4;
-
-}  // namespace
 
 SwiftTagsParser::SwiftTagsParser(const Options& runOptions, Dumper& sink, std::string storedPath)
     : ParserStateBase(runOptions, sink, std::move(storedPath), ".") {}

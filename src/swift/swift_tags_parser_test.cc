@@ -56,8 +56,8 @@ TEST_F(SwiftTagsParserTest, TakesAKeywordsTextAndLine) {
 
 TEST_F(SwiftTagsParserTest, CollapsesWhiteSpaceInNamesAndScopes) {
   builder.DumpSwiftFunction("+ \n +", ParamList(), 1);
-  builder.OpenType(12, Name("A\t B", 2));
-  builder.DumpNamed(11, Name("x", 3));
+  builder.OpenType(kExtensionKind, Name("A\t B", 2));
+  builder.DumpNamed(kVariableKind, Name("x", 3));
   EXPECT_EQ(dumper.Lines(), (Lines{"+ +()\ta.swift\t1;\"\tf\n", "A B\ta.swift\t2;\"\tZ\n",
                                    "x\ta.swift\t3;\"\tV\tA B\n"}));
 }
@@ -73,22 +73,22 @@ TEST_F(SwiftTagsParserTest, HasALetterForEachKind) {
 }
 
 TEST_F(SwiftTagsParserTest, DumpOpensNoScope) {
-  builder.Dump(TypeDescriptor("A", 1, 1));
+  builder.Dump(TypeDescriptor("A", kClassKind, 1));
   EXPECT_EQ(builder.CurrentNamespaceName(), "");
 }
 
 TEST_F(SwiftTagsParserTest, DumpClassKnowsTwoLetters) {
-  builder.DumpClass(TypeDescriptor("A", 1, 1));
-  builder.DumpClass(TypeDescriptor("B", 2, 2));
-  builder.DumpClass(TypeDescriptor("C", 8, 3));
+  builder.DumpClass(TypeDescriptor("A", kClassKind, 1));
+  builder.DumpClass(TypeDescriptor("B", kStructKind, 2));
+  builder.DumpClass(TypeDescriptor("C", kProtocolKind, 3));
   EXPECT_EQ(dumper.Lines(),
             (Lines{"A\ta.swift\t1;\"\tc\n", "B\ta.swift\t2;\"\ts\n", "C\ta.swift\t3;\"\ts\n"}));
 }
 
 TEST_F(SwiftTagsParserTest, NamesScopesByDottedNames) {
-  builder.OpenType(12, Name("A.B", 1));
-  builder.OpenType(2, Name("C", 1));
-  builder.DumpNamed(11, Name("x", 2));
+  builder.OpenType(kExtensionKind, Name("A.B", 1));
+  builder.OpenType(kStructKind, Name("C", 1));
+  builder.DumpNamed(kVariableKind, Name("x", 2));
   builder.DumpSwiftFunction("f", ParamList(), 3);
   EXPECT_EQ(builder.CurrentNamespaceName(), "A.B.C");
   EXPECT_EQ(dumper.Lines(),
@@ -97,7 +97,7 @@ TEST_F(SwiftTagsParserTest, NamesScopesByDottedNames) {
 }
 
 TEST_F(SwiftTagsParserTest, WritesEnumsAsTheBaseDoes) {
-  builder.OpenType(1, Name("A", 1));
+  builder.OpenType(kClassKind, Name("A", 1));
   builder.OpenEnum(Name("E", 2));
   builder.DumpEnumerator(Name("a", 3));
   EXPECT_EQ(dumper.Lines(), (Lines{"A\ta.swift\t1;\"\tc\n", "E\ta.swift\t2;\"\tg\tclass:A\n",
@@ -108,14 +108,14 @@ TEST_F(SwiftTagsParserTest, WritesOneTagForEachName) {
   VectorOfName names;
   names.Add(Name("a", 1));
   names.Add(Name("b", 2));
-  builder.DumpEach(10, names);
-  builder.DumpEach(10, VectorOfName());
+  builder.DumpEach(kConstantKind, names);
+  builder.DumpEach(kConstantKind, VectorOfName());
   EXPECT_EQ(dumper.Lines(), (Lines{"a\ta.swift\t1;\"\tb\n", "b\ta.swift\t2;\"\tb\n"}));
 }
 
 TEST_F(SwiftTagsParserTest, AClosingCurlyClosesTheInnermostScope) {
-  builder.OpenType(1, Name("A", 1));
-  builder.OpenType(2, Name("B", 1));
+  builder.OpenType(kClassKind, Name("A", 1));
+  builder.OpenType(kStructKind, Name("B", 1));
   EXPECT_EQ(builder.PopRCurly(2), CurlyType::Class);
   EXPECT_EQ(builder.CurrentNamespaceName(), "A");
   EXPECT_EQ(builder.PopRCurly(3), CurlyType::Class);
@@ -133,7 +133,7 @@ TEST_F(SwiftTagsParserTest, ASurplusCurlyIsNamedWithDumpErrors) {
   testing::internal::CaptureStderr();
   EXPECT_EQ(builder.PopRCurly(2), CurlyType::Function);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "error -- } imbalance a.swift:2\n");
-  builder.OpenType(1, Name("A", 3));
+  builder.OpenType(kClassKind, Name("A", 3));
   builder.PopRCurly(4);
   EXPECT_EQ(builder.CurrentNamespaceName(), "");
 }
@@ -141,8 +141,8 @@ TEST_F(SwiftTagsParserTest, ASurplusCurlyIsNamedWithDumpErrors) {
 TEST_F(SwiftTagsParserTest, DebugDumpChangesOnlyEnums) {
   options.debugDump = true;
   builder.DumpSwiftFunction("f", ParamList(), 1);
-  builder.OpenType(1, Name("A", 2));
-  builder.DumpNamed(10, Name("x", 3));
+  builder.OpenType(kClassKind, Name("A", 2));
+  builder.DumpNamed(kConstantKind, Name("x", 3));
   testing::internal::CaptureStdout();
   builder.OpenEnum(Name("E", 4));
   builder.DumpEnumerator(Name("a", 5));
@@ -155,15 +155,15 @@ TEST_F(SwiftTagsParserTest, DebugDumpChangesOnlyEnums) {
 TEST_F(SwiftTagsParserTest, WarnsOnceAtTheTenThousandthDeclaration) {
   options.debugDumpFilesWithHugeOutput = true;
   testing::internal::CaptureStderr();
-  for (int i = 0; i < 4999; ++i) builder.DumpNamed(10, Name("x", 1));
+  for (int i = 0; i < 4999; ++i) builder.DumpNamed(kConstantKind, Name("x", 1));
   for (int i = 0; i < 5000; ++i) builder.DumpSwiftFunction("f", ParamList(), 1);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
   testing::internal::CaptureStderr();
-  builder.DumpClass(TypeDescriptor("A", 1, 1));
+  builder.DumpClass(TypeDescriptor("A", kClassKind, 1));
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "a.swift -- more than 10000 declarations seen so far\n");
   testing::internal::CaptureStderr();
-  builder.DumpNamed(10, Name("x", 1));
+  builder.DumpNamed(kConstantKind, Name("x", 1));
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 

@@ -69,20 +69,20 @@ int Filter(const std::string& path) {
   FileWriter output;
   output.OpenStandardOutput();
   const int status = RewriteTags(input, OptionsFor(path == "-" ? "<stdin>" : path), output);
-  // What was read before a line that is no tag goes out all the same, as in any filter.
+  // As in any filter, the lines before a malformed one are still written.
   if (!output.Close()) return Fail("writing", "<stdout>");
   return status;
 }
 
-/// An empty file beside another one, with its mode and, where that is allowed, its owner. Goes away
-/// again unless it was moved.
+/// A temporary file in the folder of another file, with the mode of that file and, where permitted,
+/// its owner. Removed on destruction unless it was moved.
 class NewFile {
  public:
   NewFile(const std::string& model, const struct stat& status) : path(model + ".XXXXXX") {
     const int descriptor = mkstemp(path.data());
     exists = descriptor >= 0;
     if (!exists) return;
-    // Only root can give a file away; for others it becomes their own, as with any editor.
+    // Only root can change the owner. For other users the file becomes their own, as in an editor.
     const bool sameOwner = fchown(descriptor, status.st_uid, status.st_gid) == 0;
     ready = fchmod(descriptor, status.st_mode & (sameOwner ? 07777 : 0777)) == 0;
     close(descriptor);
@@ -107,15 +107,15 @@ class NewFile {
   bool ready = false;
 };
 
-/// Rewrites the file `path`, behind a link the file that it leads to. On failure the file stays as
-/// it was.
+/// Rewrites the file at `path` or, for a symbolic link, the file it refers to. On failure the file
+/// is unchanged.
 int RewriteInPlace(const std::string& path) {
   char resolved[PATH_MAX];
   struct stat status;
   if (!realpath(path.c_str(), resolved) || stat(resolved, &status) != 0) {
     return Fail("opening", path);
   }
-  // A pipe would wait for a writer, and no file can take the place of a device.
+  // Opening a pipe would block, and a device cannot be replaced by a file.
   if (!S_ISREG(status.st_mode)) return Refuse(path, "is not a regular file");
   const File file(std::fopen(resolved, "rbe"));
   if (!file) return Fail("opening", path);
@@ -125,7 +125,7 @@ int RewriteInPlace(const std::string& path) {
     return Fail("creating a temporary file for", path);
   }
   const int result = RewriteTags(file.get(), OptionsFor(path), output);
-  // A failed write shows here as well.
+  // Also reports a write that failed earlier.
   if (!output.Close()) return Fail("writing", path);
   if (result == 0 && !replacement.MoveTo(resolved)) return Fail("writing", path);
   return result;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sorts lines as binary searches for names want them.
+// Compares names as the binary searches of other readers do.
 #include "portable/portable_order.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The orders in which other readers expect the tags of a file.
+// Sorts tag lines in the orders that other readers expect.
 #pragma once
 
 #include <cstddef>
@@ -8,15 +8,15 @@
 
 namespace vexltags {
 
-/// A line for the output, newline included, with the length of its name.
+/// An output line, including its newline, and the length of its name.
 struct NamedLine {
   std::string text;
   std::size_t nameLength = 0;
 };
 
-/// Sorts by name: for the mark '1' by bytes, for '2' with `a` to `z` folded to upper case and then
-/// by bytes, each time a name before longer ones that begin with it. Equal names fall to the bytes
-/// of the line. Leaves the lines as they are for any other mark.
+/// Sorts the lines by name: by bytes for sort mark '1'; for '2' by the name with `a` to `z` folded
+/// to upper case, then by bytes. A name sorts before longer names that begin with it. Lines with
+/// equal names are sorted by bytes. Does nothing for any other mark.
 void SortForReaders(std::vector<NamedLine>& lines, char mark);
 
 }  // namespace vexltags

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the orders that other readers search in.
+// Tests of the sort orders.
 #include "portable/portable_order.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ std::vector<std::string> Sorted(const std::vector<std::string>& texts, char mark
 
 using Lines = std::vector<std::string>;
 
-TEST(SortForReaders, LeavesAnUnsortedFile) {
+TEST(SortForReaders, KeepsTheOrderOfAnUnsortedFile) {
   const Lines lines = {"b\t1", "a\t1", "B\t1"};
   EXPECT_EQ(Sorted(lines, '0'), lines);
 }
@@ -32,13 +32,13 @@ TEST(SortForReaders, SortsNamesByBytes) {
 }
 
 TEST(SortForReaders, FoldsToUpperCase) {
-  // The six characters between Z and a stand behind every letter.
+  // The six characters between Z and a sort after every letter.
   EXPECT_EQ(
       Sorted({"_a\t1", "a_\t1", "ab\t1", "aB\t1", "AC\t1", "[\t1", "z\t1", "{\t1", "\xc3\t1"}, '2'),
       (Lines{"aB\t1", "ab\t1", "AC\t1", "a_\t1", "z\t1", "[\t1", "_a\t1", "{\t1", "\xc3\t1"}));
 }
 
-TEST(SortForReaders, PutsEqualNamesInTheOrderOfTheirLines) {
+TEST(SortForReaders, SortsEqualNamesByLine) {
   EXPECT_EQ(Sorted({"a\tz", "A\ty", "a\tx", "A\tw"}, '2'), (Lines{"A\tw", "A\ty", "a\tx", "a\tz"}));
 }
 

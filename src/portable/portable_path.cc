@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Undoes what is done to a path on its way into a tag line.
+// Reverses `EscapePath` and `CanonicalizeHome`.
 #include "portable/portable_path.h"
 
 #include <cstddef>
@@ -18,7 +18,7 @@ std::string PlainPath(std::string_view field, const std::string& home) {
   for (std::size_t i = 0; i < field.size(); ++i) {
     if (field[i] == '\\' && i + 1 < field.size()) {
       ++i;
-      // Two backslashes are two in the path as well: a backslash itself is never escaped.
+      // Backslashes are never escaped, so two of them are two in the path.
       if (field[i] == '\\' || !isMeta(field[i])) path += '\\';
     }
     path += field[i];

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Turns the file field of a tag line back into a path that any reader opens as it stands.
+// Converts the file field of a tag line to a plain path, which any reader can open.
 #pragma once
 
 #include <string>
@@ -7,12 +7,12 @@
 
 namespace vexltags {
 
-/// The path that `field` was made of: a backslash before a character that is escaped in tags files
-/// goes away, and `~/` at the front becomes `home` and a `/`. Another backslash is part of the
-/// path. With `home` empty the `~/` stays.
+/// Returns the path that `field` was written for: removes each backslash before a character that is
+/// escaped in tags files, and replaces a leading `~` before a slash by `home`, unless `home` is
+/// empty. Other backslashes are part of the path.
 std::string PlainPath(std::string_view field, const std::string& home);
 
-/// True for a path that a line of a tags file can hold as it is: one without tab and newline.
+/// Returns whether a tag line can contain `path` unescaped: it has no tab and no newline.
 bool FitsInLine(std::string_view path);
 
 }  // namespace vexltags

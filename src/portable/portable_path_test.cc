@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of undoing what is done to paths.
+// Tests of the conversion to plain paths.
 #include "portable/portable_path.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 namespace vexltags {
 namespace {
 
-TEST(PlainPath, UndoesEscapes) {
+TEST(PlainPath, RemovesEscapes) {
   struct Case {
     const char* field;
     const char* path;
@@ -31,13 +31,13 @@ TEST(PlainPath, UndoesEscapes) {
   for (const Case& one : cases) EXPECT_EQ(PlainPath(one.field, "/home/me"), one.path) << one.field;
 }
 
-TEST(PlainPath, UndoesWhatEscapePathDoes) {
+TEST(PlainPath, ReversesEscapePath) {
   for (const std::string path : {"/a b/(c)/'d'", "/x\ty\nz", "/a\\\\b c", "/tail\\"}) {
     EXPECT_EQ(PlainPath(EscapePath(path), ""), path);
   }
 }
 
-TEST(PlainPath, ExpandsHomeAtTheFrontOnly) {
+TEST(PlainPath, ExpandsOnlyALeadingTilde) {
   EXPECT_EQ(PlainPath("~/a\\ b.c", "/home/me"), "/home/me/a b.c");
   EXPECT_EQ(PlainPath("~/b.c", "/h\\ o"), "/h\\ o/b.c");
   EXPECT_EQ(PlainPath("~/b.c", ""), "~/b.c");
@@ -45,7 +45,7 @@ TEST(PlainPath, ExpandsHomeAtTheFrontOnly) {
   EXPECT_EQ(PlainPath("~me/b.c", "/home/me"), "~me/b.c");
 }
 
-TEST(FitsInLine, RefusesTabAndNewline) {
+TEST(FitsInLine, RejectsTabAndNewline) {
   EXPECT_TRUE(FitsInLine("/a b\r\\.c"));
   EXPECT_FALSE(FitsInLine("/a\tb"));
   EXPECT_FALSE(FitsInLine("/a\nb"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reads line by line; writes at once for unsorted files, and at the end for others.
+// Reads line by line. Writes an unsorted file while reading, any other file at the end.
 #include "portable/rewrite.h"
 
 #include <climits>
@@ -21,10 +21,10 @@ constexpr std::string_view kPseudoTag = "!_";
 constexpr std::string_view kFormat = "!_TAG_FILE_FORMAT";
 constexpr std::string_view kSorted = "!_TAG_FILE_SORTED";
 
-/// How long an open path may get: each byte of the longest path with a backslash in front.
+/// The maximum length of a file field: the longest path with every byte escaped.
 constexpr std::size_t kLongestField = std::size_t{2} * PATH_MAX;
 
-/// Lines of a stream, without their newlines, and without carriage returns in front of these.
+/// Reads the lines of a stream without their line ends (LF or CR LF).
 class LineReader {
  public:
   explicit LineReader(std::FILE* stream) : file(stream) {}
@@ -32,7 +32,7 @@ class LineReader {
   LineReader(const LineReader&) = delete;
   LineReader& operator=(const LineReader&) = delete;
 
-  /// False at the end of the stream and on an error, see `Failed`.
+  /// Returns false at the end of the stream and on an error; `Failed` distinguishes the two.
   bool Next(std::string& line) {
     const ssize_t length = getline(&buffer, &capacity, file);
     if (length <= 0) return false;
@@ -43,7 +43,7 @@ class LineReader {
     return true;
   }
   long Number() const { return number; }
-  /// A line that memory had no room for ends the reading without an error of the stream.
+  /// Running out of memory for a line sets neither end-of-file nor the error flag.
   bool Failed() const { return std::feof(file) == 0 || std::ferror(file) != 0; }
 
  private:
@@ -53,7 +53,7 @@ class LineReader {
   long number = 0;
 };
 
-/// One rewriting from start to end.
+/// Rewrites one file.
 class Rewriter {
  public:
   Rewriter(std::FILE* input, const RewriteOptions& rewriteOptions, FileWriter& writer)
@@ -64,7 +64,7 @@ class Rewriter {
     bool inHeader = true;
     while (reader.Next(line)) {
       if (line.starts_with(kPseudoTag)) {
-        // Files that were put together have a header of their own each; the first one counts.
+        // In concatenated files only the first header counts.
         if (inHeader && !AddHeaderLine(line)) return -1;
         continue;
       }
@@ -78,12 +78,12 @@ class Rewriter {
         form = ParseTagLine(line, tag);
       }
       if (form != LineForm::kTag)
-        return NoTagsFile("line " + std::to_string(reader.Number()) + " is not a tag");
+        return NotTagsFile("line " + std::to_string(reader.Number()) + " is not a tag");
       if (std::exchange(inHeader, false)) WriteHeader();
       if (!AddTag(line, tag)) return WriteFailed();
     }
     if (reader.Failed()) return Fail("error reading " + options.inputName);
-    if (reader.Number() == 0) return NoTagsFile("it is empty");
+    if (reader.Number() == 0) return NotTagsFile("it is empty");
     if (inHeader) WriteHeader();
     return WriteHeldLines() ? 0 : WriteFailed();
   }
@@ -93,13 +93,14 @@ class Rewriter {
     std::fprintf(stderr, "%s\n", message.c_str());
     return -1;
   }
-  int NoTagsFile(const std::string& why) const {
+  int NotTagsFile(const std::string& why) const {
     return Fail(options.inputName + " is not a tags file: " + why);
   }
-  /// The caller knows the name of the output.
+  /// Prints nothing, since only the caller knows the name of the output.
   static int WriteFailed() { return -1; }
 
-  /// Takes over a header line, with a third field if it has none.
+  /// Adds a header line to the output, with an empty third field if it has none. False if the sort
+  /// mark is invalid.
   bool AddHeaderLine(const std::string& line) {
     const std::size_t tab = line.find('\t');
     const std::string_view name = std::string_view(line).substr(0, tab);
@@ -109,7 +110,7 @@ class Rewriter {
     if (name == kSorted) {
       mark = value.empty() ? '?' : value[0];
       if (mark >= '0' && mark <= '2') return true;
-      NoTagsFile("unknown sort mark");
+      NotTagsFile("unknown sort mark");
       return false;
     }
     header += line;
@@ -124,7 +125,7 @@ class Rewriter {
                  mark + "\t/0=unsorted, 1=sorted, 2=foldcase/\n" + header);
   }
 
-  /// Writes or holds a tag. False when writing failed.
+  /// Writes a tag or holds it for sorting. False if writing failed.
   bool AddTag(const std::string& line, const TagLine& tag) {
     if (!tag.numbered) return Put({line + "\n", tag.name.size()});
     const std::string path = PlainPath(tag.file, options.home);
@@ -151,7 +152,7 @@ class Rewriter {
     return Put(std::move(result));
   }
 
-  /// Puts a key in front of a Swift scope without one. The address begins at `addressStart`.
+  /// Adds the key to a Swift scope without one. The address begins at offset `addressStart`.
   void AddKey(NamedLine& line, std::size_t addressStart) const {
     TagLine tag;
     ParseTagLine(std::string_view(line.text).substr(0, line.text.size() - 1), tag);
@@ -196,10 +197,11 @@ class Rewriter {
   const RewriteOptions& options;
   FileWriter& output;
   char mark = '0';
-  std::string header;  ///< The lines behind the first two.
+  std::string header;  ///< The header lines after the first two.
   SwiftScopes scopes;
   std::vector<NamedLine> held;
-  std::vector<std::pair<std::size_t, std::size_t>> swiftLines;  ///< Index in `held`, address.
+  std::vector<std::pair<std::size_t, std::size_t>>
+      swiftLines;  ///< Index in `held`, offset of the address.
   std::set<std::string, std::less<>> leftOut;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Rewrites a tags file so that readers find in it what they are strict about.
+// Rewrites a tags file for readers that are strict about the format.
 #pragma once
 
 #include <cstdio>
@@ -9,20 +9,22 @@
 
 namespace vexltags {
 
-/// What a rewriting needs to know beside the file.
+/// Parameters of a rewrite.
 struct RewriteOptions {
-  std::string home;       ///< What `~/` stands for, without the slash; empty to leave it.
-  std::string inputName;  ///< The file's name in messages.
+  std::string home;       ///< Replaces `~`, without a trailing slash; empty to keep `~/`.
+  std::string inputName;  ///< The name of the input in messages.
 };
 
-/// Reads the tags file `input` and writes it to `output`, which stays open:
-///   - a header whose fields have tabs between them, and of which each line has three;
-///   - the tags in the order that readers expect for the file's sort mark;
-///   - plain paths; a tag whose path cannot stand in a line is left out with a message, one a path;
-///   - a key for each Swift scope.
-/// All else stays as it is; rewriting the result again changes nothing. An unsorted file is written
-/// as it is read, others are held in memory. Returns 0, or -1 after a message on standard error
-/// when this is no tags file, or when reading or writing fails; some of it may be written by then.
+/// Reads the tags file `input` and writes it to `output`, which stays open, with these changes:
+///   - header lines have three fields, separated by tabs;
+///   - tags are in the order that readers expect for the sort mark of the file;
+///   - paths are plain; tags whose path contains a tab or newline are skipped, with one message per
+///     path;
+///   - each Swift scope has a key.
+/// Everything else is unchanged, and rewriting the result again changes nothing. An unsorted file
+/// is written while it is read; other files are held in memory. Returns 0, or -1 if `input` is not
+/// a tags file or if reading or writing fails; part of the output may have been written by then.
+/// Reports errors other than failed writes to standard error.
 int RewriteTags(std::FILE* input, const RewriteOptions& options, FileWriter& output);
 
 }  // namespace vexltags

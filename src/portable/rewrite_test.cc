@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of whole rewritings.
+// Tests of rewriting whole files.
 #include "portable/rewrite.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ std::string SortedLine(char mark) {
   return std::string("!_TAG_FILE_SORTED\t") + mark + "\t/0=unsorted, 1=sorted, 2=foldcase/\n";
 }
 
-/// What `input` becomes, with its messages, which name it "tags".
+/// The outcome of a rewrite, in whose messages the input is called "tags".
 struct Result {
   int status;
   std::string output;
@@ -48,7 +48,7 @@ void ExpectRewritten(const std::string& input, const std::string& expected,
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.output, expected);
   EXPECT_EQ(result.messages, messages);
-  // Once more changes nothing.
+  // A second rewrite changes nothing.
   result = Rewrite(expected);
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.output, expected);
@@ -71,16 +71,16 @@ TEST(RewriteTags, KeepsHeaderLinesOfOtherPrograms) {
       kFormatLine + SortedLine('0') + "!_TAG_PROGRAM_URL\thttps://x\t/site/\n!_TAG_ODD\t\t//\n");
 }
 
-TEST(RewriteTags, TakesAFileWithoutHeaderForUnsorted) {
+TEST(RewriteTags, TreatsAFileWithoutHeaderAsUnsorted) {
   ExpectRewritten("b\tb.c\t1;\"\tf\na\tb.c\t2;\"\tf\n",
                   kFormatLine + SortedLine('0') + "b\tb.c\t1;\"\tf\na\tb.c\t2;\"\tf\n");
 }
 
-TEST(RewriteTags, EndsTheLastLine) {
+TEST(RewriteTags, TerminatesTheLastLine) {
   ExpectRewritten("b\tb.c\t1;\"\tf", kFormatLine + SortedLine('0') + "b\tb.c\t1;\"\tf\n");
 }
 
-TEST(RewriteTags, EndsLinesWithANewlineAlone) {
+TEST(RewriteTags, ConvertsLineEnds) {
   const Result result = Rewrite(
       "!_TAG_FILE_SORTED\t0 x\r\n!_TAG_PROGRAM_NAME\tvexltags\r\n"
       "S\ta.swift\t1;\"\ts\r\na\tn\\\r\nx.c\t2;\"\tf\r\nb\ta.swift\t1;\"\tV\tS\r\n");
@@ -98,18 +98,18 @@ TEST(RewriteTags, KeepsZeroBytesAndLongLines) {
   ExpectRewritten(lines, kFormatLine + SortedLine('0') + lines);
 }
 
-TEST(RewriteTags, GivesUpOnAPathThatGoesOnForEver) {
+TEST(RewriteTags, LimitsTheLengthOfAPath) {
   std::string endless = "a\tb\\\n";
   while (endless.size() < 1000000) endless += "c\\\n";
   const Result result = Rewrite(endless);
   EXPECT_EQ(result.status, -1);
-  // Far above the last line: the path was longer than any path can be.
+  // The reader gives up long before the last line.
   const std::string start = "tags is not a tags file: line ";
   ASSERT_TRUE(result.messages.starts_with(start)) << result.messages;
   EXPECT_LT(std::stol(result.messages.substr(start.size())), 10000);
 }
 
-TEST(RewriteTags, OrdersByTheMark) {
+TEST(RewriteTags, SortsByTheSortMark) {
   const std::string lines = "A_b\ta.c\t1;\"\tf\nAa\ta.c\t1;\"\tf\nab\ta.c\t1;\"\tf\n";
   ExpectRewritten("!_TAG_FILE_SORTED\t1 x\n" + lines, kFormatLine + SortedLine('1') + lines);
   ExpectRewritten(
@@ -123,7 +123,7 @@ TEST(RewriteTags, WritesPlainPaths) {
                       "a\t/home/me/x y.c\t1;\"\tf\nb\t../[z].c\t2;\"\tm\tstruct:S\n");
 }
 
-TEST(RewriteTags, LeavesOutPathsThatNoLineCanHold) {
+TEST(RewriteTags, SkipsPathsWithTabOrNewline) {
   ExpectRewritten(
       "a\t/t\\\tx.c\t1;\"\tf\na\t/ok.c\t1;\"\tf\nb\t/t\\\tx.c\t2;\"\tf\nc\t/n\\\nx.c\t3;\"\tf\n",
       kFormatLine + SortedLine('0') + "a\t/ok.c\t1;\"\tf\n",
@@ -131,12 +131,12 @@ TEST(RewriteTags, LeavesOutPathsThatNoLineCanHold) {
       "skipped the tags of a path with a tab or newline: /n\\nx.c\n");
 }
 
-TEST(RewriteTags, LeavesTagsOfOtherPrograms) {
+TEST(RewriteTags, KeepsTagsOfOtherPrograms) {
   const std::string line = "a\t~/x\\ y.c\t/^int a;$/;\"\tv\ttyperef:typename:int\n";
   ExpectRewritten(line, kFormatLine + SortedLine('0') + line);
 }
 
-TEST(RewriteTags, GivesSwiftScopesAKey) {
+TEST(RewriteTags, AddsKeysToSwiftScopes) {
   const std::string expected =
       "Body\ta.swift\t4;\"\tc\n"
       "Body\ta.swift\t9;\"\tZ\n"
@@ -160,23 +160,23 @@ TEST(RewriteTags, GivesSwiftScopesAKey) {
       kFormatLine + SortedLine('0') + expected);
 }
 
-TEST(RewriteTags, FindsATypeFurtherDownInASortedFile) {
+TEST(RewriteTags, FindsATypeLaterInASortedFile) {
   ExpectRewritten(
       "!_TAG_FILE_SORTED\t1 x\nA\ta\\ b.swift\t2;\"\tV\tB\nB\ta\\ b.swift\t1;\"\ts\n",
       kFormatLine + SortedLine('1') + "A\ta b.swift\t2;\"\tV\tstruct:B\nB\ta b.swift\t1;\"\ts\n");
 }
 
-TEST(RewriteTags, TakesANameWithAnExclamationMarkForATag) {
+TEST(RewriteTags, AcceptsANameThatBeginsWithAnExclamationMark) {
   ExpectRewritten("!(a:)\ta.swift\t1;\"\tf\n",
                   kFormatLine + SortedLine('0') + "!(a:)\ta.swift\t1;\"\tf\n");
 }
 
-TEST(RewriteTags, DropsHeadersFurtherDown) {
+TEST(RewriteTags, DropsLaterHeaders) {
   ExpectRewritten("a\ta.c\t1;\"\tf\n!_TAG_FILE_SORTED\t2 x\nb\ta.c\t1;\"\tf\n",
                   kFormatLine + SortedLine('0') + "a\ta.c\t1;\"\tf\nb\ta.c\t1;\"\tf\n");
 }
 
-TEST(RewriteTags, RefusesWhatIsNoTagsFile) {
+TEST(RewriteTags, RejectsFilesThatAreNotTagsFiles) {
   const std::pair<const char*, const char*> cases[] = {
       {"", "it is empty"},
       {"int main() {}\n", "line 1 is not a tag"},
@@ -193,11 +193,11 @@ TEST(RewriteTags, RefusesWhatIsNoTagsFile) {
   }
 }
 
-TEST(RewriteTags, FailsWhenWritingFails) {
+TEST(RewriteTags, FailsIfWritingFails) {
   const ScratchFolder scratch;
   WriteFile(scratch.Path("in"), "a\ta.c\t1;\"\tf\n");
   std::FILE* file = std::fopen(scratch.Path("in").c_str(), "rb");
-  FileWriter writer;  // Not opened.
+  FileWriter writer;  // Remains closed.
   EXPECT_FALSE(writer.OpenFile(scratch.Path("no/folder"), FileWriter::Mode::Truncate));
   EXPECT_EQ(RewriteTags(file, {"", "tags"}, writer), -1);
   std::fclose(file);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Finds the kind of the Swift type that a tag stands in, from the tags of the types themselves.
+// Determines the kind of the Swift type that encloses a tag, from the types' own tags.
 #pragma once
 
 #include <map>
@@ -11,27 +11,27 @@
 
 namespace vexltags {
 
-/// True for a tag of a Swift file, by the path's suffix.
+/// Returns whether `path` has the suffix of a Swift file.
 bool IsSwift(std::string_view path);
 
-/// True when `field` has a key: letters and a colon at its front.
+/// Returns whether `field` has a key, that is, begins with letters and a colon.
 bool HasKey(std::string_view field);
 
-/// The types of all Swift files of a tags file.
+/// The types in all Swift files of a tags file.
 class SwiftScopes {
  public:
-  /// Remembers `tag` if it is a type: a class, struct, enum, protocol or extension. `path` is that
-  /// of its file, in whatever form, as long as it is the same for all tags of the file.
+  /// Records `tag` if it is a type: a class, struct, enum, protocol or extension. `path` identifies
+  /// its file and must be spelled the same for all tags of the file.
   void Add(std::string_view path, const TagLine& tag);
 
-  /// The key for the scope `name` of a tag on 1-based `line` of the file `path`: the kind of the
-  /// type of that name that begins last before the tag or on its line. "scope" if there is none.
+  /// Returns the key for the scope `name` of a tag on 1-based `line` of the file `path`: the kind
+  /// of the last type of that name that begins before or on that line, or "scope" if there is none.
   std::string_view KeyOf(std::string_view path, std::string_view name, long line) const;
 
  private:
-  /// The letter of the last type that begins on a line, by line.
+  /// For each line, the kind letter of the last type that begins on it.
   using Letters = std::map<long, char>;
-  /// By path, a tab, and the dotted name of the type.
+  /// The key is the path, a tab, and the dotted name of the type.
   std::unordered_map<std::string, Letters> types;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of finding the type that a tag stands in.
+// Tests of determining the type that encloses a tag.
 #include "portable/swift_scopes.h"
 
 #include <gtest/gtest.h>
@@ -15,19 +15,19 @@ void Add(SwiftScopes& scopes, const std::string& line) {
   scopes.Add(tag.file, tag);
 }
 
-TEST(HasKey, WantsLettersAndAColon) {
+TEST(HasKey, RequiresLettersAndAColon) {
   for (const char* field : {"class:A", "scope:B.C", "x:"}) EXPECT_TRUE(HasKey(field)) << field;
   for (const char* field : {"", "A", "A.B", ":A", "A.B:c", "a1:b"})
     EXPECT_FALSE(HasKey(field)) << field;
 }
 
-TEST(IsSwift, GoesBySuffix) {
+TEST(IsSwift, ChecksTheSuffix) {
   EXPECT_TRUE(IsSwift("/a/b.swift"));
   EXPECT_FALSE(IsSwift("/a/b.Swift"));
   EXPECT_FALSE(IsSwift("/a/b.swift.c"));
 }
 
-TEST(SwiftScopes, NamesEachKindOfType) {
+TEST(SwiftScopes, HasAKeyForEachKindOfType) {
   SwiftScopes scopes;
   const std::pair<char, const char*> kinds[] = {
       {'c', "class"}, {'s', "struct"}, {'g', "enum"}, {'Y', "protocol"}, {'Z', "extension"}};
@@ -37,7 +37,7 @@ TEST(SwiftScopes, NamesEachKindOfType) {
   }
 }
 
-TEST(SwiftScopes, TakesNoOtherTagForAType) {
+TEST(SwiftScopes, IgnoresTagsOfOtherKinds) {
   SwiftScopes scopes;
   Add(scopes, "f\ta.swift\t1;\"\tf");
   Add(scopes, "t\ta.swift\t1;\"\tt");
@@ -57,7 +57,7 @@ TEST(SwiftScopes, JoinsNamesOfNestedTypes) {
   EXPECT_EQ(scopes.KeyOf("a.swift", "In", 2), "scope");
 }
 
-TEST(SwiftScopes, TakesTheTypeThatBeginsLastBeforeTheTag) {
+TEST(SwiftScopes, PrefersTheLastTypeBeforeTheTag) {
   SwiftScopes scopes;
   Add(scopes, "T\ta.swift\t20;\"\tZ");
   Add(scopes, "T\ta.swift\t3;\"\ts");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Finds the ends of fields, in lines whose paths may hold tabs and line ends behind backslashes.
+// Finds the ends of the fields, even if the path contains escaped tabs and newlines.
 #include "portable/tag_line.h"
 
 #include <charconv>
@@ -13,15 +13,15 @@ constexpr std::size_t kNone = std::string_view::npos;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// The length of the line number that `text` begins with, if `;"` and a tab or the end follow it;
-/// else 0.
+/// Returns the length of the line number at the start of `text` if it is followed by `;"` and then
+/// a tab or the end, else 0.
 std::size_t NumberLength(std::string_view text) {
   std::size_t length = !text.empty() && text[0] == '-' ? 1 : 0;
   const std::size_t firstDigit = length;
   while (length < text.size() && IsDigit(text[length])) ++length;
   if (length == firstDigit || text.substr(length, 2) != kAddressEnd) return 0;
-  const std::string_view behind = text.substr(length + kAddressEnd.size());
-  return behind.empty() || behind[0] == '\t' ? length : 0;
+  const std::string_view rest = text.substr(length + kAddressEnd.size());
+  return rest.empty() || rest[0] == '\t' ? length : 0;
 }
 
 bool EndsInEscape(std::string_view text) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of taking lines apart, with the paths that make it hard.
+// Tests of parsing tag lines, including ambiguous paths.
 #include "portable/tag_line.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 namespace vexltags {
 namespace {
 
-TEST(ParseTagLine, TakesOurLinesApart) {
+TEST(ParseTagLine, ParsesLinesOfVexltags) {
   struct Case {
     const char* line;
     const char* name;
@@ -41,7 +41,7 @@ TEST(ParseTagLine, TakesOurLinesApart) {
   }
 }
 
-TEST(ParseTagLine, TakesLinesOfOtherProgramsApart) {
+TEST(ParseTagLine, ParsesLinesOfOtherPrograms) {
   TagLine tag;
   ASSERT_EQ(ParseTagLine("a\tb.c\t/^int a;\tx$/;\"\tv\ttyperef:typename:int", tag), LineForm::kTag);
   EXPECT_FALSE(tag.numbered);
@@ -55,7 +55,7 @@ TEST(ParseTagLine, TakesLinesOfOtherProgramsApart) {
   EXPECT_FALSE(tag.numbered);
 }
 
-TEST(ParseTagLine, TellsWhatIsNoTag) {
+TEST(ParseTagLine, RejectsLinesThatAreNotTags) {
   TagLine tag;
   for (const char* line :
        {"", "a", "a\t", "a\tb", "a\tb\t", "a\tb\tc", "a\tb\\\\", "int main() {"}) {
@@ -63,7 +63,7 @@ TEST(ParseTagLine, TellsWhatIsNoTag) {
   }
 }
 
-TEST(ParseTagLine, TellsAPathThatGoesOn) {
+TEST(ParseTagLine, RecognizesAnUnfinishedPath) {
   TagLine tag;
   for (const char* line : {"a\tb\\", "a\tb\\\\\\", "a\tb\\\tc\\"}) {
     EXPECT_EQ(ParseTagLine(line, tag), LineForm::kOpenPath) << line;

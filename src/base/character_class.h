@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tables over the 256 byte values, for scanners.
+// Character classes as tables of the 256 byte values, for scanners.
 #pragma once
 
 #include <array>
@@ -12,8 +12,8 @@ namespace vexltags {
 template <class Value>
 using ByteTable = std::array<Value, 256>;
 
-/// A table that is true for the letters A to Z and a to z, `_` and, where asked for, the digits:
-/// the words of every language here. Bytes above 127 are never part of a word.
+/// Returns a table of the characters that words consist of in every supported language: A to Z, a
+/// to z, `_` and, if `withDigits` is set, the digits. Bytes above 127 are not part of words.
 constexpr ByteTable<bool> MakeWordTable(bool withDigits) {
   ByteTable<bool> table{};
   for (unsigned c = 'A'; c <= 'Z'; ++c) table[c] = true;
@@ -26,7 +26,7 @@ constexpr ByteTable<bool> MakeWordTable(bool withDigits) {
 inline constexpr ByteTable<bool> kLetters = MakeWordTable(false);
 inline constexpr ByteTable<bool> kLettersAndDigits = MakeWordTable(true);
 
-/// Behind the last letter or digit of the word that goes on at `at`.
+/// Returns the end of the run of word characters at `at`.
 inline const unsigned char* EndOfWord(const unsigned char* at, const unsigned char* end) {
   while (at < end && kLettersAndDigits[*at]) ++at;
   return at;

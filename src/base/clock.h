@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The time of day, as the time limits and the timing line count it.
+// The clock of the time limits and of `--time`.
 #pragma once
 
 namespace vexltags {
 
-/// Microseconds since the start of 1970, from the system clock; steps when that clock is set.
+/// Returns the microseconds since the start of 1970. The system clock is not monotonic: the value
+/// jumps when the clock is set.
 long long microseconds();
 
 }  // namespace vexltags

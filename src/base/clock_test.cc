@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the clock against the standard library's own.
+// Compares the clock with that of the standard library.
 #include "base/clock.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The words that are filtered unless the command line adds more.
+// The default filter tokens.
 #include "base/options.h"
 
 namespace vexltags {

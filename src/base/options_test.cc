@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the defaults that hold when the command line says nothing.
+// Tests of the default options.
 #include "base/options.h"
 
 #include <gtest/gtest.h>

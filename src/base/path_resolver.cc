@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Absolute paths of input files without symbolic links.
+// Resolves the folder only when it changes, and checks each file for being a link.
 #include "base/path_resolver.h"
 
 #include <limits.h>
@@ -22,7 +22,7 @@ std::string PathResolver::Resolve(const std::string& path) {
     std::string result = resolved;
     result += name;
     char target;
-    // Only what is there and no link has no target.
+    // EINVAL means that the file exists and is not a link.
     if (result.size() < PATH_MAX && readlink(result.c_str(), &target, 1) < 0 && errno == EINVAL) {
       return result;
     }

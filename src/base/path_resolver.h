@@ -1,26 +1,26 @@
 // SPDX-License-Identifier: MIT
-// Absolute paths of input files without symbolic links.
+// Resolves the paths of input files.
 #pragma once
 
 #include <string>
 
 namespace vexltags {
 
-/// Resolves paths as realpath(3) does. Input files mostly come folder by folder, so the folder of
-/// the last one is remembered: resolving it anew would cost a system call for each component. A
-/// link among the folders that changes in mid-run may therefore go unnoticed.
+/// Resolves paths as realpath(3) does. Inputs are usually grouped by folder, so the last resolved
+/// folder is cached, which saves a system call per path component. A folder link that changes
+/// during the run can therefore go unnoticed.
 class PathResolver {
  public:
-  /// The absolute path of the file at `path` without links, "." and ".."; `path` itself where
-  /// there is no such file.
+  /// Returns the absolute path of the file at `path` without links, "." and "..", or `path` itself
+  /// if the file does not exist.
   std::string Resolve(const std::string& path);
 
  private:
   bool ResolveFolder(const std::string& path);
 
   bool known = false;
-  std::string folder;    ///< As given, with its slash; empty for the working directory.
-  std::string resolved;  ///< The same, resolved, with its slash.
+  std::string folder;    ///< As given, with its trailing slash; empty for the working directory.
+  std::string resolved;  ///< `folder` resolved, with a trailing slash.
 };
 
 }  // namespace vexltags

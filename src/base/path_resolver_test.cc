@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of resolved paths, against realpath(3).
+// Compares resolved paths with realpath(3).
 #include "base/path_resolver.h"
 
 #include <gtest/gtest.h>
@@ -67,7 +67,7 @@ TEST(PathResolver, AgreesWithRealpath) {
   EXPECT_EQ(resolver.Resolve(tooLong), tooLong);
 }
 
-TEST(PathResolver, TakesRelativePathsFromTheWorkingDirectory) {
+TEST(PathResolver, ResolvesRelativePaths) {
   PathResolver resolver;
   EXPECT_EQ(resolver.Resolve("."), RealPath("."));
   for (const fs::directory_entry& entry : fs::directory_iterator(".")) {
@@ -77,7 +77,7 @@ TEST(PathResolver, TakesRelativePathsFromTheWorkingDirectory) {
   }
 }
 
-TEST(PathResolver, SeesThatAFileBecameALink) {
+TEST(PathResolver, NoticesAFileThatBecomesALink) {
   const testing_support::ScratchFolder scratch;
   const fs::path root = scratch.Path();
   std::ofstream(root / "one.c") << "int i;\n";

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Escaping of paths, the home directory, and the making of parent directories.
+// Escapes and abbreviates paths and creates parent directories.
 #include "base/paths.h"
 
 #include <sys/stat.h>
@@ -31,7 +31,7 @@ std::string CanonicalizeHome(const char* path, bool useTilde) {
 }
 
 void MakeParentDirForPathIfNeeded(const std::string& path) {
-  // A slash that opens a component (the root, or a doubled one) ends no parent of its own.
+  // Skips a slash at the start of a component (the root or a doubled slash).
   for (std::size_t slash = path.find('/', 1); slash != std::string::npos;
        slash = path.find('/', slash + 2)) {
     mkdir(path.substr(0, slash).c_str(), 0777);

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
-// Leaf functions on paths: escaping, the home directory, missing parents.
+// Functions on paths: escaping, abbreviating the home directory, creating parent directories.
 #pragma once
 
 #include <string>
 
 namespace vexltags {
 
-/// Accepts the characters that stand escaped in a tags file's path: tab, newline, carriage return,
-/// blank, both quotes, `( ) * < > ? [ \ ] ^`.
+/// Matches the characters that are escaped in the paths of a tags file: tab, newline, carriage
+/// return, blank, both quotes and `( ) * < > ? [ \ ] ^`.
 struct IsPathMeta {
   bool operator()(char c) const;
 };
 
-/// Copies `text` with a backslash before each character that `Predicate` accepts. A backslash in
-/// `text` is copied together with the character behind it, so that nothing is escaped twice.
+/// Returns `text` with a backslash before each character that `Predicate` matches. A backslash in
+/// `text` is copied together with the next character, so nothing is escaped twice.
 template <class Predicate>
 std::string EscapeWithBackslash(const std::string& text) {
   const Predicate isMeta{};
@@ -31,15 +31,15 @@ std::string EscapeWithBackslash(const std::string& text) {
   return result;
 }
 
-/// `EscapeWithBackslash` with `IsPathMeta`: the form in which a path enters a tag line.
+/// Escapes a path for a tag line: `EscapeWithBackslash` with `IsPathMeta`.
 std::string EscapePath(const std::string& path);
 
-/// Writes `~/` for the first `$HOME/` in `path`, wherever it stands, when `useTilde` is set. With
-/// `HOME` unset it says so on standard error and returns `path`.
+/// If `useTilde` is set, returns `path` with the first `$HOME/` at any position replaced by `~/`.
+/// If `HOME` is not set, reports that to standard error and returns `path`.
 std::string CanonicalizeHome(const char* path, bool useTilde);
 
-/// Makes every parent directory that `path` names, with mode 0777 less the umask. Reports nothing:
-/// a parent that could not be made shows when the file itself is opened.
+/// Creates the missing parent directories of `path`, with mode 0777 less the umask. Does not report
+/// errors: opening the file then fails.
 void MakeParentDirForPathIfNeeded(const std::string& path);
 
 }  // namespace vexltags

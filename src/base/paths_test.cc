@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of escaping, of the home directory and of the making of parents.
+// Tests of the functions on paths.
 #include "base/paths.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(IsPathMeta, AcceptsExactlySixteenCharacters) {
+TEST(IsPathMeta, MatchesExactlySixteenCharacters) {
   const std::string meta = "\t\n\r \"'()*<>?[\\]^";
   ASSERT_EQ(meta.size(), 16U);
   for (int c = 0; c < 256; ++c) {
@@ -49,7 +49,7 @@ struct IsX {
   bool operator()(char c) const { return c == 'x'; }
 };
 
-TEST(EscapeWithBackslash, AsksItsPredicate) {
+TEST(EscapeWithBackslash, UsesItsPredicate) {
   EXPECT_EQ(EscapeWithBackslash<IsX>("ax x\\xb"), "a\\x \\x\\xb");
 }
 
@@ -66,7 +66,7 @@ class HomeGuard {
   std::optional<std::string> saved;
 };
 
-TEST(CanonicalizeHome, ReplacesTheFirstHomeAnywhere) {
+TEST(CanonicalizeHome, ReplacesTheFirstOccurrence) {
   const struct {
     const char* home;
     const char* path;
@@ -90,7 +90,7 @@ TEST(CanonicalizeHome, ReplacesTheFirstHomeAnywhere) {
   }
 }
 
-TEST(CanonicalizeHome, ReportsAnUnsetHomeWhenItIsNeeded) {
+TEST(CanonicalizeHome, ReportsAnUnsetHomeIfNeeded) {
   const HomeGuard guard(nullptr);
   testing::internal::CaptureStderr();
   EXPECT_EQ(CanonicalizeHome("/a/b", false), "/a/b");
@@ -118,13 +118,13 @@ class MakeParents : public testing::Test {
   fs::path original;
 };
 
-TEST_F(MakeParents, MakesEachParentAndNotTheFile) {
+TEST_F(MakeParents, CreatesTheParentsButNotTheFile) {
   MakeParentDirForPathIfNeeded(root.string() + "/a/b/tags");
   EXPECT_TRUE(fs::is_directory(root / "a" / "b"));
   EXPECT_FALSE(fs::exists(root / "a" / "b" / "tags"));
 }
 
-TEST_F(MakeParents, TakesRelativeAndOddPaths) {
+TEST_F(MakeParents, AcceptsRelativeAndUnnormalizedPaths) {
   MakeParentDirForPathIfNeeded("a/b/c/tags");
   EXPECT_TRUE(fs::is_directory(root / "a" / "b" / "c"));
   MakeParentDirForPathIfNeeded("d//e/tags");
@@ -133,12 +133,12 @@ TEST_F(MakeParents, TakesRelativeAndOddPaths) {
   EXPECT_TRUE(fs::is_directory(root / "x" / "y"));
 }
 
-TEST_F(MakeParents, MakesNothingWithoutAParent) {
+TEST_F(MakeParents, DoesNothingWithoutAParent) {
   for (const char* path : {"", "/", "tags", "/tags", "//tags"}) MakeParentDirForPathIfNeeded(path);
   EXPECT_TRUE(fs::is_empty(root));
 }
 
-TEST_F(MakeParents, LeavesWhatExistsAndStaysSilent) {
+TEST_F(MakeParents, KeepsExistingFilesAndReportsNothing) {
   fs::create_directory(root / "a");
   std::ofstream(root / "file") << "kept";
   testing::internal::CaptureStderr();
@@ -149,7 +149,7 @@ TEST_F(MakeParents, LeavesWhatExistsAndStaysSilent) {
   EXPECT_EQ(fs::file_size(root / "file"), 4U);
 }
 
-TEST_F(MakeParents, LeavesTheModeToTheUmask) {
+TEST_F(MakeParents, AppliesTheUmask) {
   const mode_t old = umask(027);
   MakeParentDirForPathIfNeeded("m/tags");
   umask(old);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Suffix test, replacement and white space, by plain walks over the characters.
+// Implements the functions on strings by simple loops over the characters.
 #include "base/text.h"
 
 #include <algorithm>

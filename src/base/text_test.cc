@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the leaf functions on strings.
+// Tests of the functions on strings.
 #include "base/text.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 namespace vexltags {
 namespace {
 
-TEST(EndsWith, ComparesTheLastCharacters) {
+TEST(EndsWith, ComparesTheSuffix) {
   const struct {
     const char* text;
     const char* suffix;
@@ -42,7 +42,7 @@ struct Replacement {
   const char* expected;
 };
 
-TEST(ReplaceFirst, ReplacesOneOccurrenceAnywhere) {
+TEST(ReplaceFirst, ReplacesOneOccurrence) {
   const Replacement cases[] = {
       {"abcabc", "abc", "x", "xabc"}, {"zabc", "abc", "", "z"}, {"abc", "x", "y", "abc"},
       {"abc", "", "x", "xabc"},       {"", "", "x", "x"},       {"", "a", "x", ""},
@@ -70,7 +70,7 @@ TEST(ReplaceAll, ReplacesEachOccurrenceOnce) {
   }
 }
 
-TEST(HasWhitespace, KnowsTheFourKinds) {
+TEST(HasWhitespace, RecognizesFourCharacters) {
   for (const char* text : {" ", "a b", "a\tb", "a\nb", "ab\r"})
     EXPECT_TRUE(HasWhitespace(text)) << text;
   for (const char* text : {"", "ab", "a\vb", "a\fb", "\x01", "\xa0"}) {
@@ -79,7 +79,7 @@ TEST(HasWhitespace, KnowsTheFourKinds) {
   EXPECT_FALSE(HasWhitespace({"a\0b", 3}));
 }
 
-TEST(CollapseWhitespace, MakesOneSeparatorOfEachRun) {
+TEST(CollapseWhitespace, ReplacesEachRunByOneSeparator) {
   const struct {
     const char* text;
     const char* separator;
@@ -93,7 +93,7 @@ TEST(CollapseWhitespace, MakesOneSeparatorOfEachRun) {
   for (const auto& c : cases) EXPECT_EQ(CollapseWhitespace(c.text, c.separator), c.expected);
 }
 
-TEST(CollapseWhitespace, KeepsBytesBeyondAscii) {
+TEST(CollapseWhitespace, KeepsNonAsciiBytes) {
   EXPECT_EQ(CollapseWhitespace("\xc3\xa4 \xff\xa0", " "), "\xc3\xa4 \xff\xa0");
   EXPECT_EQ(CollapseWhitespace(std::string("a\0 b", 4), " "), std::string("a\0 b", 4));
 }

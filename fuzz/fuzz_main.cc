@@ -8,6 +8,6 @@
 #include "grammars/main_recognizer.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vexltags::fuzz::RunFromMemory(vexltags::RunMain, data, size);
+  vexltags::fuzz::RunFromMemory(vexltags::NewMainReader, data, size);
   return 0;
 }

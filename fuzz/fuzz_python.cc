@@ -8,6 +8,6 @@
 #include "grammars/python_recognizer.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vexltags::fuzz::RunFromMemory(vexltags::RunPython, data, size);
+  vexltags::fuzz::RunFromMemory(vexltags::NewPythonReader, data, size);
   return 0;
 }

@@ -8,6 +8,6 @@
 #include "grammars/swift_recognizer.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vexltags::fuzz::RunFromMemory(vexltags::RunSwift, data, size);
+  vexltags::fuzz::RunFromMemory(vexltags::NewSwiftReader, data, size);
   return 0;
 }

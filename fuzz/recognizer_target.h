@@ -6,26 +6,23 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <memory>
 #include <vector>
 
 #include "base/options.h"
-#include "engine/recognizer.h"
+#include "engine/language_reader.h"
 #include "engine/stack_guard.h"
 #include "output/dumper.h"
 
 namespace vexltags::fuzz {
 
-/// A function that runs a grammar on a file.
-using RunGrammar = RecognizerCounts (*)(pANTLR3_INPUT_STREAM, const Options&, Dumper&,
-                                        const std::string&);
-
-/// Runs a grammar on a file that contains the `size` bytes at `data`. The recognisers are reused
-/// for the next input, as in a run over many files. Traps if a tag line is malformed.
-inline void RunFromMemory(RunGrammar run, const std::uint8_t* data, std::size_t size) {
+/// Runs the reader that `newReader` makes on a file that contains the `size` bytes at `data`. The
+/// reader is kept for the next input, as in a run over many files. Traps if a tag line is malformed.
+inline void RunFromMemory(NewLanguageReader newReader, const std::uint8_t* data, std::size_t size) {
   static std::vector<ANTLR3_UINT8> bytes;
   static std::vector<ANTLR3_UINT8> name = {'i', 'n', 'p', 'u', 't', 0};
   static pANTLR3_INPUT_STREAM input = nullptr;
+  static std::unique_ptr<LanguageReader> reader;
   static const Options options;
 
   // Exactly as large as the input, so that the sanitizer reports any read past its end.
@@ -34,6 +31,7 @@ inline void RunFromMemory(RunGrammar run, const std::uint8_t* data, std::size_t 
   const auto length = static_cast<ANTLR3_UINT32>(size);
   if (input == nullptr) {
     input = antlr3StringStreamNew(bytes.data(), ANTLR3_ENC_8BIT, length, name.data());
+    reader = newReader(input);
   } else {
     input->strFactory->close(input->strFactory);
     input->strFactory = antlr3StringFactoryNew(ANTLR3_ENC_8BIT);
@@ -45,7 +43,7 @@ inline void RunFromMemory(RunGrammar run, const std::uint8_t* data, std::size_t 
   constexpr std::size_t kStack = std::size_t{6} << 20;
   stackLimit = static_cast<const char*>(__builtin_frame_address(0)) - kStack;
   Dumper dumper;
-  run(input, options, dumper, "input");
+  reader->Run(options, dumper, "input", nullptr);
   for (const std::string& line : dumper.Lines()) {
     const bool isLine = line.size() > 2 && line.back() == '\n' && line.find('\t') < line.size();
     if (!isLine) __builtin_trap();

@@ -23,6 +23,8 @@ struct Options {
   bool time = false;                           ///< Print the time that each file took.
   bool debugDumpFilesWithHugeOutput = false;   ///< Warn at the 10000th declaration of a file.
   bool checkForFilesWithAbortedParse = false;  ///< Report files whose tags stop early.
+  bool thorough = false;                       ///< Find what the grammars alone would miss.
+  std::vector<std::string> macroPaths;         ///< Files and folders to learn macros from.
 
   /// Sets the defaults above and the built-in list of filter tokens.
   Options();

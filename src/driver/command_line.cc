@@ -17,6 +17,7 @@ namespace {
 /// How an argument that begins with a row's spelling is taken.
 enum class Take : std::uint8_t {
   kFlag,     ///< Sets `flag`.
+  kSwitch,   ///< Sets `flag` too, but only for an argument that is the spelling and no more.
   kYesNo,    ///< Sets `flag`, or clears it for "=no".
   kSeconds,  ///< Stores the number behind `=` in `limit`.
   kWord,     ///< Calls `action` with the argument itself.
@@ -37,6 +38,8 @@ struct Row {
 };
 
 Row Flag(const char* spelling, bool Options::*flag) { return {{spelling}, Take::kFlag, flag}; }
+
+Row Switch(const char* spelling, bool Options::*flag) { return {{spelling}, Take::kSwitch, flag}; }
 
 Row YesNo(const char* spelling, bool Options::*flag) { return {{spelling}, Take::kYesNo, flag}; }
 
@@ -118,6 +121,11 @@ ScanResult SetOutputFile(CommandLine& commandLine, const std::string& value) {
   return ScanResult::kRun;
 }
 
+ScanResult AddMacroPath(CommandLine& commandLine, const std::string& arg) {
+  commandLine.options.macroPaths.push_back(arg.substr(arg.find('=') + 1));
+  return ScanResult::kRun;
+}
+
 ScanResult SayIgnored(CommandLine&, const std::string&) {
   std::puts("--exclude directive ignored");
   return ScanResult::kRun;
@@ -130,8 +138,8 @@ ScanResult AddInputPath(CommandLine& commandLine, const std::string& arg) {
 }
 
 /// The options in the order of comparison: an argument belongs to the first row with a spelling
-/// that it begins with. So a longer name stands above its own beginning, and the row that takes
-/// everything, input paths included, comes last.
+/// that it begins with, or, for a switch, that it is. So a longer name stands above its own
+/// beginning, and the row that takes everything, input paths included, comes last.
 const std::vector<Row>& Table() {
   static const std::vector<Row> rows = {
       Word({"-h", "--help"}, ShowUsage),
@@ -155,9 +163,15 @@ const std::vector<Row>& Table() {
       Ignored("--c-kinds"),
       Ignored("--excmd=number"),
       Ignored("--language-force"),
+      Switch("--thorough", &Options::thorough),
+      Word({"--macros="}, AddMacroPath),
       Word({""}, AddInputPath),
   };
   return rows;
+}
+
+bool Matches(const Row& row, const std::string& arg, const std::string& spelling) {
+  return row.take == Take::kSwitch ? arg == spelling : MatchArg(arg, spelling);
 }
 
 /// The first row that `arg` belongs to, with the spelling that it begins with.
@@ -167,7 +181,7 @@ std::pair<const Row*, const std::string*> FindRow(const std::string& arg) {
   for (auto it = Table().begin(); spelling == nullptr; ++it) {
     row = &*it;
     for (const std::string& candidate : row->spellings) {
-      if (spelling == nullptr && MatchArg(arg, candidate)) spelling = &candidate;
+      if (spelling == nullptr && Matches(*row, arg, candidate)) spelling = &candidate;
     }
   }
   return {row, spelling};
@@ -224,6 +238,7 @@ ScanResult ScanCommandLine(const std::vector<std::string>& arguments, CommandLin
     double seconds = 0;
     switch (row->take) {
       case Take::kFlag:
+      case Take::kSwitch:
         MatchArg(*arg, *spelling, options.*row->flag);
         break;
       case Take::kYesNo:

@@ -144,7 +144,9 @@ TEST(ScanCommandLine, ComparesInThisOrder) {
                             "--exclude",
                             "--c-kinds",
                             "--excmd=number",
-                            "--language-force"};
+                            "--language-force",
+                            "--thorough",
+                            "--macros="};
   EXPECT_EQ(OptionSpellings(), expected);
 }
 
@@ -402,6 +404,24 @@ TEST(ScanCommandLine, StopsAtTheFirstBadArgument) {
 TEST(ScanCommandLine, AsksForTheOutputFileOnlyWhenAppendStaysOn) {
   EXPECT_FALSE(Accepted({"--append", "--append=no", "a.c"}).options.append);
   EXPECT_TRUE(Accepted({"--append", "a.c", "-f", "tags"}).options.append);
+}
+
+TEST(ScanCommandLine, TakesThoroughInItsExactSpellingOnly) {
+  EXPECT_FALSE(Accepted({"a.c"}).options.thorough);
+  EXPECT_TRUE(Accepted({"--thorough", "a.c"}).options.thorough);
+  for (const char* path : {"--thoroughly", "--thorough=yes", "--thorough ", "--thoroug"}) {
+    const CommandLine line = Accepted({path});
+    EXPECT_FALSE(line.options.thorough) << path;
+    EXPECT_EQ(line.inputPaths, Strings{path});
+  }
+}
+
+TEST(ScanCommandLine, GathersMacroPaths) {
+  EXPECT_EQ(Accepted({"a.c"}).options.macroPaths, Strings{});
+  const CommandLine line = Accepted({"--macros=include", "a.c", "--macros=x=y.h"});
+  EXPECT_EQ(line.options.macroPaths, (Strings{"include", "x=y.h"}));
+  EXPECT_EQ(line.inputPaths, Strings{"a.c"});
+  EXPECT_EQ(Accepted({"--macros"}).inputPaths, Strings{"--macros"});
 }
 
 }  // namespace

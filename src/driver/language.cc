@@ -12,10 +12,10 @@ namespace {
 
 /// In the order of the tests; the last row takes what no other took.
 constexpr Language kLanguages[] = {
-    {".py", "Python", RunPython},
-    {".pyx", "Python", RunPython},
-    {".swift", "Swift", RunSwift},
-    {"", "C family", RunMain},
+    {".py", "Python", NewPythonReader, &thorough::Session::Python},
+    {".pyx", "Python", NewPythonReader, &thorough::Session::Python},
+    {".swift", "Swift", NewSwiftReader, &thorough::Session::Swift},
+    {"", "C family", NewMainReader, &thorough::Session::CFamily},
 };
 
 }  // namespace

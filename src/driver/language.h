@@ -2,13 +2,10 @@
 // The languages that are built in, and which file is of which.
 #pragma once
 
-#include <antlr3.h>
-
 #include <string>
 
-#include "base/options.h"
-#include "engine/recognizer.h"
-#include "output/dumper.h"
+#include "engine/language_reader.h"
+#include "thorough/session.h"
 
 namespace vexltags {
 
@@ -16,8 +13,9 @@ namespace vexltags {
 struct Language {
   const char* suffix;  ///< Exact end of the path; empty for the row that takes everything else.
   const char* name;
-  RecognizerCounts (*run)(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
-                          const std::string& stored);
+  NewLanguageReader newReader;
+  /// What gives a file its reading for `--thorough`; null for a language that has none.
+  Reading* (thorough::Session::*reading)(const std::string& path) = nullptr;
 };
 
 /// The language of a file, by the end of its path as it was given, exact and case-sensitive. What

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Indexes one file: path, language by suffix, recogniser, reports.
+// Indexes files, one by one: path, language by suffix, recogniser, reports.
 #include "driver/process.h"
 
 #include <sys/stat.h>
@@ -12,24 +12,10 @@
 #include <antlr3.h>
 
 #include "base/clock.h"
-#include "base/path_resolver.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "driver/language.h"
-#include "driver/source_file.h"
 
 namespace vexltags {
-namespace {
-
-/// The path as tags name it, and as files are opened by it. Keeps what was given when the file
-/// cannot be resolved, so that a half-resolved prefix is never indexed by mistake.
-std::string ResolvePath(const std::string& path) {
-  static PathResolver resolver;  // One for the run: it remembers the folder of the last file.
-  return path.empty() ? "<stdin>" : resolver.Resolve(path);
-}
-
-}  // namespace
-
 void LastLineObserver::operator()(const std::string& line) {
   if (line.empty() || line[0] == '!') return;
   const std::size_t semicolon = line.find(';');
@@ -45,15 +31,26 @@ void LastLineObserver::operator()(const std::string& line) {
   if (number > *lastLine) *lastLine = static_cast<std::int32_t>(number);
 }
 
-int Process(const std::string& path, const Options& options, Dumper& dumper) {
-  const std::string resolved = ResolvePath(path);
+Indexer::Indexer(const Options& options, const std::vector<std::string>& paths) : options(options) {
+  if (options.thorough) session.emplace(options, paths);
+}
+
+LanguageReader& Indexer::ReaderOf(const Language& language) {
+  for (const auto& [newReader, reader] : readers) {
+    if (newReader == language.newReader) return *reader;
+  }
+  readers.emplace_back(language.newReader, language.newReader(source.Input()));
+  return *readers.back().second;
+}
+
+int Indexer::Process(const std::string& path, Dumper& dumper) {
+  const std::string resolved = path.empty() ? "<stdin>" : resolver.Resolve(path);
   const std::string stored =
       EscapePath(CanonicalizeHome(resolved.c_str(), options.cannonicalPaths));
   if (path.empty()) {
     std::fputs("reading from stdin not yet implemented\n", stderr);
     return -1;
   }
-  static SourceFile source;  // One for the run: its buffer and its recognisers are used again.
   if (!source.Read(resolved)) {
     struct stat status;
     const bool isThere = stat(resolved.c_str(), &status) == 0;
@@ -65,8 +62,12 @@ int Process(const std::string& path, const Options& options, Dumper& dumper) {
   std::int32_t lastLine = -1;
   if (options.checkForFilesWithAbortedParse) dumper.SetPrintObserver(LastLineObserver{&lastLine});
 
+  const Language& language = LanguageOf(path);
+  Reading* const reading =
+      session && language.reading ? (*session.*language.reading)(path) : nullptr;
+
   const long long start = microseconds();
-  const RecognizerCounts counts = LanguageOf(path).run(source.Input(), options, dumper, stored);
+  const RecognizerCounts counts = ReaderOf(language).Run(options, dumper, stored, reading);
   const long long end = microseconds();
   if (options.time) {
     std::printf("Time: %lldus\n", end - start);

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Tests of the observer that finds the last tagged line.
+// Tests of the observer that finds the last tagged line, and of indexing file after file.
 #include "driver/process.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "testing/scratch.h"
 
 namespace vexltags {
 namespace {
@@ -35,6 +40,46 @@ TEST(LastLineObserver, TakesNoNumberFromWhatIsNoTagLine) {
 
 TEST(LastLineObserver, TakesNothingBetweenTabAndSemicolonAsZero) {
   EXPECT_EQ(LastLineOf({"a\tf\t;\"\n"}), 0);
+}
+
+/// The names of the tags that one `Indexer` finds in files of these names and texts.
+std::vector<std::string> NamesIn(const std::vector<std::pair<std::string, std::string>>& files,
+                                 bool thorough) {
+  const testing_support::ScratchFolder scratch;
+  Options options;
+  options.sort = 0;
+  options.thorough = thorough;
+  Dumper dumper;
+  Indexer indexer(options, {});
+  for (const auto& [name, text] : files) {
+    const std::string path = scratch.Path(name);
+    testing_support::WriteFile(path, text);
+    EXPECT_EQ(indexer.Process(path, dumper), 0) << name;
+  }
+  std::vector<std::string> names;
+  for (const std::string_view line : dumper.Lines()) {
+    names.emplace_back(line.substr(0, line.find('\t')));
+  }
+  return names;
+}
+
+using Names = std::vector<std::string>;
+
+TEST(Indexer, KeepsTheFilesOfARunApart) {
+  const std::pair<std::string, std::string> c = {"a.c", "namespace open { int in;"};
+  const std::pair<std::string, std::string> python = {"b.py", "class C:\n  def f(): pass\n"};
+  const std::pair<std::string, std::string> other = {"d.c", "int out;\n"};
+  EXPECT_EQ(NamesIn({c, python, other, python, c}, false),
+            (Names{"open", "in", "C", "f", "out", "C", "f", "open", "in"}));
+}
+
+TEST(Indexer, ResumesAfterAStrayTokenOnlyWhenThorough) {
+  const std::pair<std::string, std::string> c = {"a.c", "int a;\n)\nint b;\n) ) int c;\n"};
+  EXPECT_EQ(NamesIn({c}, false), Names{"a"});
+  EXPECT_EQ(NamesIn({c}, true), (Names{"a", "b", "c"}));
+  const std::pair<std::string, std::string> swift = {"a.swift", "let a = 1\n)\nfunc b() {}\n"};
+  EXPECT_EQ(NamesIn({swift}, false), Names{"a"});
+  EXPECT_EQ(NamesIn({swift}, true), (Names{"a", "b()"}));
 }
 
 }  // namespace

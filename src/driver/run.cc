@@ -9,10 +9,12 @@
 #include <cstdio>
 #include <new>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "driver/command_line.h"
 #include "driver/input_list.h"
+#include "driver/process.h"
 
 namespace vexltags {
 namespace {
@@ -44,12 +46,12 @@ void FillStandardStreams() {
 
 /// Indexes all paths in order. Returns 0 if at least one succeeded, else the result of the last.
 int IndexFiles(const std::vector<std::string>& paths, const Options& options, Dumper& dumper,
-               FileIndexer indexFile) {
+               const FileIndexer& indexFile) {
   bool anySucceeded = false;
   int result = 0;
   for (const std::string& path : paths) {
     if (options.debugDumpFilenames) std::fprintf(stderr, "Indexing: %s\n", path.c_str());
-    result = indexFile(path, options, dumper);
+    result = indexFile(path, dumper);
     if (result == 0) anySucceeded = true;
   }
   return anySucceeded ? 0 : result;
@@ -80,11 +82,17 @@ int RunToStatus(const std::vector<std::string>& arguments, FileIndexer indexFile
     ReadInputList(commandLine.listPath, options.debugDumpFilenames, paths);
   }
 
+  Indexer indexer(options, paths);
+  if (!indexFile) {
+    indexFile = [&indexer](const std::string& path, Dumper& sink) {
+      return indexer.Process(path, sink);
+    };
+  }
   Dumper dumper;
   if (commandLine.hasOutputFile) dumper.SetOutput(commandLine.outputPath);
   // Without any path, the one empty path makes the indexer say that there is nothing to read.
-  const int status = paths.empty() ? indexFile("", options, dumper)
-                                   : IndexFiles(paths, options, dumper, indexFile);
+  const int status =
+      paths.empty() ? indexFile("", dumper) : IndexFiles(paths, options, dumper, indexFile);
   return status == 0 ? dumper.Dump(options) : status;
 }
 
@@ -95,7 +103,7 @@ int Run(int argc, const char* const* argv, FileIndexer indexFile) {
   FillStandardStreams();
   std::set_new_handler(EndWithoutMemory);
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-  return FinishStandardOutput(RunToStatus(arguments, indexFile));
+  return FinishStandardOutput(RunToStatus(arguments, std::move(indexFile)));
 }
 
 }  // namespace vexltags

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 Strings indexedPaths;
 
 /// Gives one tag named after each path that begins with "good"; fails with minus its length else.
-int FakeProcess(const std::string& path, const Options&, Dumper& dumper) {
+int FakeProcess(const std::string& path, Dumper& dumper) {
   indexedPaths.push_back(path);
   if (!path.starts_with("good")) return -static_cast<int>(path.size());
   dumper.Print(path + "\tfile\t1;\"\tf\n");

@@ -6,6 +6,13 @@
 
 namespace vexltags {
 
+pANTLR3_BITSET_LIST FollowStack::AllTypes() {
+  static ANTLR3_BITWORD words[kWords] = {~ANTLR3_BITWORD{0}, ~ANTLR3_BITWORD{0},
+                                         ~ANTLR3_BITWORD{0}};
+  static ANTLR3_BITSET_LIST set = {words, kWords};
+  return &set;
+}
+
 FollowStack::Union FollowStack::All() {
   if (size == 0) return {};
   if (made.size() < size) made.resize(std::max(size, 2 * made.size()));

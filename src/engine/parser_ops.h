@@ -140,6 +140,29 @@ class RuleMemo {
   bool repeated = false;
 };
 
+/// How a speculative parse of one item went.
+struct ItemTrial {
+  bool parses;  ///< The whole item parsed.
+  bool begins;  ///< Its first token matched, if nothing more.
+};
+
+/// Parses one item from the current token on by its rule `item`, with actions off, and goes back.
+template <class Context, class Rule>
+ItemTrial TryOneItem(Context* ctx, Rule item) {
+  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
+  const std::size_t token = PositionOf(ctx);
+  const ANTLR3_BOOLEAN inRecovery = state->errorRecovery;
+  state->errorRecovery = ANTLR3_TRUE;  // Cleared by the first token that matches.
+  state->backtracking++;
+  item(ctx);
+  const ItemTrial result = {!state->failed, state->errorRecovery == ANTLR3_FALSE};
+  SeekTo(ctx, token);
+  state->backtracking--;
+  state->failed = ANTLR3_FALSE;
+  state->errorRecovery = inRecovery;
+  return result;
+}
+
 /// Asks a predicate of a lexer: the same without keeping, since a lexer asks once per character.
 template <class Context>
 ANTLR3_BOOLEAN RunLexerTrial(Context* ctx, void (*fragment)(Context*)) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Owns the lexer, token stream and parser of one grammar and runs them over one file.
+// Owns the lexer, token stream and parser of one grammar and runs them over file after file.
 #pragma once
 
 #include <antlr3.h>
@@ -9,7 +9,11 @@
 
 #include "base/options.h"
 #include "engine/error_recovery.h"
+#include "engine/grammar_items.h"
+#include "engine/language_reader.h"
 #include "engine/loop_runs.h"
+#include "engine/parser_ops.h"
+#include "engine/reading.h"
 #include "engine/token_feed.h"
 #include "engine/token_stream.h"
 #include "engine/token_table.h"
@@ -18,21 +22,16 @@
 
 namespace vexltags {
 
-/// How many errors the two recognisers of a file counted.
-struct RecognizerCounts {
-  unsigned lexerErrors = 0;
-  unsigned parserErrors = 0;
-};
-
 /// The lexer and parser of one grammar with what they read and remember. Made for one input stream
-/// and used again for each file that the stream is given.
+/// and used again for each file that the stream is given, but for a plain build.
 ///
 /// `Grammar` names the generated types and functions:
 /// - the types Lexer, Parser, Builder (the tag builder) and FileState (what lexer and parser share
-/// for
-///   one file);
+///   for one file);
 /// - NewLexer(input) and NewParser(tokens), the generated constructors, null on lack of memory;
 /// - Start(parser), which calls the start rule;
+/// - ReadItems(parser) and ReadItem(parser), which call the rules of a run of items and of one, and
+///   TryItem(parser), which calls `NAMETryItem` (trials.cc.in);
 /// - Attach(lexer), which sets what else the lexer's context holds, for a new file;
 /// - kFiltersTokens: whether the words of `-I` go into the file's filter set;
 /// - kKeepsNeighbours: whether the parser asks what stands beside a token;
@@ -57,19 +56,47 @@ class Recognizers {
 
   /// False when the runtime had no memory for them.
   bool AreComplete() const { return parser != nullptr; }
-  /// True when they were made for `stream` and can read its present file as new ones would.
-  bool CanReuse(pANTLR3_INPUT_STREAM stream) const {
-#ifdef VEXLTAGS_PLAIN
-    static_cast<void>(stream);
-    return false;
-#else
-    return stream == input;
+  /// Runs the grammar over the file that the stream has now, or lets `reading` run it, if not null.
+  RecognizerCounts Run(const Options& options, typename Grammar::FileState& fileState,
+                       typename Grammar::Builder& builder, Reading* reading) {
+#ifndef VEXLTAGS_PLAIN
+    if (reading != nullptr) return RunBy(*reading, options, fileState, builder);
 #endif
+    ReadTokens(options, fileState, builder);
+    Grammar::Start(parser.get());
+    return Counts();
   }
 
-  /// Runs the grammar over the file that the stream has now.
-  RecognizerCounts Run(const Options& options, typename Grammar::FileState& fileState,
-                       typename Grammar::Builder& builder) {
+ private:
+  struct Free {
+    template <class Recognizer>
+    void operator()(Recognizer* recognizer) const {
+      recognizer->free(recognizer);
+    }
+  };
+
+  template <class Base>
+  static pANTLR3_RECOGNIZER_SHARED_STATE State(Base* base) {
+    return base->rec->state;
+  }
+
+#ifndef VEXLTAGS_PLAIN
+  RecognizerCounts RunBy(Reading& reading, const Options& options,
+                         typename Grammar::FileState& fileState,
+                         typename Grammar::Builder& builder) {
+    reading.PrepareText(input);
+    ReadTokens(options, fileState, builder);
+    reading.PrepareTokens(*table);
+    GrammarItems<Grammar> items(parser.get());
+    reading.Parse(items);
+    return Counts();
+  }
+#endif
+
+  /// Makes everything ready for the file and reads it as tokens; the parser gets the first one
+  /// after that.
+  void ReadTokens(const Options& options, typename Grammar::FileState& fileState,
+                  typename Grammar::Builder& builder) {
     Reset();
     if (!options.dumpErrors) {
       SilenceErrors(lexer->pLexer->rec);
@@ -86,8 +113,6 @@ class Recognizers {
         fileState.filterTokens.insert(word.c_str());
       }
     }
-
-    // The whole file is read as tokens before the parser gets the first one.
 #ifdef VEXLTAGS_PLAIN
     parser->tokens = nullptr;
     parser->follows = nullptr;
@@ -96,24 +121,13 @@ class Recognizers {
     parser->tokens = table.get();
     parser->follows = &tokens->Follows();
     RecoverByFollowStack(parser->pParser->rec, !options.dumpErrors);
-    // A scanner has no words for an error, so where errors are shown the generated lexer reads all.
+    // A scanner cannot report errors, so where they are shown the generated lexer reads everything.
     FillTokenTable(lexer->pLexer, options.dumpErrors ? nullptr : Grammar::Scan, *table);
 #endif
-    Grammar::Start(parser.get());
-    return {State(lexer->pLexer)->errorCount, State(parser->pParser)->errorCount};
   }
 
- private:
-  struct Free {
-    template <class Recognizer>
-    void operator()(Recognizer* recognizer) const {
-      recognizer->free(recognizer);
-    }
-  };
-
-  template <class Base>
-  static pANTLR3_RECOGNIZER_SHARED_STATE State(Base* base) {
-    return base->rec->state;
+  RecognizerCounts Counts() const {
+    return {State(lexer->pLexer)->errorCount, State(parser->pParser)->errorCount};
   }
 
   void Reset() {
@@ -142,25 +156,31 @@ class Recognizers {
       parser;  ///< Freed first: it stands on the others.
 };
 
-/// Runs `Grammar` over `input`, from its start rule on. Tags go to `dumper`. `stored` is the file's
-/// path as it goes into tags. A syntax error is no failure: the counts in the result are its only
-/// trace. The recognisers are kept for the next call with the same input stream.
+/// Reads files by `Grammar`. The recognisers are kept for the next file.
 template <class Grammar>
-RecognizerCounts RunRecognizer(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
-                               const std::string& stored) {
-  static std::unique_ptr<Recognizers<Grammar>> kept;
-  typename Grammar::Builder builder(options, dumper, stored);
-  typename Grammar::FileState fileState(stored, options.reportIfLonger, options.abortIfLonger);
-  // Recognisers that show errors keep their records, and are not used for a file that shows none.
-  if (!kept || options.dumpErrors || !kept->CanReuse(input)) {
-    kept = std::make_unique<Recognizers<Grammar>>(input);
+class GrammarReader final : public LanguageReader {
+ public:
+  /// Reads what `stream` holds, which must outlive the reader.
+  explicit GrammarReader(pANTLR3_INPUT_STREAM stream) : input(stream) {}
+
+  RecognizerCounts Run(const Options& options, Dumper& dumper, const std::string& stored,
+                       Reading* reading) override {
+    typename Grammar::Builder builder(options, dumper, stored);
+    typename Grammar::FileState fileState(stored, options.reportIfLonger, options.abortIfLonger);
+    // Recognisers that show errors keep their records, and are not used for a file that shows none.
+    if (!kept || options.dumpErrors) kept = std::make_unique<Recognizers<Grammar>>(input);
+    RecognizerCounts counts;
+    if (kept->AreComplete()) counts = kept->Run(options, fileState, builder, reading);
+    // The tables of a large file are not worth their memory.
+    constexpr ANTLR3_UINT32 kLargeFile = 1 << 22;
+    const bool isLarge = input->sizeBuf > kLargeFile;
+    if (!kReadsTable || options.dumpErrors || isLarge) kept.reset();
+    return counts;
   }
-  RecognizerCounts counts;
-  if (kept->AreComplete()) counts = kept->Run(options, fileState, builder);
-  // The tables of a large file are not worth their memory.
-  constexpr ANTLR3_UINT32 kLargeFile = 1 << 22;
-  if (options.dumpErrors || input->sizeBuf > kLargeFile) kept.reset();
-  return counts;
-}
+
+ private:
+  pANTLR3_INPUT_STREAM input;
+  std::unique_ptr<Recognizers<Grammar>> kept;
+};
 
 }  // namespace vexltags

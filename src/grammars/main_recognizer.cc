@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
-// Runs the grammar of C, C++ and Objective-C over one file: the one place that sees its generated
-// names.
+// Runs the grammar of C, C++ and Objective-C: the one place that sees its generated names.
 #include "grammars/main_recognizer.h"
 
 #include "cfamily/directives.h"
 #include "cfamily/main_scanner.h"
 #include "cfamily/main_tokens.h"
 #include "cfamily/vexl_tags_parser.h"
+#include "engine/recognizer.h"
 
 // Last: these headers define every token name as a macro.
 #include "mainLexer.h"
 #include "mainParser.h"
+
+vexltags::ItemTrial mainTryItem(void* parser);  // In main_trials.cc.
 
 // The scanner's numbers are the vocabulary's.
 static_assert(RCURLY == vexltags::kMainRCurly && LCURLY == vexltags::kMainLCurly &&
@@ -47,6 +49,9 @@ struct MainGrammar {
     lexer->conditionals = &conditionals;
   }
   static void Start(pmainParser parser) { parser->inputStream(parser); }
+  static void ReadItems(pmainParser parser) { parser->inputTokens(parser); }
+  static void ReadItem(pmainParser parser) { parser->inputToken1(parser); }
+  static ItemTrial TryItem(pmainParser parser) { return mainTryItem(parser); }
 
   /// What the lexer has learned of the file's conditionals.
   ConditionalMemo conditionals;
@@ -54,9 +59,8 @@ struct MainGrammar {
 
 }  // namespace
 
-RecognizerCounts RunMain(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
-                         const std::string& stored) {
-  return RunRecognizer<MainGrammar>(input, options, dumper, stored);
+std::unique_ptr<LanguageReader> NewMainReader(pANTLR3_INPUT_STREAM input) {
+  return std::make_unique<GrammarReader<MainGrammar>>(input);
 }
 
 }  // namespace vexltags

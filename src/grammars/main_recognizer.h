@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Runs the grammar of C, C++ and Objective-C over one file.
+// The reader of C, C++ and Objective-C.
 #pragma once
 
-#include <string>
-
-#include "engine/recognizer.h"
+#include "engine/language_reader.h"
 
 namespace vexltags {
 
-/// Indexes `input` as C, C++ or Objective-C, which share one grammar; see `RunRecognizer`.
-RecognizerCounts RunMain(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
-                         const std::string& stored);
+/// Makes a reader of C, C++ and Objective-C, which share one grammar.
+std::unique_ptr<LanguageReader> NewMainReader(pANTLR3_INPUT_STREAM input);
 
 }  // namespace vexltags

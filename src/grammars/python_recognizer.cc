@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Runs the Python grammar over one file: the one place that sees its generated names.
+// Runs the Python grammar: the one place that sees its generated names.
 #include "grammars/python_recognizer.h"
 
+#include "engine/recognizer.h"
 #include "python/python_scanner.h"
 #include "python/python_tags_parser.h"
 
 // Last: these headers define every token name as a macro.
 #include "pythonLexer.h"
 #include "pythonParser.h"
+
+vexltags::ItemTrial pythonTryItem(void* parser);  // In python_trials.cc.
 
 static_assert(PY_LeadingWithespace == vexltags::kPythonLeadingWhitespace &&
               PY_NAME == vexltags::kPythonName && T__17 == vexltags::kPythonColon &&
@@ -32,13 +35,15 @@ struct PythonGrammar {
   }
   static void Attach(ppythonLexer) {}
   static void Start(ppythonParser parser) { parser->inputStream(parser); }
+  static void ReadItems(ppythonParser parser) { parser->inputTokens(parser); }
+  static void ReadItem(ppythonParser parser) { parser->inputToken(parser); }
+  static ItemTrial TryItem(ppythonParser parser) { return pythonTryItem(parser); }
 };
 
 }  // namespace
 
-RecognizerCounts RunPython(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
-                           const std::string& stored) {
-  return RunRecognizer<PythonGrammar>(input, options, dumper, stored);
+std::unique_ptr<LanguageReader> NewPythonReader(pANTLR3_INPUT_STREAM input) {
+  return std::make_unique<GrammarReader<PythonGrammar>>(input);
 }
 
 }  // namespace vexltags

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Runs the Python grammar over one file.
+// The reader of Python.
 #pragma once
 
-#include <string>
-
-#include "engine/recognizer.h"
+#include "engine/language_reader.h"
 
 namespace vexltags {
 
-/// Indexes `input` as Python; see `RunRecognizer`.
-RecognizerCounts RunPython(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
-                           const std::string& stored);
+/// Makes a reader of Python.
+std::unique_ptr<LanguageReader> NewPythonReader(pANTLR3_INPUT_STREAM input);
 
 }  // namespace vexltags

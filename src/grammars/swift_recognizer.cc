@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Runs the Swift grammar over one file: the one place that sees its generated names.
+// Runs the Swift grammar: the one place that sees its generated names.
 #include "grammars/swift_recognizer.h"
 
+#include "engine/recognizer.h"
 #include "swift/swift_scanner.h"
 #include "swift/swift_tags_parser.h"
 
 // Last: these headers define every token name as a macro.
 #include "swiftLexer.h"
 #include "swiftParser.h"
+
+vexltags::ItemTrial swiftTryItem(void* parser);  // In swift_trials.cc.
 
 namespace vexltags {
 namespace {
@@ -26,13 +29,18 @@ struct SwiftGrammar {
   }
   static void Attach(pswiftLexer) {}
   static void Start(pswiftParser parser) { parser->inputStream(parser); }
+  static void ReadItems(pswiftParser parser) {
+    // The rule wants at least one statement, and would skip to the end of the file for it.
+    if (TryItem(parser).begins) parser->inputTokens(parser);
+  }
+  static void ReadItem(pswiftParser parser) { parser->statement(parser); }
+  static ItemTrial TryItem(pswiftParser parser) { return swiftTryItem(parser); }
 };
 
 }  // namespace
 
-RecognizerCounts RunSwift(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
-                          const std::string& stored) {
-  return RunRecognizer<SwiftGrammar>(input, options, dumper, stored);
+std::unique_ptr<LanguageReader> NewSwiftReader(pANTLR3_INPUT_STREAM input) {
+  return std::make_unique<GrammarReader<SwiftGrammar>>(input);
 }
 
 }  // namespace vexltags

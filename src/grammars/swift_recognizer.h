@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Runs the Swift grammar over one file.
+// The reader of Swift.
 #pragma once
 
-#include <string>
-
-#include "engine/recognizer.h"
+#include "engine/language_reader.h"
 
 namespace vexltags {
 
-/// Indexes `input` as Swift; see `RunRecognizer`.
-RecognizerCounts RunSwift(pANTLR3_INPUT_STREAM input, const Options& options, Dumper& dumper,
-                          const std::string& stored);
+/// Makes a reader of Swift.
+std::unique_ptr<LanguageReader> NewSwiftReader(pANTLR3_INPUT_STREAM input);
 
 }  // namespace vexltags

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,8 +27,9 @@ void Probe(const std::string& path) {
     return;
   }
   vexltags::Dumper dumper;
-  const vexltags::RecognizerCounts counts =
-      vexltags::LanguageOf(path).run(source.Input(), options, dumper, path);
+  const std::unique_ptr<vexltags::LanguageReader> reader =
+      vexltags::LanguageOf(path).newReader(source.Input());
+  const vexltags::RecognizerCounts counts = reader->Run(options, dumper, path, nullptr);
   std::printf("%s: %u lexer errors, %u parser errors, line %u\n", path.c_str(), counts.lexerErrors,
               counts.parserErrors, source.Input()->line);
   for (const std::string& line : dumper.Lines()) std::fwrite(line.data(), 1, line.size(), stdout);

@@ -1,0 +1,371 @@
+# SPDX-License-Identifier: MIT
+"""What clang declares in the files of a corpus: the truth for C, C++ and Objective-C.
+
+Every file is parsed as a translation unit of its own, or is taken from a unit that included it
+without an error, once for each configuration of the corpus. The binding's own cursor class costs
+too much for millions of cursors, so the walk calls the C interface.
+"""
+import ctypes
+import glob
+import os
+import re
+
+import truth
+
+_OPTIONS = 0x01 | 0x200  # Record the preprocessing in detail; go on after a fatal error.
+_STUB_ROUNDS = 6
+
+_library = None
+_cx = None
+
+
+class _Ranges(ctypes.Structure):
+    pass
+
+
+class _Diagnosed(Exception):
+    pass
+
+
+def load():
+    """Loads libclang and its binding. Returns None, or what is missing."""
+    global _library, _cx
+    if _library is not None:
+        return None
+    try:
+        import clang.cindex as cindex
+    except ImportError:
+        return "the binding of libclang for this Python (python3-clang-14)"
+    names = sorted(glob.glob("/usr/lib/*/libclang-14.so*") + glob.glob("/usr/lib/llvm-14/lib/libclang*.so*"))
+    if names and not cindex.Config.loaded:
+        cindex.Config.set_library_file(names[0])
+    try:
+        library = cindex.conf.lib
+    except cindex.LibclangError:
+        return "libclang (libclang1-14)"
+    _cx, _library = cindex, library
+    _Ranges._fields_ = [("count", ctypes.c_uint), ("ranges", ctypes.POINTER(cindex.SourceRange))]
+    for name in ("clang_getSkippedRanges", "clang_getAllSkippedRanges"):
+        getattr(library, name).restype = ctypes.POINTER(_Ranges)
+    library.clang_getSkippedRanges.argtypes = [ctypes.c_void_p, ctypes.c_void_p]
+    library.clang_disposeSourceRangeList.argtypes = [ctypes.POINTER(_Ranges)]
+    library.clang_getFileLocation.argtypes = [
+        cindex.SourceLocation, ctypes.POINTER(ctypes.c_void_p), ctypes.POINTER(ctypes.c_uint),
+        ctypes.POINTER(ctypes.c_uint), ctypes.POINTER(ctypes.c_uint)]
+    library.clang_Cursor_isInlineNamespace.argtypes = [cindex.Cursor]
+    library.clang_getFileLocation.restype = None
+    return None
+
+
+_NAMED_SCOPES = frozenset((
+    "STRUCT_DECL", "UNION_DECL", "CLASS_DECL", "ENUM_DECL", "NAMESPACE", "CLASS_TEMPLATE",
+    "CLASS_TEMPLATE_PARTIAL_SPECIALIZATION", "OBJC_INTERFACE_DECL", "OBJC_CATEGORY_DECL",
+    "OBJC_PROTOCOL_DECL", "OBJC_IMPLEMENTATION_DECL", "OBJC_CATEGORY_IMPL_DECL"))
+_TYPES = {
+    "STRUCT_DECL": "struct", "UNION_DECL": "union", "CLASS_DECL": "class", "ENUM_DECL": "enum",
+    "CLASS_TEMPLATE": "class", "CLASS_TEMPLATE_PARTIAL_SPECIALIZATION": "class"}
+_FUNCTIONS = frozenset((
+    "FUNCTION_DECL", "CXX_METHOD", "CONSTRUCTOR", "DESTRUCTOR", "CONVERSION_FUNCTION",
+    "FUNCTION_TEMPLATE"))
+_METHODS = frozenset(("OBJC_INSTANCE_METHOD_DECL", "OBJC_CLASS_METHOD_DECL"))
+_OBJC = {
+    "OBJC_INTERFACE_DECL": "interface", "OBJC_PROTOCOL_DECL": "protocol",
+    "OBJC_IMPLEMENTATION_DECL": "implementation", "OBJC_CATEGORY_DECL": "category",
+    "OBJC_CATEGORY_IMPL_DECL": "category"}
+_PLAIN = {
+    "NAMESPACE": "namespace", "ENUM_CONSTANT_DECL": "enumerator", "FIELD_DECL": "member",
+    "OBJC_IVAR_DECL": "member", "TYPEDEF_DECL": "typedef", "TYPE_ALIAS_DECL": "typedef",
+    "TYPE_ALIAS_TEMPLATE_DECL": "typedef", "MACRO_DEFINITION": "macro"}
+_OPTIONAL = frozenset((
+    "NAMESPACE_ALIAS", "USING_DECLARATION", "OBJC_SYNTHESIZE_DECL", "OBJC_DYNAMIC_DECL",
+    "OBJC_CLASS_REF", "OBJC_PROTOCOL_REF", "LABEL_STMT_NEVER"))
+_NO_DECLARATIONS = frozenset((
+    "TYPE_REF", "TEMPLATE_REF", "NAMESPACE_REF", "MEMBER_REF", "DECL_REF_EXPR", "PARM_DECL",
+    "OBJC_SUPER_CLASS_REF", "MACRO_INSTANTIATION", "INCLUSION_DIRECTIVE", "MACRO_DEFINITION"))
+
+
+def _kind_names():
+    return {kind.value: kind.name for kind in _cx.CursorKind.get_all_kinds()}
+
+
+class Reader:
+    """Reads the files of one corpus in one configuration. Keeps what was read cleanly, so that a
+    header which many include is walked once."""
+
+    def __init__(self, wanted, flags, stubs=None):
+        self._wanted = set(wanted)
+        self._flags = list(flags)
+        self._stubs = stubs
+        self._index = _cx.Index.create()
+        self._names = _kind_names()
+        self._texts = {}
+
+    def _text(self, path):
+        if path not in self._texts:
+            if len(self._texts) > 200:
+                self._texts.clear()
+            with open(path, "rb") as file:
+                self._texts[path] = file.read()
+        return self._texts[path]
+
+    def read(self, path, done):
+        """The truths of `path` and of the wanted files that it includes, but for those in `done`,
+        by path."""
+        unit = self._parse(path)
+        if unit is None:
+            return {}
+        return _Walk(self, unit, path, done).run()
+
+    def _parse(self, path):
+        flags = self._flags
+        if self._stubs is not None:
+            flags = self._stubs.complete(self._index, path, flags)
+        try:
+            return self._index.parse(path, args=flags, options=_OPTIONS)
+        except _cx.TranslationUnitLoadError:
+            return None
+
+
+class _Walk:
+    """One translation unit. A cursor is wanted if its name is in a wanted file."""
+
+    def __init__(self, reader, unit, main, done):
+        self._reader, self._unit, self._main = reader, unit, main
+        self._names, self._lib = reader._names, _library
+        self._files = {}
+        self._found = {}
+        self._done = done
+        self._spots = {}
+
+        def keep(child, _, kids):
+            child._tu = unit
+            kids.append(child)
+            return 1
+
+        self._keep = _cx.callbacks["cursor_visit"](keep)
+
+    def run(self):
+        self._collect_errors()
+        self._children(self._unit.cursor, (), False)
+        for path, found in self._found.items():
+            self._skip(path, found)
+            found.finish()
+        return self._found
+
+    def _file(self, handle):
+        """The truth for a file of the unit, or None where it is not wanted."""
+        if not handle:
+            return None
+        if handle in self._files:
+            return self._files[handle]
+        name = self._lib.clang_getFileName(_cx.File(ctypes.cast(handle, _cx.c_object_p)))
+        name = os.path.realpath(name if isinstance(name, str) else str(name))
+        wanted = name in self._reader._wanted and (name == self._main or name not in self._done)
+        found = None
+        if wanted:
+            found = self._found.setdefault(name, truth.FileTruth(name))
+        self._files[handle] = found
+        return found
+
+    def _place(self, location):
+        """(truth or None, line, offset) of the place in a file that a location belongs to."""
+        file, line, column, offset = (ctypes.c_void_p(), ctypes.c_uint(), ctypes.c_uint(),
+                                      ctypes.c_uint())
+        self._lib.clang_getFileLocation(location, ctypes.byref(file), ctypes.byref(line),
+                                        ctypes.byref(column), ctypes.byref(offset))
+        return self._file(file.value), line.value, offset.value
+
+    def _collect_errors(self):
+        for diagnostic in self._unit.diagnostics:
+            if diagnostic.severity < 3:
+                continue
+            found, line, _ = self._place(diagnostic.location)
+            if found is not None and "file not found" not in diagnostic.spelling:
+                found.errors.append((line, diagnostic.spelling))
+
+    def _skip(self, path, found):
+        handle = _cx.File.from_name(self._unit, path)
+        ranges = self._lib.clang_getSkippedRanges(self._unit, handle)
+        for index in range(ranges.contents.count):
+            part = ranges.contents.ranges[index]
+            found.skipped.append((self._place(part.start)[1] + 1, self._place(part.end)[1] - 1))
+        self._lib.clang_disposeSourceRangeList(ranges)
+
+    def _children(self, cursor, scope, local):
+        kids = []
+        self._lib.clang_visitChildren(cursor, self._keep, kids)
+        for child in kids:
+            self._visit(child, scope, local)
+
+    def _visit(self, cursor, scope, local):
+        kind = self._names.get(cursor._kind_id, "")
+        if kind in _NO_DECLARATIONS and kind not in ("MACRO_DEFINITION", "MACRO_INSTANTIATION"):
+            return
+        found, line, offset = self._place(self._lib.clang_getCursorLocation(cursor))
+        if found is None:
+            # What a wanted file declares by including another one in the middle of a scope.
+            if kind in ("NAMESPACE", "UNEXPOSED_DECL", "LINKAGE_SPEC") and not local:
+                self._children(cursor, scope, local)
+            return
+        if kind == "MACRO_INSTANTIATION":
+            extent = cursor.extent
+            found.uses.append((line, self._place(extent.end)[1], cursor.spelling))
+            return
+        if kind == "COMPOUND_STMT" and scope and scope[-1] == "()":
+            extent = cursor.extent
+            found.bodies.append((self._place(extent.start)[1], self._place(extent.end)[1]))
+        self._declare(cursor, kind, found, line, offset, scope, local)
+
+    def _declare(self, cursor, kind, found, line, offset, scope, local):
+        spelling = cursor.spelling if kind not in ("COMPOUND_STMT", "DECL_STMT") else ""
+        inner = scope
+        if kind in _TYPES or kind in _OBJC or kind == "NAMESPACE":
+            need = bool(self._lib.clang_isCursorDefinition(cursor)) or kind in _OBJC
+            if kind in _TYPES and need and not local and self._is_instantiation(found, cursor):
+                need = False
+            if kind in ("OBJC_INTERFACE_DECL", "OBJC_PROTOCOL_DECL"):
+                need = bool(self._lib.clang_isCursorDefinition(cursor))
+            name = truth.plain_name(spelling)
+            if name and not name.startswith("("):
+                self._add(found, line, offset, self._objc_names(cursor, kind, name),
+                          _TYPES.get(kind) or _OBJC.get(kind) or "namespace", cursor, scope,
+                          need and not local)
+            inner = scope + (name,)
+            self._children(cursor, inner, local)
+            return
+        if kind in _FUNCTIONS:
+            defined = bool(self._lib.clang_isCursorDefinition(cursor))
+            friend = scope and scope[-1] == "friend"
+            if spelling.startswith("<deduction guide for "):
+                self._add(found, line, offset, [spelling[len("<deduction guide for "):-1]],
+                          "function", cursor, scope, False)
+            else:
+                self._add(found, line, offset, [truth.plain_name(spelling)], "function", cursor,
+                          scope, not local and (defined or not friend))
+            if defined:
+                self._children(cursor, scope + ("()",), True)
+            return
+        if kind in _METHODS:
+            self._add(found, line, offset, [spelling], "method", cursor, scope,
+                      (found.path, offset) not in self._spots)
+            if self._lib.clang_isCursorDefinition(cursor):
+                self._children(cursor, scope + ("()",), True)
+            return
+        if kind == "OBJC_PROPERTY_DECL":
+            self._spots[(found.path, offset)] = True
+            self._property(cursor, found, line, offset, spelling, scope)
+            return
+        if kind == "FRIEND_DECL":
+            self._children(cursor, scope + ("friend",), local)
+            return
+        if kind == "VAR_DECL":
+            if not local:
+                self._add(found, line, offset, [spelling], "variable", cursor, scope, True)
+            self._children(cursor, scope, True)
+            return
+        if kind in _PLAIN:
+            self._add(found, line, offset, [truth.plain_name(spelling)], _PLAIN[kind], cursor,
+                      scope, not local or kind == "MACRO_DEFINITION")
+            if kind in ("FIELD_DECL", "TYPEDEF_DECL", "TYPE_ALIAS_DECL", "TYPE_ALIAS_TEMPLATE_DECL"):
+                self._children(cursor, scope, local)
+            return
+        if kind in _OPTIONAL:
+            self._add(found, line, offset, [truth.plain_name(spelling)], "other", cursor, scope,
+                      False)
+            return
+        if kind == "UNEXPOSED_DECL" and spelling and spelling[0] not in "[(":
+            self._unexposed(cursor, found, line, offset, spelling, scope, local)
+        self._children(cursor, scope, local)
+
+    def _unexposed(self, cursor, found, line, offset, spelling, scope, local):
+        """Concepts, variable templates and the names of a structured binding have no kind of
+        cursor of their own; the text before the name tells them apart."""
+        text = self._reader._text(found.path)
+        head = text[max(0, offset - 400):offset]
+        if re.search(rb"\bconcept\s+$", head):
+            self._add(found, line, offset, [spelling], "concept", cursor, scope, not local)
+        elif spelling.isidentifier() and not re.search(rb"[\[,]\s*$", head):
+            self._add(found, line, offset, [truth.plain_name(spelling)], "variable", cursor,
+                      scope, not local)
+        else:
+            self._add(found, line, offset, [spelling], "other", cursor, scope, False)
+
+    def _property(self, cursor, found, line, offset, spelling, scope):
+        names = [spelling]
+        for getter in cursor.get_tokens():
+            if getter.spelling == spelling:
+                break
+            names.append(getter.spelling)
+        # A getter of another name stands for the property.
+        getter = ""
+        for before, after in zip(names, names[2:]):
+            if before == "getter":
+                getter = after
+        self._add(found, line, offset, [spelling] + ([getter] if getter else []), "property",
+                  cursor, scope, True)
+        self._add(found, line, offset, ["set%s:" % (spelling[:1].upper() + spelling[1:])], "method",
+                  cursor, scope, False)
+        for before, after in zip(names, names[2:]):
+            if before == "setter":
+                self._add(found, line, offset, [after, after + ":"], "method", cursor, scope, False)
+
+    def _objc_names(self, cursor, kind, name):
+        if kind not in ("OBJC_CATEGORY_DECL", "OBJC_CATEGORY_IMPL_DECL"):
+            return [name]
+        owner = ""
+        for child in cursor.get_children():
+            if child.kind.name == "OBJC_CLASS_REF":
+                owner = child.spelling
+                break
+        return ["%s(%s)" % (owner, name), name, owner]
+
+    def _is_instantiation(self, found, cursor):
+        """Whether a type is only instantiated here: `template class A<int>;` has no body."""
+        extent = cursor.extent
+        start, end = self._place(extent.start)[2], self._place(extent.end)[2]
+        return (b"{" not in self._reader._text(found.path)[start:end]
+                and start < end and not self._made(found, start, b""))
+
+    def _made(self, found, offset, name):
+        """Whether the text at `offset` is not the name that is declared there: a macro made it."""
+        text = self._reader._text(found.path)
+        word = re.match(rb"[\w$~]+|operator", name)
+        return bool(word) and not text.startswith(word.group(), offset)
+
+    def _add(self, found, line, offset, names, kind, cursor, scope, need):
+        names = [name for name in names if name]
+        if not names:
+            return
+        parents = self._parents(cursor, scope)
+        made = need and kind not in ("method", "category") and self._made(
+            found, offset, names[0].encode())
+        found.add(line, names, kind, parents, truth.MADE if made else
+                  truth.NEEDED if need else truth.OPTIONAL)
+
+    def _parents(self, cursor, scope):
+        """The innermost named scopes that a tag may name: where the name belongs, and where it
+        is written."""
+        parents = []
+        lexical = [name for name in scope if name not in ("()", "friend")]
+        parents.append(next((name for name in reversed(lexical) if name and name[0] != "("), ""))
+        parent = self._lib.clang_getCursorSemanticParent(cursor)
+        inner = True
+        while parent is not None:
+            parent._tu = self._unit
+            kind = self._names.get(parent._kind_id, "")
+            name = truth.plain_name(parent.spelling) if kind in _NAMED_SCOPES else ""
+            if kind == "TRANSLATION_UNIT" or kind.startswith("INVALID") or parent._kind_id in (
+                    70, 71, 72, 73, 300, 350):
+                break
+            if name and name[0] != "(":
+                parents.append(name)
+                if not (kind == "NAMESPACE" and self._is_inline(parent)):
+                    inner = False
+                    break
+            parent = self._lib.clang_getCursorSemanticParent(parent)
+        if inner and parent is not None:
+            parents.append("")
+        return tuple(dict.fromkeys(parents))
+
+    def _is_inline(self, cursor):
+        return bool(self._lib.clang_Cursor_isInlineNamespace(cursor))

@@ -166,6 +166,11 @@ class MainScanner {
         (*at == 'g' || *at == 's')) {
       return false;
     }
+    // Directly before a parenthesis, these keywords are the name of a macro to be eaten.
+    if ((type == kMainBeginNamespaceStd || type == kMainEndNamespaceStd) && next < end &&
+        *next == '(') {
+      return false;
+    }
     return TakeTo(type, next);
   }
 

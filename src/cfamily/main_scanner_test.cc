@@ -124,6 +124,8 @@ TEST(ScanMain, DropsUnknownCharacters) {
 TEST(ScanMain, LeavesWhatIsRareOrFails) {
   for (const char* rest : {"NS_ENUM(a, b)",
                            "_LIBCPP_X",
+                           "_LIBCPP_BEGIN_NAMESPACE_STD(x)",
+                           "_LIBCPP_END_NAMESPACE_STD(",
                            "getter=",
                            "@end",
                            "[[x]]",

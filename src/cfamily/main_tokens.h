@@ -61,6 +61,8 @@ enum MainToken : unsigned {
   kMainDefine = 60,
   kMainSpaceship = 61,
   kMainFirstKeyword = 92,
+  kMainEndNamespaceStd = 92,
+  kMainBeginNamespaceStd = 96,
   kMainConstexpr = 105,
   kMainChar = 142,  ///< The first of the words of built-in types,
   kMainVoid = 154,  ///< and the last.

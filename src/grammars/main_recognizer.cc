@@ -23,12 +23,13 @@ static_assert(RCURLY == vexltags::kMainRCurly && LCURLY == vexltags::kMainLCurly
               POINTERTO == vexltags::kMainPointerTo && Number == vexltags::kMainNumber &&
               NOT == vexltags::kMainNot && Define == vexltags::kMainDefine &&
               SPACESHIP == vexltags::kMainSpaceship && T__92 == vexltags::kMainFirstKeyword &&
-              T__105 == vexltags::kMainConstexpr && T__142 == vexltags::kMainChar &&
-              T__154 == vexltags::kMainVoid && T__162 == vexltags::kMainConst &&
-              T__163 == vexltags::kMainVolatile && COMMA == vexltags::kMainComma &&
-              RPAREN == vexltags::kMainRParen && SEMICOLON == vexltags::kMainSemicolon &&
-              SCOPE == vexltags::kMainScope && STAR == vexltags::kMainStar &&
-              AMPERSAND == vexltags::kMainAmpersand && AND == vexltags::kMainAnd);
+              T__96 == vexltags::kMainBeginNamespaceStd && T__105 == vexltags::kMainConstexpr &&
+              T__142 == vexltags::kMainChar && T__154 == vexltags::kMainVoid &&
+              T__162 == vexltags::kMainConst && T__163 == vexltags::kMainVolatile &&
+              COMMA == vexltags::kMainComma && RPAREN == vexltags::kMainRParen &&
+              SEMICOLON == vexltags::kMainSemicolon && SCOPE == vexltags::kMainScope &&
+              STAR == vexltags::kMainStar && AMPERSAND == vexltags::kMainAmpersand &&
+              AND == vexltags::kMainAnd);
 
 namespace vexltags {
 namespace {

@@ -2,10 +2,11 @@
 // Prints the tags and the recognisers' error counts of files: a test aid that shows whether two
 // builds of the recognisers agree.
 //
-//   recognizer_probe FILE...     for each file a line "path: N lexer errors, N parser errors, line
-//   N",
-//                                then its tags
-//   recognizer_probe -L LIST     the same for the paths in LIST, one a line
+//   recognizer_probe [--dumpErrors] FILE...
+//   recognizer_probe [--dumpErrors] -L LIST     the paths in LIST, one a line
+//
+// For each file, prints a line "path: N lexer errors, N parser errors, line N", then its tags. With
+// --dumpErrors, the messages of the recognisers go to standard error.
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -18,9 +19,7 @@
 
 namespace {
 
-void Probe(const std::string& path) {
-  vexltags::Options options;
-  options.sort = 0;
+void Probe(const std::string& path, const vexltags::Options& options) {
   vexltags::SourceFile source;
   if (!source.Read(path)) {
     std::printf("%s: unreadable\n", path.c_str());
@@ -38,11 +37,18 @@ void Probe(const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 3 && std::strcmp(argv[1], "-L") == 0) {
-    std::ifstream list(argv[2]);
-    for (std::string path; std::getline(list, path);) Probe(path);
+  vexltags::Options options;
+  options.sort = 0;
+  int first = 1;
+  if (argc > 1 && std::strcmp(argv[1], "--dumpErrors") == 0) {
+    options.dumpErrors = true;
+    ++first;
+  }
+  if (argc == first + 2 && std::strcmp(argv[first], "-L") == 0) {
+    std::ifstream list(argv[first + 1]);
+    for (std::string path; std::getline(list, path);) Probe(path, options);
     return 0;
   }
-  for (int i = 1; i < argc; ++i) Probe(argv[i]);
+  for (int i = first; i < argc; ++i) Probe(argv[i], options);
   return 0;
 }

@@ -8,6 +8,9 @@ Each PATH is a file or a folder that is walked; without one, all inputs of the g
 command-line cases are taken. The two programs are src/testing/recognizer_probe.cc, built twice. A
 file that the plain one does not end within --seconds is named and left out. Status 1 when any
 other file differs.
+
+The fast program also runs with --dumpErrors, where the generated lexers read what the scanners
+read otherwise: that must not change tags and counts either.
 """
 import argparse
 import pathlib
@@ -27,29 +30,37 @@ def inputs(paths):
             yield path
 
 
-def run(probe, files, seconds):
-    """The program's output over the files; None when it takes too long."""
+def run(probe, options, files, seconds):
+    """What the program prints over the files, and its status; None when it takes too long."""
     with tempfile.NamedTemporaryFile("w", encoding="utf-8", errors="surrogateescape") as names:
         names.write("".join(f"{file}\n" for file in files))
         names.flush()
         try:
-            done = subprocess.run([probe, "-L", names.name], stdout=subprocess.PIPE,
-                                  stderr=subprocess.STDOUT, timeout=seconds)
+            done = subprocess.run([probe, *options, "-L", names.name], stdout=subprocess.PIPE,
+                                  stderr=subprocess.PIPE, timeout=seconds)
         except subprocess.TimeoutExpired:
             return None
-    return done.stdout + f"status {done.returncode}\n".encode()
+    return done.stdout + f"status {done.returncode}\n".encode(), done.stderr
+
+
+def agree(args, files):
+    """Whether all runs over the files agree; None when the plain program takes too long."""
+    patience = args.seconds if len(files) == 1 else args.seconds * 5
+    fast = run(args.fast, [], files, args.seconds * 10)
+    shown = run(args.fast, ["--dumpErrors"], files, args.seconds * 10)
+    if fast is None or shown is None or fast[0] != shown[0]:
+        return False
+    plain = run(args.plain, [], files, patience)
+    return None if plain is None else plain == fast
 
 
 def compare(args, files):
     """The files among `files` that differ, and those that the plain program does not end."""
-    fast = run(args.fast, files, args.seconds * 10)
-    plain = run(args.plain, files, args.seconds if len(files) == 1 else args.seconds * 5)
-    if fast is not None and fast == plain:
+    result = agree(args, files)
+    if result:
         return [], []
     if len(files) == 1:
-        if plain is None and fast is not None:
-            return [], files
-        return files, []
+        return ([], files) if result is None else (files, [])
     half = len(files) // 2
     left, right = compare(args, files[:half]), compare(args, files[half:])
     return left[0] + right[0], left[1] + right[1]

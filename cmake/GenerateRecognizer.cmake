@@ -6,7 +6,9 @@
 # are harmless.
 file(REMOVE_RECURSE ${OUT})
 file(MAKE_DIRECTORY ${OUT})
-file(COPY_FILE ${VOCABULARY} ${OUT}/${NAME}Vocabulary.tokens)
+include(${CMAKE_CURRENT_LIST_DIR}/Vocabulary.cmake)
+vexltags_read_vocabulary(${VOCABULARY} ${NAME})
+file(WRITE ${OUT}/${NAME}Vocabulary.tokens "${antlr_tokens}")
 execute_process(
   COMMAND ${JAVA} -Xss64m -cp ${CLASSPATH} org.antlr.Tool -fo ${OUT} -lib ${OUT} ${GRAMMAR}
   OUTPUT_VARIABLE _text ERROR_VARIABLE _text RESULT_VARIABLE _result)

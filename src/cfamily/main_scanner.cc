@@ -7,8 +7,8 @@
 
 #include "base/character_class.h"
 #include "cfamily/directives.h"
-#include "cfamily/main_tokens.h"
 #include "cfamily/main_words.h"
+#include "vocabulary/main_tokens.h"
 
 namespace vexltags {
 namespace {

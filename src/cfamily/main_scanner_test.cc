@@ -6,9 +6,9 @@
 
 #include <cstring>
 
-#include "cfamily/main_tokens.h"
 #include "cfamily/main_words.h"
 #include "testing/scan_fixture.h"
+#include "vocabulary/main_tokens.h"
 
 namespace vexltags {
 namespace {
@@ -28,15 +28,15 @@ TEST(ClassifyMainWord, KnowsKeywordsNamesAndPossibleMacros) {
     const char* word;
     unsigned type;
   } kRows[] = {
-      {"_LIBCPP_END_NAMESPACE_STD", 92},
-      {"typedef", 93},
-      {"volatile", 163},
-      {"far", 160},
-      {"FAR", 161},
-      {"_NOEXCEPT_DEBUG", 136},
-      {"IBOutlet", 127},
-      {"union", 124},
-      {"int", 148},
+      {"_LIBCPP_END_NAMESPACE_STD", kMainEndNamespaceStd},
+      {"typedef", kMainKw_typedef},
+      {"volatile", kMainKw_volatile},
+      {"far", kMainKw_far},
+      {"FAR", kMainKw_FAR},
+      {"_NOEXCEPT_DEBUG", kMainNoexceptDebug},
+      {"IBOutlet", kMainKw_IBOutlet},
+      {"union", kMainKw_union},
+      {"int", kMainKw_int},
       {"intx", kMainId},
       {"in", kMainId},
       {"x", kMainId},

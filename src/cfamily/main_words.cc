@@ -1,94 +1,20 @@
 // SPDX-License-Identifier: MIT
-// Tells what a word of the C family is, by two small hash tables made at compile time.
+// Classifies a word of the C family, by two small hash tables made at compile time.
 #include "cfamily/main_words.h"
 
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <string_view>
 
-#include "cfamily/main_tokens.h"
+#include "base/word_table.h"
+#include "vocabulary/main_tokens.h"
 
 namespace vexltags {
 namespace {
 
-/// In the order of the vocabulary, from 92 on; empty where a keyword is no plain word.
-constexpr std::string_view kKeywords[] = {
-    "_LIBCPP_END_NAMESPACE_STD",
-    "typedef",
-    "using",
-    "typename",
-    "_LIBCPP_BEGIN_NAMESPACE_STD",
-    "enum",
-    "class",
-    "struct",
-    "sizeof",
-    "new",
-    "true",
-    "false",
-    "mutable",
-    "constexpr",
-    "decltype",
-    "requires",
-    "auto",
-    "concept",
-    "extern",
-    "inline",
-    "final",
-    "static_assert",
-    "virtual",
-    "public",
-    "protected",
-    "private",
-    "operator",
-    "namespace",
-    "template",
-    "delete",
-    "override",
-    "default",
-    "union",
-    /*@synthesize*/ "",
-    /*@property*/ "",
-    "IBOutlet",
-    "readonly",
-    /*getter=*/"",
-    /*setter=*/"",
-    "friend",
-    "throw",
-    "noexcept",
-    "_NOEXCEPT",
-    "_NOEXCEPT_",
-    "_NOEXCEPT_DEBUG",
-    "explicit",
-    "consteval",
-    "constinit",
-    "static",
-    "thread_local",
-    "char",
-    "char16_t",
-    "char32_t",
-    "wchar_t",
-    "bool",
-    "short",
-    "int",
-    "long",
-    "signed",
-    "unsigned",
-    "float",
-    "double",
-    "void",
-    "__weak",
-    "__strong",
-    "register",
-    "near",
-    "NEAR",
-    "far",
-    "FAR",
-    "const",
-    "volatile",
-};
-constexpr std::size_t kKeywordCount = std::size(kKeywords);
-static_assert(kMainFirstKeyword + kKeywordCount == 164);
+constexpr WordTable<std::size(kMainLiterals)> kKeywords(kMainLiterals);
 
 /// The names of the macro eaters. A name that begins with another is not repeated.
 constexpr std::string_view kMacroNames[] = {
@@ -181,14 +107,6 @@ constexpr std::size_t kShortestMacroName = 7;
 constexpr std::size_t kSlots = 512;
 constexpr std::uint8_t kNone = 0xFF;
 
-template <class Word>
-constexpr std::size_t KeywordSlot(const Word& word, std::size_t length) {
-  return (static_cast<unsigned char>(word[0]) * 5U +
-          static_cast<unsigned char>(word[length / 2]) * 23U +
-          static_cast<unsigned char>(word[length - 1]) * 71U + length * 113U) %
-         kSlots;
-}
-
 /// By the characters in which the names differ early.
 template <class Word>
 constexpr std::size_t MacroSlot(const Word& word) {
@@ -197,27 +115,14 @@ constexpr std::size_t MacroSlot(const Word& word) {
          kSlots;
 }
 
-/// The first entry of each slot and, for each entry, the next one of its slot.
-template <std::size_t kCount>
-struct Chains {
+/// The first name of each slot and, for each name, the next one of its slot.
+struct MacroChains {
   std::array<std::uint8_t, kSlots> first{};
-  std::array<std::uint8_t, kCount> next{};
+  std::array<std::uint8_t, kMacroNameCount> next{};
 };
 
-constexpr Chains<kKeywordCount> MakeKeywordChains() {
-  Chains<kKeywordCount> chains;
-  chains.first.fill(kNone);
-  for (std::size_t i = 0; i < kKeywordCount; ++i) {
-    if (kKeywords[i].empty()) continue;
-    auto& first = chains.first[KeywordSlot(kKeywords[i], kKeywords[i].size())];
-    chains.next[i] = first;
-    first = static_cast<std::uint8_t>(i);
-  }
-  return chains;
-}
-
-constexpr Chains<kMacroNameCount> MakeMacroChains() {
-  Chains<kMacroNameCount> chains;
+constexpr MacroChains MakeMacroChains() {
+  MacroChains chains;
   chains.first.fill(kNone);
   for (std::size_t i = 0; i < kMacroNameCount; ++i) {
     auto& first = chains.first[MacroSlot(kMacroNames[i])];
@@ -226,20 +131,13 @@ constexpr Chains<kMacroNameCount> MakeMacroChains() {
   }
   return chains;
 }
-
-constexpr auto kKeywordChains = MakeKeywordChains();
-constexpr auto kMacroChains = MakeMacroChains();
+constexpr MacroChains kMacroChains = MakeMacroChains();
 
 }  // namespace
 
 unsigned ClassifyMainWord(const unsigned char* word, std::size_t length) {
-  for (std::uint8_t i = kKeywordChains.first[KeywordSlot(word, length)]; i != kNone;
-       i = kKeywordChains.next[i]) {
-    if (kKeywords[i].size() == length && std::memcmp(kKeywords[i].data(), word, length) == 0) {
-      return kMainFirstKeyword + i;
-    }
-  }
-  if (length < kShortestMacroName) return kMainId;
+  const unsigned type = kKeywords.Find(word, length, kMainId);
+  if (type != kMainId || length < kShortestMacroName) return type;
   for (std::uint8_t i = kMacroChains.first[MacroSlot(word)]; i != kNone; i = kMacroChains.next[i]) {
     const std::string_view name = kMacroNames[i];
     if (name.size() <= length && std::memcmp(name.data(), word, name.size()) == 0) {

@@ -5,16 +5,16 @@
 
 #include <antlr3.h>
 
-#include "cfamily/main_tokens.h"
 #include "engine/parser_ops.h"
+#include "vocabulary/main_tokens.h"
 
 namespace vexltags {
 
 /// True for a token of this type with which a type can begin, if it is a name, the word of a
 /// built-in type or a qualifier.
 constexpr bool BeginsPlainType(ANTLR3_UINT32 token) {
-  return token == kMainId || (token >= kMainChar && token <= kMainVoid) || token == kMainConst ||
-         token == kMainVolatile || token == kMainConstexpr;
+  return token == kMainId || (token >= kMainKw_char && token <= kMainKw_void) ||
+         token == kMainKw_const || token == kMainKw_volatile || token == kMainKw_constexpr;
 }
 
 /// True for a token that may go on a type without opening a bracket of any kind.

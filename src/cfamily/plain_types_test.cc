@@ -11,8 +11,6 @@
 namespace vexltags {
 namespace {
 
-constexpr unsigned kInt = 148;
-
 // The part of a generated parser that the look needs, in a trial.
 struct FakeParser {
   explicit FakeParser(const std::vector<unsigned>& types) : maker(" "), table(maker.Input()) {
@@ -37,11 +35,11 @@ struct FakeParser {
 TEST(FailsAsPlainType, WhereNoParenthesisComesBeforeTheEnd) {
   const std::vector<unsigned> plain[] = {
       {kMainId, kMainRParen},
-      {kInt, kMainComma},
-      {kMainConst, kMainChar, kMainStar, kMainId, kMainComma},
+      {kMainKw_int, kMainComma},
+      {kMainKw_const, kMainKw_char, kMainStar, kMainId, kMainComma},
       {kMainId, kMainScope, kMainId, kMainAmpersand, kMainId, kMainAssign},
       {kMainId, kMainAnd, kMainSemicolon},
-      {kMainVolatile, kMainVoid, kMainStar, kMainConst, kMainId, kMainRParen},
+      {kMainKw_volatile, kMainKw_void, kMainStar, kMainKw_const, kMainId, kMainRParen},
   };
   for (const auto& types : plain) {
     FakeParser parser(types);
@@ -64,7 +62,7 @@ TEST(FailsAsPlainType, LeavesEverythingElseToTheRule) {
       {kMainId, kMainId, kMainLSquare, kMainRSquare, kMainRParen},
       {kMainId, kMainEllipsis, kMainRParen},
       {kMainId, kMainColon, kMainNumber, kMainComma},
-      std::vector<unsigned>(100, kInt),
+      std::vector<unsigned>(100, kMainKw_int),
   };
   for (const auto& types : others) {
     FakeParser parser(types);

@@ -4,7 +4,6 @@
 
 #include "cfamily/directives.h"
 #include "cfamily/main_scanner.h"
-#include "cfamily/main_tokens.h"
 #include "cfamily/vexl_tags_parser.h"
 #include "engine/recognizer.h"
 
@@ -13,23 +12,6 @@
 #include "mainParser.h"
 
 vexltags::ItemTrial mainTryItem(void* parser);  // In main_trials.cc.
-
-// The scanner's numbers are the vocabulary's.
-static_assert(RCURLY == vexltags::kMainRCurly && LCURLY == vexltags::kMainLCurly &&
-              ID == vexltags::kMainId && COLON == vexltags::kMainColon &&
-              LESSTHAN == vexltags::kMainLess && GREATERTHAN == vexltags::kMainGreater &&
-              ASSIGN == vexltags::kMainAssign && BITWISEOREQUAL == vexltags::kMainOrEqual &&
-              QUESTIONMARK == vexltags::kMainQuestionMark && MOD == vexltags::kMainMod &&
-              POINTERTO == vexltags::kMainPointerTo && Number == vexltags::kMainNumber &&
-              NOT == vexltags::kMainNot && Define == vexltags::kMainDefine &&
-              SPACESHIP == vexltags::kMainSpaceship && T__92 == vexltags::kMainFirstKeyword &&
-              T__96 == vexltags::kMainBeginNamespaceStd && T__105 == vexltags::kMainConstexpr &&
-              T__142 == vexltags::kMainChar && T__154 == vexltags::kMainVoid &&
-              T__162 == vexltags::kMainConst && T__163 == vexltags::kMainVolatile &&
-              COMMA == vexltags::kMainComma && RPAREN == vexltags::kMainRParen &&
-              SEMICOLON == vexltags::kMainSemicolon && SCOPE == vexltags::kMainScope &&
-              STAR == vexltags::kMainStar && AMPERSAND == vexltags::kMainAmpersand &&
-              AND == vexltags::kMainAnd);
 
 namespace vexltags {
 namespace {

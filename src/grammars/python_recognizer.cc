@@ -12,12 +12,6 @@
 
 vexltags::ItemTrial pythonTryItem(void* parser);  // In python_trials.cc.
 
-static_assert(PY_LeadingWithespace == vexltags::kPythonLeadingWhitespace &&
-              PY_NAME == vexltags::kPythonName && T__17 == vexltags::kPythonColon &&
-              T__18 == vexltags::kPythonLParen && T__19 == vexltags::kPythonRParen &&
-              T__20 == vexltags::kPythonClass && T__21 == vexltags::kPythonDef &&
-              T__22 == vexltags::kPythonArrow);
-
 namespace vexltags {
 namespace {
 

@@ -5,37 +5,7 @@
 // known.
 #pragma once
 
-static_assert(SW_SEMI == vexltags::kSwiftSemi && SW_RCURLY == vexltags::kSwiftRCurly &&
-              SW_LPAREN == vexltags::kSwiftLParen && SW_RPAREN == vexltags::kSwiftRParen &&
-              SW_LT == vexltags::kSwiftLess && SW_GT == vexltags::kSwiftGreater &&
-              SW_COMMA == vexltags::kSwiftComma && SW_COLON == vexltags::kSwiftColon &&
-              SW_ASSIGN == vexltags::kSwiftAssign && SW_AMPERSAND == vexltags::kSwiftAmpersand &&
-              SW_QUESTIONMARK == vexltags::kSwiftQuestionMark && SW_NOT == vexltags::kSwiftNot &&
-              SW_DOT == vexltags::kSwiftDot && SW_LSQUARE == vexltags::kSwiftLSquare &&
-              SW_RSQUARE == vexltags::kSwiftRSquare && SW_LCURLY == vexltags::kSwiftLCurly &&
-              SW_DIVIDE == vexltags::kSwiftDivide && SW_MINUS == vexltags::kSwiftMinus &&
-              SW_PLUS == vexltags::kSwiftPlus && SW_STAR == vexltags::kSwiftStar &&
-              SW_MOD == vexltags::kSwiftMod && SW_BITWISEOR == vexltags::kSwiftBitwiseOr &&
-              SW_BITWISEXOR == vexltags::kSwiftBitwiseXor && SW_TILDE == vexltags::kSwiftTilde &&
-              SW_FloatingPoint_E == vexltags::kSwiftFloatingPointE &&
-              SW_FloatingPoint_P == vexltags::kSwiftFloatingPointP &&
-              SW_Identifier == vexltags::kSwiftIdentifier &&
-              SW_Whitespace == vexltags::kSwiftWhitespace &&
-              SW_SingleLineComment == vexltags::kSwiftSingleLineComment &&
-              SW_CComment == vexltags::kSwiftCComment && SW_ELLIPSIS == vexltags::kSwiftEllipsis &&
-              SW_BACKSLASH == vexltags::kSwiftBackslash &&
-              SW_StringLiteral == vexltags::kSwiftStringLiteral &&
-              SW_RawStringLiteral == vexltags::kSwiftRawStringLiteral &&
-              Attribute == vexltags::kSwiftAttribute && SW_Any == vexltags::kSwiftAny &&
-              Decimal_literal == vexltags::kSwiftDecimal &&
-              Binary_literal == vexltags::kSwiftBinary && Octal_literal == vexltags::kSwiftOctal &&
-              Hexadecimal_literal == vexltags::kSwiftHexadecimal &&
-              SW_BACKTICK == vexltags::kSwiftBacktick && RegexHead == vexltags::kSwiftRegexHead &&
-              SW_CompilerControlStatements == vexltags::kSwiftControlStatement &&
-              SW_ErrorStatement == vexltags::kSwiftErrorStatement &&
-              T__91 == vexltags::kSwiftArrow && T__145 == vexltags::kSwiftHexadecimalPrefix &&
-              T__146 == vexltags::kSwiftBinaryPrefix && T__147 == vexltags::kSwiftOctalPrefix &&
-              T__148 == vexltags::kSwiftDollar && ANTLR3_TOKEN_EOF == vexltags::kSwiftEndOfFile);
+static_assert(ANTLR3_TOKEN_EOF == vexltags::kSwiftEndOfFile);
 
 /// The types of the tokens around the one that the parser stands at, hidden ones included.
 static vexltags::TokenWindow TokensAround(pswiftParser ctx) {

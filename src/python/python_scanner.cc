@@ -3,8 +3,10 @@
 #include "python/python_scanner.h"
 
 #include <cstring>
+#include <iterator>
 
 #include "base/character_class.h"
+#include "vocabulary/python_tokens.h"
 
 namespace vexltags {
 namespace {
@@ -27,6 +29,8 @@ constexpr ByteTable<First> MakeFirstTable() {
   return table;
 }
 constexpr ByteTable<First> kFirst = MakeFirstTable();
+
+constexpr WordTable<std::size(kPythonLiterals)> kKeywords(kPythonLiterals);
 
 class PythonScanner {
  public:
@@ -118,12 +122,7 @@ class PythonScanner {
         (*next == '"' || *next == '\'')) {
       return ScanString(next);
     }
-    unsigned type = kPythonName;
-    if (length == 5 && std::memcmp(at, "class", 5) == 0) {
-      type = kPythonClass;
-    } else if (length == 3 && std::memcmp(at, "def", 3) == 0) {
-      type = kPythonDef;
-    }
+    const unsigned type = kKeywords.Find(at, static_cast<std::size_t>(length), kPythonName);
     table.Add(type, at, next, cursor.line);
     at = next;
     return true;

@@ -6,19 +6,6 @@
 
 namespace vexltags {
 
-/// The types of the visible tokens, as the grammar's vocabulary numbers them.
-enum PythonToken : unsigned {
-  kPythonLeadingWhitespace = 4,
-  kPythonName = 5,
-  kPythonWhitespace = 7,
-  kPythonColon = 17,
-  kPythonLParen = 18,
-  kPythonRParen = 19,
-  kPythonClass = 20,
-  kPythonDef = 21,
-  kPythonArrow = 22,
-};
-
 /// A `Scanner` for Python. Leaves to the generated lexer what ends in an error across several
 /// characters: open strings and comments, and blanks where the columns of the first line begin at
 /// -1.

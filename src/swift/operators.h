@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "swift/token_types.h"
+#include "vocabulary/swift_tokens.h"
 
 namespace vexltags {
 

@@ -10,7 +10,7 @@
 #include "base/character_class.h"
 #include "swift/regex_head.h"
 #include "swift/swift_words.h"
-#include "swift/token_types.h"
+#include "vocabulary/swift_tokens.h"
 
 namespace vexltags {
 namespace {

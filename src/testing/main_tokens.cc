@@ -12,14 +12,13 @@
 
 #include "cfamily/directives.h"
 #include "parserstate/lexer_state.h"
+#include "vocabulary/main_tokens.h"
 
 // The generated headers define every token name as a macro, so they come last.
 #include "mainLexer.h"
 #include "mainParser.h"
 
 namespace {
-
-constexpr int kTypeCount = 164;
 
 void AppendQuoted(std::string& quoted, char c) {
   switch (c) {
@@ -57,8 +56,8 @@ std::string Quoted(const char* begin, const char* end) {
 }
 
 void PrintTypes(pANTLR3_UINT8* names) {
-  for (int type = 0; type < kTypeCount; ++type) {
-    std::printf("%d %s\n", type, reinterpret_cast<const char*>(names[type]));
+  for (unsigned type = 0; type < vexltags::kMainTokenTypeCount; ++type) {
+    std::printf("%u %s\n", type, reinterpret_cast<const char*>(names[type]));
   }
 }
 

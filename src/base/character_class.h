@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Character classes as tables of the 256 byte values, for scanners.
+// Character classes, for scanners. Bytes above 127 are in none of them.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@ template <class Value>
 using ByteTable = std::array<Value, 256>;
 
 /// Returns a table of the characters that words consist of in every supported language: A to Z, a
-/// to z, `_` and, if `withDigits` is set, the digits. Bytes above 127 are not part of words.
+/// to z, `_` and, if `withDigits` is set, the digits.
 constexpr ByteTable<bool> MakeWordTable(bool withDigits) {
   ByteTable<bool> table{};
   for (unsigned c = 'A'; c <= 'Z'; ++c) table[c] = true;
@@ -25,6 +25,15 @@ constexpr ByteTable<bool> MakeWordTable(bool withDigits) {
 
 inline constexpr ByteTable<bool> kLetters = MakeWordTable(false);
 inline constexpr ByteTable<bool> kLettersAndDigits = MakeWordTable(true);
+
+constexpr bool IsDigit(int c) { return c >= '0' && c <= '9'; }
+constexpr bool IsHexDigit(int c) {
+  return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+/// True for a space or a tab.
+constexpr bool IsBlank(int c) { return c == ' ' || c == '\t'; }
+/// True for a character of a line end: "\n", "\r" or "\r\n".
+constexpr bool IsLineEnd(int c) { return c == '\n' || c == '\r'; }
 
 /// Returns the end of the run of word characters at `at`.
 inline const unsigned char* EndOfWord(const unsigned char* at, const unsigned char* end) {

@@ -2,12 +2,13 @@
 // The tests behind the conditional directives, and the line-by-line scans for their ends.
 #include "cfamily/directives.h"
 
+#include "base/byte_search.h"
+#include "base/character_class.h"
+
 namespace vexltags {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
-
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
 void SkipBlanks(std::string_view& ahead) {
   std::size_t n = 0;
@@ -35,12 +36,10 @@ bool SkipDirectiveWithArgument(std::string_view& ahead, std::string_view word) {
   return true;
 }
 
-bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
-
-// The offset behind the line end at `pos`, "\r\n" being one; `pos` itself where there is none.
+// The offset past the line end at `pos`; `pos` itself when there is none.
 std::size_t SkipLineEnd(std::string_view text, std::size_t pos) {
-  if (pos == text.size() || !IsLineEnd(text[pos])) return pos;
-  return pos + (text.substr(pos).starts_with("\r\n") ? 2 : 1);
+  const char* const begin = text.data();
+  return static_cast<std::size_t>(PastLineEnd(begin + pos, begin + text.size()) - begin);
 }
 
 // Where a nested conditional may open: no blanks before the `#`.

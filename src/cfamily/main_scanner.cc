@@ -5,15 +5,15 @@
 #include <cstring>
 #include <string_view>
 
+#include "base/byte_search.h"
 #include "base/character_class.h"
 #include "cfamily/directives.h"
 #include "cfamily/main_words.h"
+#include "engine/scanner_base.h"
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags {
 namespace {
-
-using Byte = unsigned char;
 
 enum class First : std::uint8_t { Unknown, Blank, LineEnd, Letter, Digit, Mark, Other };
 
@@ -21,16 +21,16 @@ constexpr ByteTable<First> MakeFirstTable() {
   ByteTable<First> table{};
   for (unsigned c = 0; c < table.size(); ++c) {
     if (kLetters[c]) table[c] = First::Letter;
-    if (c >= '0' && c <= '9') table[c] = First::Digit;
+    if (IsDigit(c)) table[c] = First::Digit;
   }
   table[' '] = table['\t'] = First::Blank;
   table['\r'] = table['\n'] = First::LineEnd;
   for (const char c : {'(', ')', '{', '}', ']', ',', ';', '~', '?'}) {
-    table[static_cast<Byte>(c)] = First::Mark;
+    table[static_cast<unsigned char>(c)] = First::Mark;
   }
   for (const char c : {'/', '"', '\'', '#', '@', '[', '.', '<', '>', '-', '+', '*', '%', '^', '&',
                        '|', '!', '=', ':'}) {
-    table[static_cast<Byte>(c)] = First::Other;
+    table[static_cast<unsigned char>(c)] = First::Other;
   }
   return table;
 }
@@ -51,24 +51,9 @@ constexpr ByteTable<std::uint8_t> MakeMarkTable() {
 }
 constexpr ByteTable<std::uint8_t> kMarks = MakeMarkTable();
 
-bool IsDigit(Byte c) { return c >= '0' && c <= '9'; }
-bool IsHexDigit(Byte c) { return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
-bool IsBlank(Byte c) { return c == ' ' || c == '\t'; }
-
-class MainScanner {
+class MainScanner : public ScannerBase {
  public:
-  MainScanner(ScanCursor& cursor, TokenTable& table)
-      : cursor(cursor), table(table), at(cursor.at), end(cursor.end) {}
-
-  void Run() {
-    while (at < end && ScanToken()) {
-    }
-    cursor.at = at;
-  }
-
- private:
-  // Each of the following reads one token, or blanks, and returns true, or leaves everything as it
-  // is and returns false.
+  using ScannerBase::ScannerBase;
 
   bool ScanToken() {
     switch (kFirst[*at]) {
@@ -78,14 +63,13 @@ class MainScanner {
         } while (at < end && kFirst[*at] == First::Blank);
         return true;
       case First::LineEnd:
-        SkipLineEnd();
-        return true;
+        return SkipLineEnd();
       case First::Letter:
         return ScanWord();
       case First::Digit:
         return ScanNumber();
       case First::Mark:
-        return Take(kMarks[*at], 1);
+        return Take(kMarks[*at], at + 1);
       case First::Other:
         return ScanOther();
       case First::Unknown:
@@ -96,6 +80,10 @@ class MainScanner {
     ++cursor.errors;
     return true;
   }
+
+ private:
+  // Each of the following reads one token or comment and returns true, or changes nothing and
+  // returns false.
 
   bool ScanOther() {
     switch (*at) {
@@ -108,22 +96,23 @@ class MainScanner {
       case '#':
         return ScanDirective();
       case '[':
-        return Ahead(1) != '[' && Take(kMainLSquare, 1);
+        return Ahead(1) != '[' && Take(kMainLSquare, at + 1);
       case '.':
-        if (Ahead(1) == '*') return Take(kMainDotMember, 2);
-        if (Ahead(1) != '.') return Take(kMainDot, 1);
-        return Ahead(2) == '.' && Take(kMainEllipsis, 3);
+        if (Ahead(1) == '*') return Take(kMainDotMember, at + 2);
+        if (Ahead(1) != '.') return Take(kMainDot, at + 1);
+        return Ahead(2) == '.' && Take(kMainEllipsis, at + 3);
       case '<':
         if (Ahead(1) == '=') {
-          return Ahead(2) == '>' ? Take(kMainSpaceship, 3) : Take(kMainLessOrEqual, 2);
+          return Ahead(2) == '>' ? Take(kMainSpaceship, at + 3) : Take(kMainLessOrEqual, at + 2);
         }
-        if (Ahead(1) != '<') return Take(kMainLess, 1);
-        return Ahead(2) == '=' ? Take(kMainShiftLeftEqual, 3) : Take(kMainShiftLeft, 2);
+        if (Ahead(1) != '<') return Take(kMainLess, at + 1);
+        return Ahead(2) == '=' ? Take(kMainShiftLeftEqual, at + 3) : Take(kMainShiftLeft, at + 2);
       case '>':
         return TakeAssigning(kMainGreater, kMainGreaterOrEqual);
       case '-':
         if (Ahead(1) == '>') {
-          return Ahead(2) == '*' ? Take(kMainPointerToMember, 3) : Take(kMainPointerTo, 2);
+          return Ahead(2) == '*' ? Take(kMainPointerToMember, at + 3)
+                                 : Take(kMainPointerTo, at + 2);
         }
         return TakeDoubling('-', kMainMinus, kMainMinusMinus, kMainMinusEqual);
       case '+':
@@ -143,17 +132,17 @@ class MainScanner {
       case '=':
         return TakeAssigning(kMainAssign, kMainEqual);
       case ':':
-        return Ahead(1) == ':' ? Take(kMainScope, 2) : Take(kMainColon, 1);
+        return Ahead(1) == ':' ? Take(kMainScope, at + 2) : Take(kMainColon, at + 1);
       default:
         return false;
     }
   }
 
   bool TakeAssigning(MainToken alone, MainToken assigning) {
-    return Ahead(1) == '=' ? Take(assigning, 2) : Take(alone, 1);
+    return Ahead(1) == '=' ? Take(assigning, at + 2) : Take(alone, at + 1);
   }
   bool TakeDoubling(Byte c, MainToken alone, MainToken doubled, MainToken assigning) {
-    return Ahead(1) == c ? Take(doubled, 2) : TakeAssigning(alone, assigning);
+    return Ahead(1) == c ? Take(doubled, at + 2) : TakeAssigning(alone, assigning);
   }
 
   bool ScanWord() {
@@ -166,12 +155,11 @@ class MainScanner {
         (*at == 'g' || *at == 's')) {
       return false;
     }
-    // Directly before a parenthesis, these keywords are the name of a macro to be eaten.
-    if ((type == kMainBeginNamespaceStd || type == kMainEndNamespaceStd) && next < end &&
-        *next == '(') {
+    // Directly before a parenthesis these keywords are macros to eat.
+    if ((type == kMainBeginNamespaceStd || type == kMainEndNamespaceStd) && Is(next, '(')) {
       return false;
     }
-    return TakeTo(type, next);
+    return Take(type, next);
   }
 
   bool ScanNumber() {
@@ -179,7 +167,7 @@ class MainScanner {
     if (*at == '0' && next < end && (*next == 'x' || *next == 'X')) {
       if (++next == end || !IsHexDigit(*next)) return false;
       while (next < end && (IsHexDigit(*next) || *next == '\'')) ++next;
-      return TakeTo(kMainNumber, SkipIntegerSuffix(next));
+      return Take(kMainNumber, SkipIntegerSuffix(next));
     }
     while (next < end && (IsDigit(*next) || *next == '\'')) ++next;
     const bool hasPoint = next < end && *next == '.';
@@ -194,9 +182,9 @@ class MainScanner {
       if (next == end || !IsDigit(*next)) return false;
       while (next < end && IsDigit(*next)) ++next;
     }
-    if (!hasPoint && !hasExponent) return TakeTo(kMainNumber, SkipIntegerSuffix(next));
+    if (!hasPoint && !hasExponent) return Take(kMainNumber, SkipIntegerSuffix(next));
     if (next < end && (*next == 'f' || *next == 'F' || *next == 'l' || *next == 'L')) ++next;
-    return TakeTo(kMainNumber, next);
+    return Take(kMainNumber, next);
   }
 
   const Byte* SkipIntegerSuffix(const Byte* next) const {
@@ -216,22 +204,18 @@ class MainScanner {
     const Byte* stop = FindLineEnd(at + 2);
     if (stop == end) return false;
     at = stop;
-    SkipLineEnd();
-    return true;
+    return SkipLineEnd();
   }
 
   bool SkipComment() {
-    const Byte* close = FindCommentClose(at + 2);
-    if (close == nullptr) return false;
-    CountLines(at, close);
-    at = close;
-    return true;
+    const Byte* next = FindCommentClose(at + 2);
+    return next != nullptr && SkipLines(next);
   }
 
   bool ScanString() {
     const Byte* next = at + 1;
     while (next < end && *next != '"') {
-      if (*next == '\n' || *next == '\r') return false;
+      if (IsLineEnd(*next)) return false;
       if (*next == '\\') {
         next = SkipEscape(next, true);
         if (next == nullptr) return false;
@@ -240,25 +224,21 @@ class MainScanner {
       }
     }
     if (next == end) return false;
-    const unsigned line = cursor.line;
-    CountLines(at, next);
-    table.Add(kMainStringLiteral, at, next + 1, line);
-    at = next + 1;
-    return true;
+    return TakeLines(kMainStringLiteral, next + 1);
   }
 
   bool ScanCharacter() {
     const Byte* next = at + 1;
     while (next < end && *next != '\'') {
-      if (*next == '\n' || *next == '\r') return false;
+      if (IsLineEnd(*next)) return false;
       next = *next == '\\' ? SkipEscape(next, false) : next + 1;
       if (next == nullptr) return false;
     }
     if (next == end || next == at + 1) return false;
-    return TakeTo(kMainCharLiteral, next + 1);
+    return Take(kMainCharLiteral, next + 1);
   }
 
-  // Behind the escape at `backslash`; null for one that the language here does not have.
+  // Past the escape at `backslash`; null for one that the language does not have.
   const Byte* SkipEscape(const Byte* backslash, bool isString) const {
     const Byte* next = backslash + 1;
     if (next == end) return nullptr;
@@ -288,10 +268,8 @@ class MainScanner {
       case 'x':
         return end - next >= 2 && IsHexDigit(next[1]) ? next + 2 : nullptr;
       case '\n':
-        return isString ? next + 1 : nullptr;
       case '\r':
-        if (!isString) return nullptr;
-        return end - next >= 2 && next[1] == '\n' ? next + 2 : next + 1;
+        return isString ? PastLineEnd(next, end) : nullptr;
       default:
         return nullptr;
     }
@@ -322,8 +300,7 @@ class MainScanner {
   }
 
   bool ScanIf(const Byte* word) {
-    const std::string_view ahead(reinterpret_cast<const char*>(at),
-                                 static_cast<std::size_t>(end - at));
+    const std::string_view ahead = Text(at, end);
     if (IfZeroMatch(ahead) || IfDefinedWellKnownNegative(ahead)) return false;
     return SkipDirective(word);
   }
@@ -333,127 +310,50 @@ class MainScanner {
     for (;;) {
       next = FindLineEnd(next);
       if (next == end || next[-1] != '\\') break;
-      next += *next == '\r' && end - next >= 2 && next[1] == '\n' ? 2 : 1;
+      next = PastLineEnd(next, end);
     }
-    // One character of the line end belongs to the directive; the second of two is blank space.
-    CountLines(at, next);
-    at = next;
-    if (at < end) SkipLineEnd();
-    return true;
+    SkipLines(next);
+    return at == end || SkipLineEnd();
   }
 
-  // The name of a macro. Its body goes on to the first line end that no backslash continues, but
-  // the character right behind the name continues nothing. A comment in the body is taken whole.
-  bool ScanDefine(const Byte* behindWord) {
-    const Byte* name = behindWord;
+  // The text of the token is the name of the macro. The body ends with the first line that no
+  // backslash continues; a backslash directly after the name continues nothing. A comment in the
+  // body is part of it, line ends included.
+  bool ScanDefine(const Byte* wordEnd) {
+    const Byte* name = wordEnd;
     while (name < end && IsBlank(*name)) ++name;
-    if (name == behindWord || name == end || !kLetters[*name]) return false;
-    const Byte* behindName = EndOfWord(name, end);
-    const Byte* next = behindName;
-    if (next < end && *next != '\n' && *next != '\r') {
+    if (name == wordEnd || name == end || !kLetters[*name]) return false;
+    const Byte* nameEnd = EndOfWord(name, end);
+    const Byte* next = nameEnd;
+    if (next < end && !IsLineEnd(*next)) {
       ++next;
-      while (next < end && *next != '\n' && *next != '\r') {
+      while (next < end && !IsLineEnd(*next)) {
         if (*next == '/' && end - next >= 2 && next[1] == '*') {
           // One that is never closed is text like any other.
           const Byte* close = FindCommentClose(next + 2);
           next = close == nullptr ? next + 1 : close;
-        } else if (*next == '\\' && end - next >= 2 && next[1] == '\r') {
-          next += end - next >= 3 && next[2] == '\n' ? 3 : 2;
-        } else if (*next == '\\' && end - next >= 2 && next[1] == '\n') {
-          next += 2;
+        } else if (*next == '\\') {
+          next = PastLineEnd(next + 1, end);
         } else {
           ++next;
         }
       }
     }
-    const unsigned line = cursor.line;
-    CountLines(at, next);
-    table.Add(kMainDefine, at, next, line,
-              std::string_view(reinterpret_cast<const char*>(name),
-                               static_cast<std::size_t>(behindName - name)));
-    at = next;
-    return true;
+    table.Add(kMainDefine, at, next, cursor.line, Text(name, nameEnd));
+    return SkipLines(next);
   }
 
-  // Steps.
-
-  Byte Ahead(std::ptrdiff_t offset) const { return end - at > offset ? at[offset] : Byte{0}; }
-
-  bool Take(unsigned type, std::ptrdiff_t length) { return TakeTo(type, at + length); }
-
-  bool TakeTo(unsigned type, const Byte* next) {
-    table.Add(type, at, next, cursor.line);
-    at = next;
-    return true;
-  }
-
-  void SkipLineEnd() {
-    if (*at == '\r') {
-      ++at;
-      if (at == end || *at != '\n') return;
-    }
-    ++cursor.line;
-    cursor.columnZero = ++at;
-  }
-
-  bool StartsWith(const Byte* place, std::string_view word) const {
-    return static_cast<std::size_t>(end - place) >= word.size() &&
-           std::memcmp(place, word.data(), word.size()) == 0;
-  }
-
-  // The next `\r` or `\n` at or behind `from`, or the end.
-  const Byte* FindLineEnd(const Byte* from) {
-    // The newline is remembered: where lines end in `\r` alone it may be far.
-    if (from < newlineFrom || from > newline) {
-      newlineFrom = from;
-      newline = Find('\n', from, end);
-    }
-    return Find('\r', from, newline);
-  }
-
-  // The first `c` from `from` on, or `limit`.
-  static const Byte* Find(char c, const Byte* from, const Byte* limit) {
-    const void* found = std::memchr(from, c, static_cast<std::size_t>(limit - from));
-    return found == nullptr ? limit : static_cast<const Byte*>(found);
-  }
-
-  // Behind the first `*/` at or behind `from`; null when there is none.
+  // Past the first `*/` from `from` on; null when there is none.
   const Byte* FindCommentClose(const Byte* from) const {
     if (cursor.unclosedFrom != nullptr && from >= cursor.unclosedFrom) return nullptr;
-    const Byte* const first = from;
-    while (from < end) {
-      const auto* star =
-          static_cast<const Byte*>(std::memchr(from, '*', static_cast<std::size_t>(end - from)));
-      if (star == nullptr || end - star < 2) break;
-      if (star[1] == '/') return star + 2;
-      from = star + 1;
-    }
-    cursor.unclosedFrom = first;
-    return nullptr;
+    const Byte* close = PastCommentClose(from, end);
+    if (close == nullptr) cursor.unclosedFrom = from;
+    return close;
   }
-
-  // Counts the lines that end from `from` up to `to`.
-  void CountLines(const Byte* from, const Byte* to) {
-    while (from < to) {
-      const auto* newline =
-          static_cast<const Byte*>(std::memchr(from, '\n', static_cast<std::size_t>(to - from)));
-      if (newline == nullptr) return;
-      ++cursor.line;
-      cursor.columnZero = newline + 1;
-      from = newline + 1;
-    }
-  }
-
-  ScanCursor& cursor;
-  TokenTable& table;
-  const Byte* at;
-  const Byte* const end;
-  const Byte* newlineFrom = end;  ///< The last search for a newline began here ...
-  const Byte* newline = nullptr;  ///< ... and found this, or the end.
 };
 
 }  // namespace
 
-void ScanMain(ScanCursor& cursor, TokenTable& table) { MainScanner(cursor, table).Run(); }
+void ScanMain(ScanCursor& cursor, TokenTable& table) { RunScanner<MainScanner>(cursor, table); }
 
 }  // namespace vexltags

@@ -2,12 +2,12 @@
 // Looks at the characters around a slash; see the header for what is decided by them.
 #include "swift/regex_head.h"
 
+#include "base/character_class.h"
+
 namespace vexltags {
 namespace {
 
-bool IsBlank(int character) {
-  return character == ' ' || character == '\t' || character == '\n' || character == '\r';
-}
+bool IsWhitespace(int character) { return IsBlank(character) || IsLineEnd(character); }
 
 /// Whether the buffer holds `expected` at `offset`; a NUL never matches, not even itself.
 bool Holds(const CharacterWindow& window, std::ptrdiff_t offset, char expected) {
@@ -33,7 +33,7 @@ bool PrefixedBy(const CharacterWindow& window, std::ptrdiff_t offset, std::strin
 
 bool StartsExpression(const CharacterWindow& window) {
   std::ptrdiff_t offset = 0;
-  while (IsBlank(window.At(offset))) --offset;
+  while (IsWhitespace(window.At(offset))) --offset;
   const int before = window.At(offset);
   if (before == '=' || before == '(' || before == ',' || before == ':') return true;
   return PrefixedBy(window, offset, "case") || PrefixedBy(window, offset, "in");
@@ -41,8 +41,8 @@ bool StartsExpression(const CharacterWindow& window) {
 
 bool IsRegexHead(const CharacterWindow& window) {
   if (!StartsExpression(window)) return false;
-  const int behind = window.At(2);
-  if (IsBlank(behind) || behind == ')') return false;
+  const int after = window.At(2);
+  if (IsWhitespace(after) || after == ')') return false;
   return !PostfixedBy(window, 2, "*");
 }
 

@@ -3,19 +3,18 @@
 #include "swift/swift_scanner.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 #include <vector>
 
+#include "base/byte_search.h"
 #include "base/character_class.h"
+#include "engine/scanner_base.h"
 #include "swift/regex_head.h"
 #include "swift/swift_words.h"
 #include "vocabulary/swift_tokens.h"
 
 namespace vexltags {
 namespace {
-
-using Byte = unsigned char;
 
 enum class First : std::uint8_t {
   Unknown,
@@ -41,7 +40,7 @@ constexpr ByteTable<First> MakeFirstTable() {
   }
   for (unsigned c = '0'; c <= '9'; ++c) table[c] = First::Digit;
   for (const char c : std::string_view(";{}()<>,:=&?![]\\+*%|^~")) {
-    table[static_cast<Byte>(c)] = First::Mark;
+    table[static_cast<unsigned char>(c)] = First::Mark;
   }
   table[' '] = table['\t'] = First::Blank;
   table['\r'] = table['\n'] = First::LineEnd;
@@ -85,31 +84,16 @@ constexpr ByteTable<std::uint8_t> MakeMarkTable() {
 }
 constexpr ByteTable<std::uint8_t> kMarks = MakeMarkTable();
 
-constexpr bool IsDigit(Byte c) { return c >= '0' && c <= '9'; }
-constexpr bool IsHexDigit(Byte c) {
-  return IsDigit(c) || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
-}
-
-class SwiftScanner {
+class SwiftScanner : public ScannerBase {
  public:
-  SwiftScanner(ScanCursor& scanCursor, TokenTable& tokens)
-      : cursor(scanCursor), table(tokens), at(scanCursor.at), end(scanCursor.end) {}
-
-  void Run() {
-    while (at < end && ScanToken()) {
-    }
-    cursor.at = at;
-  }
-
- private:
-  // Each reads one token and returns true, or leaves everything as it is and returns false.
+  using ScannerBase::ScannerBase;
 
   bool ScanToken() {
     switch (kFirst[*at]) {
       case First::Blank:
         return ScanBlanks();
       case First::LineEnd:
-        return *at == '\n' ? ScanBlanks() : Hide(kSwiftWhitespace, EndOfLine(at));
+        return *at == '\n' ? ScanBlanks() : Hide(kSwiftWhitespace, PastLineEnd(at, end));
       case First::Letter:
         return ScanWord();
       case First::Digit:
@@ -123,7 +107,7 @@ class SwiftScanner {
       case First::Slash:
         return ScanSlash();
       case First::Quote:
-        return TakeLines(kSwiftStringLiteral, EndOfString());
+        return TakeString(kSwiftStringLiteral, EndOfString());
       case First::Backtick:
         return ScanBacktick();
       case First::Dollar:
@@ -138,60 +122,24 @@ class SwiftScanner {
     return false;
   }
 
-  bool Is(const Byte* place, Byte c) const { return place < end && *place == c; }
-  bool Has(const Byte* place, std::string_view text) const {
-    return static_cast<std::size_t>(end - place) >= text.size() &&
-           std::memcmp(place, text.data(), text.size()) == 0;
-  }
+ private:
+  // What follows reads one token and returns true, or changes nothing and returns false; or finds
+  // the end of a token, and returns null for what the generated lexer has to read.
 
-  /// A visible token up to `next`; null refuses it.
-  bool Take(unsigned type, const Byte* next) {
-    if (next == nullptr) return false;
-    table.Add(type, at, next, cursor.line);
-    at = next;
-    return true;
-  }
-
-  /// A visible token that may span lines.
-  bool TakeLines(unsigned type, const Byte* next) {
-    if (next == nullptr) return false;
-    table.Add(type, at, next, cursor.line);
-    StepOverLines(next);
-    return true;
-  }
-
-  /// A hidden token, of which only the type matters.
+  /// Hides a token, of which only the type matters.
   bool Hide(unsigned type, const Byte* next) {
     if (next == nullptr) return false;
     table.AddHidden(type);
-    StepOverLines(next);
-    return true;
+    return SkipLines(next);
   }
 
-  void StepOverLines(const Byte* next) {
-    while (at < next) {
-      const auto* newline =
-          static_cast<const Byte*>(std::memchr(at, '\n', static_cast<std::size_t>(next - at)));
-      if (newline == nullptr) break;
-      ++cursor.line;
-      cursor.columnZero = newline + 1;
-      at = newline + 1;
-    }
-    at = next;
-  }
-
-  /// Behind the line end at `place`.
-  const Byte* EndOfLine(const Byte* place) const {
-    return *place == '\r' && Is(place + 1, '\n') ? place + 2 : place + 1;
-  }
-
-  // Each blank or line end is a token; nobody can tell several from one.
+  // Each blank or line end is a token, but one is recorded for all of them: they have no effect of
+  // their own.
   bool ScanBlanks() {
     for (; at < end; ++at) {
       if (*at == '\n') {
-        ++cursor.line;
-        cursor.columnZero = at + 1;
-      } else if (*at != ' ' && *at != '\t') {
+        StartLine(at + 1);
+      } else if (!IsBlank(*at)) {
         break;
       }
     }
@@ -199,13 +147,13 @@ class SwiftScanner {
     return true;
   }
 
+  bool TakeString(unsigned type, const Byte* next) {
+    return next != nullptr && TakeLines(type, next);
+  }
+
   bool ScanWord() {
     const Byte* next = EndOfWord(at, end);
     return Take(ClassifySwiftWord(Text(at, next)), next);
-  }
-
-  static std::string_view Text(const Byte* from, const Byte* to) {
-    return {reinterpret_cast<const char*>(from), static_cast<std::size_t>(to - from)};
   }
 
   bool ScanNumber() {
@@ -246,15 +194,13 @@ class SwiftScanner {
   bool ScanSlash() {
     if (Is(at + 1, '*')) return Hide(kSwiftCComment, EndOfComment());
     if (Is(at + 1, '/')) {
-      const Byte* next = at + 2;
-      while (next < end && *next != '\n' && *next != '\r') ++next;
-      return Hide(kSwiftSingleLineComment, next == end ? end : EndOfLine(next));
+      return Hide(kSwiftSingleLineComment, PastLineEnd(FindLineEnd(at + 2), end));
     }
     const bool isRegex = IsRegexHead(CharacterWindow(cursor.begin, at, end));
     return Take(isRegex ? kSwiftRegexHead : kSwiftDivide, at + 1);
   }
 
-  /// Behind the nested comment at the present place; null when it is open.
+  /// Past the comment at `at`, which may hold others; null when it is not closed.
   const Byte* EndOfComment() const {
     int depth = 1;
     for (const Byte* next = at + 2; next + 1 < end; ++next) {
@@ -298,8 +244,8 @@ class SwiftScanner {
     return Hide(kSwiftAttribute, next);
   }
 
-  /// Whether nothing closes the parenthesis at `open`. The first one that is open costs a pass over
-  /// the rest of the file, which settles all behind it.
+  /// Whether nothing closes the parenthesis at `open`. The first one that is not closed costs a
+  /// pass over the rest of the file, which answers for all that follow.
   bool IsOpenForGood(const Byte* open) {
     if (!knowsOpen) {
       if (EndOfBalance(open, '(', ')') != nullptr) return false;
@@ -312,8 +258,7 @@ class SwiftScanner {
     return std::binary_search(openForGood.begin(), openForGood.end(), open);
   }
 
-  /// Behind the bracket that closes the one at `place`, or null. Nothing but brackets counts, not
-  /// even strings.
+  /// Past the bracket that closes the one at `place`, or null. Brackets in strings count too.
   const Byte* EndOfBalance(const Byte* place, Byte open, Byte close) const {
     int depth = 0;
     for (; place < end; ++place) {
@@ -324,8 +269,8 @@ class SwiftScanner {
   }
 
   bool ScanHash() {
-    if (Is(at + 1, '"')) return TakeLines(kSwiftRawStringLiteral, EndOfRawString());
-    if (Has(at, "#if") || Has(at, "#else") || Has(at, "#endif")) {
+    if (Is(at + 1, '"')) return TakeString(kSwiftRawStringLiteral, EndOfRawString());
+    if (StartsWith(at, "#if") || StartsWith(at, "#else") || StartsWith(at, "#endif")) {
       return Hide(kSwiftControlStatement, EndOfControlStatement());
     }
     const Byte* next = EndOfWord(at + 1, end);
@@ -337,12 +282,12 @@ class SwiftScanner {
     return type != 0 && Take(type, next);
   }
 
-  /// Behind the line at the present place, and behind those that a backslash at its end adds.
+  /// Past the line of `at`, and past the lines that backslashes at line ends add.
   const Byte* EndOfControlStatement() const {
     for (const Byte* next = at + 3; next < end; ++next) {
-      if (*next == '\\' && next + 1 < end && (next[1] == '\n' || next[1] == '\r')) {
-        next = EndOfLine(next + 1) - 1;
-      } else if (*next == '\n' || *next == '\r') {
+      if (*next == '\\' && next + 1 < end && IsLineEnd(next[1])) {
+        next = PastLineEnd(next + 1, end) - 1;
+      } else if (IsLineEnd(*next)) {
         return next + 1;
       }
     }
@@ -352,32 +297,32 @@ class SwiftScanner {
   const Byte* EndOfRawString() const {
     for (const Byte* next = at + 2; next + 1 < end; ++next) {
       if (*next == '"' && next[1] == '#') return next + 2;
-      if (!Has(next, "\\#(")) continue;
-      const Byte* behind = EndOfBalance(next + 2, '(', ')');
-      if (behind == nullptr) return nullptr;
-      next = behind - 1;
+      if (!StartsWith(next, "\\#(")) continue;
+      const Byte* closed = EndOfBalance(next + 2, '(', ')');
+      if (closed == nullptr) return nullptr;
+      next = closed - 1;
     }
     return nullptr;
   }
 
   const Byte* EndOfString() const {
-    return Has(at, "\"\"\"") ? EndOfLongString(at + 3) : EndOfShortString(at + 1);
+    return StartsWith(at, "\"\"\"") ? EndOfLongString(at + 3) : EndOfShortString(at + 1);
   }
 
   const Byte* EndOfShortString(const Byte* next) const {
     while (next < end) {
       if (*next == '"') return next + 1;
-      if (*next == '\n' || *next == '\r') return nullptr;
+      if (IsLineEnd(*next)) return nullptr;
       next = *next == '\\' ? EndOfEscape(next) : next + 1;
       if (next == nullptr) return nullptr;
     }
     return nullptr;
   }
 
-  /// One or two quotes take the character behind them along, whatever it is.
+  /// One or two quotes consume the character after them, whatever it is.
   const Byte* EndOfLongString(const Byte* next) const {
     while (next < end) {
-      if (Has(next, "\"\"\"")) return next + 3;
+      if (StartsWith(next, "\"\"\"")) return next + 3;
       if (*next == '"') {
         next += Is(next + 1, '"') ? 3 : 2;
       } else {
@@ -388,7 +333,7 @@ class SwiftScanner {
     return nullptr;
   }
 
-  /// Behind the interpolation or escape at `place`; null when it is none.
+  /// Past the interpolation or escape at `place`; null when there is none.
   const Byte* EndOfEscape(const Byte* place) const {
     if (place + 1 == end) return nullptr;
     switch (place[1]) {
@@ -416,16 +361,12 @@ class SwiftScanner {
     }
   }
 
-  ScanCursor& cursor;
-  TokenTable& table;
-  const Byte* at;
-  const Byte* const end;
   bool knowsOpen = false;
   std::vector<const Byte*> openForGood;  ///< In ascending order, once they are known.
 };
 
 }  // namespace
 
-void ScanSwift(ScanCursor& cursor, TokenTable& table) { SwiftScanner(cursor, table).Run(); }
+void ScanSwift(ScanCursor& cursor, TokenTable& table) { RunScanner<SwiftScanner>(cursor, table); }
 
 }  // namespace vexltags

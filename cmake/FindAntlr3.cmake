@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: MIT
-# Finds the ANTLR 3 generator (Debian packages antlr3 and libstringtemplate-java), which runs on Java,
-# and the ANTLR 3 C runtime (libantlr3c-dev). Defines the target Antlr3::Runtime and the variables
-# Antlr3_JAVA, Antlr3_JAR, Antlr3_CLASSPATH (the generator and its dependencies) and Antlr3_VERSION.
+# Finds the ANTLR 3 C runtime (Debian package libantlr3c-dev) and, with the component Generator, the
+# ANTLR 3 generator (antlr3, libstringtemplate-java), which runs on Java. Defines the target
+# Antlr3::Runtime and the variables Antlr3_JAVA, Antlr3_JAR, Antlr3_CLASSPATH (the generator and its
+# dependencies) and Antlr3_VERSION.
 find_program(Antlr3_JAVA java)
 set(_jars /usr/share/java /usr/local/share/java)
 find_file(Antlr3_JAR antlr3.jar PATHS ${_jars})
@@ -13,8 +14,7 @@ find_path(Antlr3_RUNTIME_INCLUDE_DIR antlr3.h)
 find_library(Antlr3_RUNTIME_LIBRARY NAMES libantlr3c.a antlr3c)
 
 set(_needs RUNTIME_INCLUDE_DIR RUNTIME_LIBRARY)
-# A source archive contains the generated recognisers and needs no generator.
-if(NOT EXISTS ${PROJECT_SOURCE_DIR}/src/grammars/generated)
+if("Generator" IN_LIST Antlr3_FIND_COMPONENTS)
   list(APPEND _needs JAVA JAR RUNTIME_JAR ST3_JAR ST4_JAR)
 endif()
 foreach(_need IN LISTS _needs)

@@ -70,13 +70,14 @@ else()
 endif()
 include(CPack)
 
-# A build from a source archive generates nothing and cannot make another archive.
-get_property(_generated GLOBAL PROPERTY VEXLTAGS_GENERATED)
-if(_generated)
-  list(TRANSFORM _generated PREPEND vexltags_generate_ OUTPUT_VARIABLE _generate_targets)
+# A build from a source archive cannot make another archive.
+if(VEXLTAGS_GENERATES)
+  get_property(_grammars GLOBAL PROPERTY VEXLTAGS_GRAMMARS)
+  list(TRANSFORM _grammars PREPEND vexltags_generate_ OUTPUT_VARIABLE _generate_targets)
   add_custom_target(source_archive
     COMMAND ${CMAKE_COMMAND} -D SOURCE=${PROJECT_SOURCE_DIR} -D BUILD=${CMAKE_BINARY_DIR}
-            -D VERSION=${VEXLTAGS_VERSION} -D "GRAMMARS=${_generated}"
+            -D VERSION=${VEXLTAGS_VERSION} -D "GRAMMARS=${_grammars}"
+            -D GENERATED=${VEXLTAGS_GENERATED} -D ARCHIVED=${VEXLTAGS_ARCHIVED}
             -P ${PROJECT_SOURCE_DIR}/cmake/SourceArchive.cmake
     DEPENDS ${_generate_targets}
     COMMENT "Packing vexltags-${VEXLTAGS_VERSION}-source.tar.xz"

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
-# Packs the files in SOURCE that git does not ignore, and the generated recognisers of GRAMMARS from
-# BUILD, into BUILD/vexltags-VERSION-source.tar.xz. The archive builds without Java or the generator.
+# Packs the files in SOURCE that git does not ignore into BUILD/vexltags-VERSION-source.tar.xz, and the
+# generated recognisers of GRAMMARS, which are in the folder GENERATED, as the folder ARCHIVED. The
+# archive builds without Java or the generator.
 set(_name vexltags-${VERSION})
 set(_stage ${BUILD}/source-archive)
 set(_tree ${_stage}/${_name})
@@ -26,8 +27,8 @@ run(COMMAND tar --extract --file=${_stage}/files.tar WORKING_DIRECTORY ${_tree})
 
 foreach(_grammar IN LISTS GRAMMARS)
   foreach(_part IN ITEMS Lexer.c Lexer.h Parser.c Parser.h)
-    set(_file ${_tree}/src/grammars/generated/${_grammar}/${_grammar}${_part})
-    configure_file(${BUILD}/src/grammars/${_grammar}/${_grammar}${_part} ${_file} COPYONLY)
+    set(_file ${_tree}/${ARCHIVED}/${_grammar}/${_grammar}${_part})
+    configure_file(${GENERATED}/${_grammar}/${_grammar}${_part} ${_file} COPYONLY)
     # Removes paths and time of this build, so that archives of the same commit are identical.
     run(COMMAND sed -i -e "s|${SOURCE}/||g" -e "s|${BUILD}/||g" -e "/^ \\* *- *On : /d" ${_file})
   endforeach()

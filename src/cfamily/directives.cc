@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tests behind the conditional directives, and the line-by-line scans for their ends.
+// Predicates for conditional directives, and scans by lines for their ends.
 #include "cfamily/directives.h"
 
 #include "base/byte_search.h"
@@ -22,14 +22,14 @@ bool Skip(std::string_view& ahead, std::string_view word) {
   return true;
 }
 
-// `#`, blanks, `word`; leaves `ahead` behind it.
+// Removes `#`, blanks and `word` from the front of `ahead`.
 bool SkipDirective(std::string_view& ahead, std::string_view word) {
   if (!Skip(ahead, "#")) return false;
   SkipBlanks(ahead);
   return Skip(ahead, word);
 }
 
-// As SkipDirective, and at least one blank.
+// The same with at least one blank after the word.
 bool SkipDirectiveWithArgument(std::string_view& ahead, std::string_view word) {
   if (!SkipDirective(ahead, word) || ahead.empty() || !IsBlank(ahead[0])) return false;
   SkipBlanks(ahead);
@@ -42,14 +42,14 @@ std::size_t SkipLineEnd(std::string_view text, std::size_t pos) {
   return static_cast<std::size_t>(PastLineEnd(begin + pos, begin + text.size()) - begin);
 }
 
-// Where a nested conditional may open: no blanks before the `#`.
+// True for the opening of a nested conditional, which has no blanks before the `#`.
 bool OpensConditional(std::string_view ahead) { return SkipDirective(ahead, "if"); }
 
-// Follows one conditional that opens at `pos` to behind its `#endif` line. Reports to `memo` what
-// it leaves unclosed.
+// Returns the offset past the `#endif` line of the conditional that opens at `pos`; npos when there
+// is none, which is recorded in `memo`.
 std::size_t EndOfNestedConditional(std::string_view text, std::size_t pos, ConditionalMemo& memo) {
-  std::vector<std::size_t> passes;       // Where the scan passed inside what is still open.
-  std::vector<std::size_t> open_passes;  // The size of `passes` where each open one began.
+  std::vector<std::size_t> passes;  // The offsets that the scan has passed in open conditionals.
+  std::vector<std::size_t> open_passes;  // The size of `passes` at the start of each open one.
   while (pos < text.size()) {
     if (!open_passes.empty()) {
       if (memo.IsUnclosedFrom(pos)) break;
@@ -137,8 +137,8 @@ std::size_t EndOfComment(std::string_view text, std::size_t pos, ConditionalMemo
 }
 
 std::size_t EndOfConditional(std::string_view text, std::size_t pos, ConditionalMemo& memo) {
-  // A nested conditional without an end of its own runs to the end of the text, and so does then
-  // everything around it: a count is all that is needed.
+  // An unclosed nested conditional extends to the end of the text, and so does everything around
+  // it. A count is therefore enough.
   std::size_t open = 1;
   while (pos < text.size()) {
     const std::string_view ahead = text.substr(pos);
@@ -165,7 +165,7 @@ std::size_t EndOfIfZeroBody(std::string_view text, std::size_t pos, ConditionalM
     if (c == '/') {
       end = EndOfComment(text, pos, memo);
     } else if (c == '#' && OpensConditional(ahead)) {
-      // Without an end of its own it is a plain line.
+      // An unclosed one is an ordinary line.
       end = EndOfNestedConditional(text, pos, memo);
     } else if ((c == '#' || IsBlank(c)) && EndifOrElifOrElseMatch(ahead)) {
       SkipBlanks(ahead);

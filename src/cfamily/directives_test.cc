@@ -21,7 +21,7 @@ struct PrefixCase {
 void ExpectPrefixes(bool (*predicate)(std::string_view), std::initializer_list<PrefixCase> cases) {
   for (const PrefixCase& each : cases) {
     EXPECT_EQ(predicate(each.text), each.matches) << each.text;
-    // A predicate sees the same when text follows, and takes no harm when the text stops early.
+    // The result is the same with text after it, and a text that ends early is harmless.
     EXPECT_EQ(predicate(std::string(each.text) + "\n#endif\n"), each.matches) << each.text;
     if (!each.matches) continue;
     EXPECT_FALSE(predicate(each.text.substr(1))) << each.text;
@@ -123,7 +123,7 @@ TEST(Directives, EndOfComment) {
   EXPECT_EQ(end("/", 0), kNone);
 }
 
-TEST(Directives, CommentCloseIsRightInAnyOrderOfQuestions) {
+TEST(Directives, CommentCloseIsRightInAnyOrderOfCalls) {
   const std::string_view text = "ab*/cd*/ef";
   ConditionalMemo memo;
   for (const std::size_t from : {0u, 2u, 3u, 6u, 1u, 7u, 9u, 0u, 8u}) {
@@ -131,16 +131,16 @@ TEST(Directives, CommentCloseIsRightInAnyOrderOfQuestions) {
   }
 }
 
-// The part of `text` that a scan from its start leaves over, "none" when it finds no end.
-std::string RestBehind(std::size_t (*scan)(std::string_view, std::size_t, ConditionalMemo&),
-                       std::string_view text) {
+// Returns what a scan from the start of `text` leaves, "none" when it finds no end.
+std::string RestAfter(std::size_t (*scan)(std::string_view, std::size_t, ConditionalMemo&),
+                      std::string_view text) {
   ConditionalMemo memo;
   const std::size_t end = scan(text, 0, memo);
   return end == kNone ? "none" : std::string(text.substr(end));
 }
 
 TEST(Directives, EndOfIfZeroBody) {
-  const auto rest = [](std::string_view text) { return RestBehind(EndOfIfZeroBody, text); };
+  const auto rest = [](std::string_view text) { return RestAfter(EndOfIfZeroBody, text); };
   EXPECT_EQ(rest("a\n#endif x\nb\n"), "b\n");
   EXPECT_EQ(rest("a\n#else\nb\n"), "b\n");
   EXPECT_EQ(rest("a\n#elif X\nb\n"), "b\n");
@@ -160,7 +160,7 @@ TEST(Directives, EndOfIfZeroBody) {
 }
 
 TEST(Directives, EndOfConditional) {
-  const auto rest = [](std::string_view text) { return RestBehind(EndOfConditional, text); };
+  const auto rest = [](std::string_view text) { return RestAfter(EndOfConditional, text); };
   EXPECT_EQ(rest("a\n#else\n#elif 0\n #endif\nb\n"), "b\n");
   EXPECT_EQ(rest("#ifdef A\n#if B\n#endif\n#endif\n#endif\nb\n"), "b\n");
   EXPECT_EQ(rest(" #if A\n#endif\nb\n"), "b\n");
@@ -170,7 +170,7 @@ TEST(Directives, EndOfConditional) {
   EXPECT_EQ(rest(""), "none");
 }
 
-// The grammar of dropped text as plain recursion: what each scan promises, without its economies.
+// The rules of dropped text as plain recursion: what each scan promises, without optimisations.
 class Model {
  public:
   explicit Model(std::string_view text) : text_(text) {}
@@ -191,7 +191,7 @@ class Model {
  private:
   using Closing = bool (*)(std::string_view);
 
-  // Stands at the closing `#`, or at the end of the text.
+  // Returns the offset of the closing `#`, or the end of the text.
   std::size_t Loop(std::size_t pos, Closing closing) {
     while (pos < text_.size()) {
       const std::string_view ahead = text_.substr(pos);
@@ -249,7 +249,7 @@ class Model {
   std::string_view text_;
 };
 
-TEST(Directives, ScansAgreeWithThePlainRules) {
+TEST(Directives, ScansAgreeWithPlainRules) {
   constexpr std::string_view kPieces[] = {
       "#if X\n",   "#if X\n",   "#ifdef Y\r\n", "# if Z\n", " #if 0\n",  "#if 0\n",     "#else\n",
       "#elif 0\n", "#elif X\n", "#endif\n",     "#endif\n", " #endif\n", "#endif\r\n",  "#endif",
@@ -284,8 +284,8 @@ std::string Repeat(std::string_view piece, int times) {
   return text;
 }
 
-// Each of these takes minutes when something is looked at again for each of its openings.
-TEST(Directives, DepthAndUnclosedOpeningsCostLinearTime) {
+// Each of these would take minutes if every opening were searched for its end anew.
+TEST(Directives, DeepAndUnclosedOpeningsTakeLinearTime) {
   constexpr int kMany = 100000;
   const std::string opened = Repeat("#if X\n", kMany);
   ConditionalMemo nested;
@@ -300,7 +300,7 @@ TEST(Directives, DepthAndUnclosedOpeningsCostLinearTime) {
   ConditionalMemo other;
   EXPECT_EQ(EndOfIfZeroBody(closed_by_else, 0, other), closed_by_else.size());
 
-  // One body after the other, each with an unclosed conditional in it.
+  // A sequence of bodies, each with an unclosed conditional.
   const std::string bodies = Repeat("#if X\na\n#else\n#if 0\n", kMany);
   ConditionalMemo kept;
   std::size_t pos = 0;

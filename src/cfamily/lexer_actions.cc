@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Moves the lexer's input over dropped text, and sets text and channel of its tokens.
+// Skips dropped text in the lexer's input, and sets the text and channel of tokens.
 #include "cfamily/lexer_actions.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ std::size_t Offset(pANTLR3_INPUT_STREAM input) {
   return static_cast<std::size_t>(Next(input) - Begin(input));
 }
 
-// Consumes up to `offset`; line and column come out as if each character had been consumed.
+// Consumes the input up to `offset`. Line and column are as after consuming each character.
 void AdvanceTo(pANTLR3_INPUT_STREAM input, std::size_t offset) {
   const std::string_view eaten = WholeText(input).substr(Offset(input), offset - Offset(input));
   char* const target = static_cast<char*>(input->nextChar) + eaten.size();

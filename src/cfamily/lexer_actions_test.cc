@@ -9,7 +9,7 @@
 namespace vexltags {
 namespace {
 
-// An input stream over a text of its own.
+// An input stream that owns its text.
 class Input {
  public:
   explicit Input(std::string text) : text_(std::move(text)) {
@@ -32,7 +32,7 @@ class Input {
   pANTLR3_INPUT_STREAM stream_;
 };
 
-// Both stand at the same place with the same line and column.
+// Expects both to be at the same place, with the same line and column.
 void ExpectSamePlace(const Input& a, const Input& b) {
   EXPECT_EQ(CharsAhead(a.get()), CharsAhead(b.get()));
   EXPECT_EQ(a.get()->line, b.get()->line);
@@ -49,7 +49,7 @@ TEST(LexerActions, CharsAheadBeginsAtTheNextCharacter) {
   EXPECT_EQ(CharsAhead(input.get()), "");
 }
 
-TEST(LexerActions, EatingLeavesThePlaceAsConsumingWould) {
+TEST(LexerActions, EatingMovesTheInputLikeConsuming) {
   struct Case {
     std::string text;
     std::size_t start;
@@ -74,7 +74,7 @@ TEST(LexerActions, EatingLeavesThePlaceAsConsumingWould) {
   }
 }
 
-TEST(LexerActions, EatingWithoutAnEndUsesUpTheInput) {
+TEST(LexerActions, EatingWithoutAnEndConsumesTheInput) {
   const std::string text = "#if 0\na\nb\nc";
   Input eaten(text);
   eaten.Consume(6);
@@ -96,7 +96,7 @@ TEST(LexerActions, ElseClosesOnlyAnIfZeroBody) {
   EXPECT_EQ(CharsAhead(conditional.get()), "c\n");
 }
 
-TEST(LexerActions, CCommentAheadWantsAWholeBlockComment) {
+TEST(LexerActions, CCommentAheadRequiresAClosedComment) {
   for (const auto& [text, expected] : {std::pair<const char*, bool>{"/* a\n */", true},
                                        {"/* a", false},
                                        {"// a\n", false},

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reads the tokens of C, C++ and Objective-C by hand: the same ones that the generated lexer gives.
+// Reads the same tokens of C, C++ and Objective-C as the generated lexer.
 #include "cfamily/main_scanner.h"
 
 #include <cstring>
@@ -199,7 +199,7 @@ class MainScanner : public ScannerBase {
     return TakeAssigning(kMainDivide, kMainDivideEqual);
   }
 
-  // The line end belongs to the comment; one without is no token.
+  // The line end belongs to the comment, so a comment without one is no token.
   bool SkipLineComment() {
     const Byte* stop = FindLineEnd(at + 2);
     if (stop == end) return false;
@@ -275,7 +275,7 @@ class MainScanner : public ScannerBase {
     }
   }
 
-  // A line that begins with `#`. The words are prefixes: `#include_next` is an `#include`.
+  // Reads a line that begins with `#`. The words are prefixes: `#include_next` is an `#include`.
   bool ScanDirective() {
     const Byte* word = at + 1;
     while (word < end && IsBlank(*word)) ++word;
@@ -317,8 +317,8 @@ class MainScanner : public ScannerBase {
   }
 
   // The text of the token is the name of the macro. The body ends with the first line that no
-  // backslash continues; a backslash directly after the name continues nothing. A comment in the
-  // body is part of it, line ends included.
+  // backslash continues; a backslash directly after the name continues nothing. A closed comment
+  // belongs to the body with its line ends.
   bool ScanDefine(const Byte* wordEnd) {
     const Byte* name = wordEnd;
     while (name < end && IsBlank(*name)) ++name;
@@ -329,7 +329,7 @@ class MainScanner : public ScannerBase {
       ++next;
       while (next < end && !IsLineEnd(*next)) {
         if (*next == '/' && end - next >= 2 && next[1] == '*') {
-          // One that is never closed is text like any other.
+          // An unclosed comment is text like any other.
           const Byte* close = FindCommentClose(next + 2);
           next = close == nullptr ? next + 1 : close;
         } else if (*next == '\\') {

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Reads the tokens of C, C++ and Objective-C by hand: the same ones that the generated lexer gives.
+// The hand-written scanner of C, C++ and Objective-C.
 #pragma once
 
 #include "engine/token_feed.h"
 
 namespace vexltags {
 
-/// A `Scanner` for the C family where no word is to be hidden. Leaves to the generated lexer what
-/// is rare or fails across several characters: macros to be eaten, conditional branches to be
-/// dropped, Objective-C's `@` words, attributes in brackets, open literals and comments, unknown
-/// escapes.
+/// A `Scanner` for the C family, for runs that hide no words. It leaves to the generated lexer
+/// whatever is rare or fails over several characters: eaten macros, dropped conditional branches,
+/// the `@` words of Objective-C, attributes in brackets, unclosed literals and comments, and
+/// unknown escapes.
 void ScanMain(ScanCursor& cursor, TokenTable& table);
 
 }  // namespace vexltags

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the C family's scanner: its tokens, and what it leaves to the generated lexer.
+// Tests of the C-family scanner: its tokens, and what it leaves to the generated lexer.
 #include "cfamily/main_scanner.h"
 
 #include <gtest/gtest.h>

@@ -16,7 +16,7 @@ namespace {
 
 constexpr WordTable<std::size(kMainLiterals)> kKeywords(kMainLiterals);
 
-/// The names of the macro eaters. A name that begins with another is not repeated.
+/// The names of the eaten macros, less those that begin with another name of the list.
 constexpr std::string_view kMacroNames[] = {
     "CF_RETURNS_RETAINED",
     "CF_RETURNS_NOT_RETAINED",
@@ -107,7 +107,7 @@ constexpr std::size_t kShortestMacroName = 7;
 constexpr std::size_t kSlots = 512;
 constexpr std::uint8_t kNone = 0xFF;
 
-/// By the characters in which the names differ early.
+/// Hashes the early characters in which the names differ.
 template <class Word>
 constexpr std::size_t MacroSlot(const Word& word) {
   return (static_cast<unsigned char>(word[0]) * 7U + static_cast<unsigned char>(word[1]) * 41U +

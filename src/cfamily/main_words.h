@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
-// Tells what a word of the C family is: a keyword, an identifier, or perhaps a macro to be eaten.
+// Classifies a word of the C family: a keyword, an identifier, or possibly a macro to eat.
 #pragma once
 
 #include <cstddef>
 
 namespace vexltags {
 
-/// What `ClassifyMainWord` says of a word that may be the name of a macro eater.
+/// What `ClassifyMainWord` returns for a word that may be an eaten macro.
 inline constexpr unsigned kMainMaybeMacro = 0;
 
-/// The token type of the word of `length` letters, digits and `_` at `word`: that of a keyword or
-/// identifier, or `kMainMaybeMacro` when it begins with the name of a macro eater, of which the
-/// characters behind it decide. Keywords with other characters in them are not known here.
+/// Returns the token type of the word of `length` letters, digits and `_` at `word`: that of a
+/// keyword or identifier, or `kMainMaybeMacro` when it begins with the name of an eaten macro, in
+/// which case the characters after it decide. Does not know keywords that contain other characters.
 unsigned ClassifyMainWord(const unsigned char* word, std::size_t length);
 
 }  // namespace vexltags

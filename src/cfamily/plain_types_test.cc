@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the look at plain types.
+// Tests of recognising plain types.
 #include "cfamily/plain_types.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 namespace vexltags {
 namespace {
 
-// The part of a generated parser that the look needs, in a trial.
+// The part of a generated parser that is needed, during a speculative parse.
 struct FakeParser {
   explicit FakeParser(const std::vector<unsigned>& types) : maker(" "), table(maker.Input()) {
     const auto* at = static_cast<const unsigned char*>(maker.Input()->data);
@@ -32,7 +32,7 @@ struct FakeParser {
   TokenTable* tokens = &table;
 };
 
-TEST(FailsAsPlainType, WhereNoParenthesisComesBeforeTheEnd) {
+TEST(FailsAsPlainType, IfNoParenthesisComesBeforeTheEnd) {
   const std::vector<unsigned> plain[] = {
       {kMainId, kMainRParen},
       {kMainKw_int, kMainComma},
@@ -72,7 +72,7 @@ TEST(FailsAsPlainType, LeavesEverythingElseToTheRule) {
   }
 }
 
-TEST(FailsAsPlainType, SaysNothingOutsideTrials) {
+TEST(FailsAsPlainType, DoesNothingOutsideSpeculativeParses) {
   FakeParser parser({kMainId, kMainRParen});
   parser.state.backtracking = 0;
   EXPECT_FALSE(FailsAsPlainType(&parser));

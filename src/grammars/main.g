@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// C, C++ and Objective-C as far as tags need them: real headers, without preprocessing.
+// C, C++ and Objective-C to the extent that tags need: source text as it is, not preprocessed.
 grammar main;
 
 options {
@@ -32,7 +32,7 @@ options {
 #include "engine/std_string.h"
 #include "parserstate/lexer_state.h"
 
-// The rules take and return these types; the code made of them stands outside any namespace.
+// Rules take and return these types, and generated code is outside any namespace.
 using namespace vexltags;
 }
 
@@ -48,19 +48,19 @@ using namespace vexltags;
 @parser::members {
 #include "engine/recognizer_support.h"
 
-// Asked right behind a LESSTHAN: only one behind a name opens a template argument list.
+// Evaluated directly after a LESSTHAN: only one that follows a name opens a template argument list.
 static bool LooksLikeTemplateOpener(pmainParser ctx) { return TypeBehind(ctx, 2) == ID; }
 }
 
-// Parser. A file is a flat run of items: what opens a scope and what closes it are items of their
-// own, and the tag builder keeps the scopes. So a construct that cannot be read costs a few tokens
-// and not the scope around it.
+// Parser. A file is a flat sequence of items. The opening and the closing of a scope are items of
+// their own, and the tag builder keeps track of scopes. A construct that does not parse therefore
+// costs a few tokens, not the scope around it.
 //
-// The order of alternatives decides what a construct is: where the next token leaves more than one,
-// they are tried in the order in which they stand, and the first that parses is taken. These trials
-// come from the option `backtrack`. A predicate is written only where it asks for something other
-// than its whole alternative; unlike the others it is asked also where the next token would settle
-// the matter, so writing one more, or one less, changes tags.
+// The order of alternatives decides how a construct is read: where the next token allows several
+// alternatives, the first that parses is taken. The option `backtrack` makes these speculative
+// parses. An explicit predicate is written only where it tests something other than its whole
+// alternative. Unlike an implicit one it is evaluated even where the next token decides, so adding
+// or removing one changes tags.
 
 // --- Items ---
 
@@ -287,7 +287,7 @@ deduction_guide
 
 // --- Classes and enums ---
 
-// The names behind the brace of an enum stand inside this rule, those behind a class do not.
+// The declarators after the brace of an enum belong to this rule; those after a class do not.
 enum_specifier
 @declarations { TypeDescriptor descriptor("", kEnumKind, -1); }
   : ( 'typedef' { descriptor.isTypedef = true; } )?
@@ -408,8 +408,8 @@ templateDisambiguator
   : typeName SCOPE 'template'
   ;
 
-// Where the file has run over its time limit, a type is nothing, so that the rules that need one
-// fail and the parse unwinds.
+// Once the file has exceeded its time limit no type matches, so that the rules that need one fail
+// and the parse unwinds.
 type returns [TypeDescriptor r]
 options { memoize = true; }
 @init { if (ctx->fileState->CheckRunningTooLong()) return r; }
@@ -634,7 +634,7 @@ ref_qualifier
   : AND | AMPERSAND
   ;
 
-// The text is the symbol alone, without the word. There is no token for `>>`.
+// The text is the symbol alone, without `operator`. There is no token for `>>`.
 operatorName returns [Name r]
   : 'operator' w = GREATERTHAN { $r = $w; } w = ( GREATERTHAN | GREATEROREQUAL ) { $r += $w; }
   | 'operator'
@@ -758,8 +758,8 @@ templateArgumentList returns [stdString r]
   : e = templateArgumentEater { $r = TemplateArgumentText(TextOf(ctx, $e.r)); }
   ;
 
-// A `<` behind a name opens a list that has to close, any other is a plain token. No list runs over
-// a semicolon: that is what tells `a < b;` from a list.
+// A `<` after a name opens a list, which must be closed; any other `<` is an ordinary token. A list
+// contains no semicolon, which distinguishes it from `a < b;`.
 templateArgumentEater returns [TokenRange r]
 options { memoize = true; }
 @declarations { const ANTLR3_MARKER first = INDEX(); }
@@ -892,7 +892,7 @@ equality_expression
   : relational_expression ( ( NOTEQUAL | EQUAL ) relational_expression )*
   ;
 
-// A `>` is an operator only where an operand follows: it may close a template argument list.
+// A `>` is an operator only if an operand follows; otherwise it may close a template argument list.
 relational_expression
   : shift_expression
     ( ( LESSTHAN | GREATERTHAN | GREATEROREQUAL | LESSOREQUAL ) shift_expression )*
@@ -1043,7 +1043,7 @@ arguments
   : parenEater
   ;
 
-// The eaters skip a balanced run of one kind of bracket; the other kinds are plain tokens to them.
+// An eater skips balanced brackets of one kind; to it the other kinds are ordinary tokens.
 
 parenEater
 @init { if (StepOverBrackets(ctx, LPAREN, RPAREN)) return; }
@@ -1165,11 +1165,9 @@ propertyAttributes returns [PropertyAttributeInfo r]
     ( COMMA a = propertyAttribute { MergePropertyAttribute($r, $a.r); } )* RPAREN
   ;
 
-// Lexer. The dispatcher takes the rules in the order in which they stand here: of two rules that
-// match the same text the earlier wins, and a longer match of a later rule beats a shorter one of an
-// earlier rule. It commits as soon as the next character leaves one rule only, so a rule that
-// then fails costs its characters; that is intended. What the parser must not see goes to the hidden
-// channel, 99.
+// Lexer. The longest match wins, and of equal matches the earliest rule. The lexer commits to a
+// rule as soon as the next character allows no other; if that rule then fails, its characters are
+// lost, which is intended. Tokens that the parser must not see go to the hidden channel, 99.
 
 // Keywords.
 
@@ -1246,7 +1244,7 @@ T__161 : 'FAR' ;
 T__162 : 'const' ;
 T__163 : 'volatile' ;
 
-// Blanks and comments.
+// White space and comments.
 
 Whitespace : ( ' ' | '\t' | EndOfLine ) { $channel = 99; } ;
 
@@ -1258,8 +1256,8 @@ fragment SingleLineComment : '//' ( ~( '\n' | '\r' ) )* EndOfLine ;
 
 fragment CComment : '/*' ( options { greedy = false; } : . )* '*/' ;
 
-// Macros that are a bare word, or a word with its arguments directly behind it. They stand before
-// ID and so win over it.
+// Macros that are a bare word, or a word directly followed by its arguments. They precede ID and so
+// take precedence over it.
 
 CFMacroEater
     : ( 'CF_RETURNS_RETAINED' | 'CF_RETURNS_NOT_RETAINED' | 'CF_RELEASES_ARGUMENT' |
@@ -1296,7 +1294,7 @@ fragment LetterOrDigit : Letter | '0' .. '9' ;
 
 fragment Digit : '0' .. '9' ;
 
-// Macros with their arguments. They stand behind ID: what follows the word decides.
+// Macros with arguments. They follow ID, so the characters after the word decide.
 
 AvailabilityMacroEater
     : ( ( 'ATS_AVAILABLE' | 'ATS_DEPRECATED' | 'API_DEPRECATED' | 'API_AVAILABLE' |
@@ -1322,7 +1320,7 @@ GeneralMacroEater
     : 'UNIT_TEST' ( 'A' .. 'Z' | '_' )* ( ' ' | '\t' )* BalanceParens { $channel = 99; }
     ;
 
-// Counts parentheses and nothing else: not strings, not comments.
+// Counts parentheses only; those in strings and comments count too.
 fragment BalanceParens : '(' ( BalanceParens | ~( '(' | ')' ) )* ')' ;
 
 fragment BalanceSquareBrackets : '[' ( BalanceSquareBrackets | ~( '[' | ']' ) )* ']' ;
@@ -1333,7 +1331,7 @@ AttributeEater
       ) { $channel = 99; }
     ;
 
-// The token's text is the name of the enum.
+// The text of the token is the name of the enum.
 NsOptionsMacro
 @declarations { ANTLR3_MARKER name = 0; pANTLR3_STRING text = NULL; }
     : ( 'CF_OPTIONS' | 'NS_OPTIONS' | 'NS_ENUM' | 'CF_ENUM' ) ( ' ' | '\t' )*
@@ -1343,11 +1341,11 @@ NsOptionsMacro
       { SETTEXT(text); }
     ;
 
-// Preprocessor lines and conditional code. A predicate in braces is asked at the '#'.
+// Preprocessor lines and conditional code. Semantic predicates are evaluated at the '#'.
 
-// The token's text is the name of the macro. A comment in its tail is taken whole, over line ends;
-// one that is never closed is text like any other. Whether it is closed is asked of the whole input
-// at once: a trial match would look to the end of the file for each of many unclosed ones.
+// The text of the token is the name of the macro. A comment after it is part of the token, line
+// ends included; an unclosed comment is text like any other. A search of the input tells whether a
+// comment is closed: a speculative match would scan to the end of the file for each unclosed one.
 Define
 @declarations { ANTLR3_MARKER name = 0; pANTLR3_STRING text = NULL; }
     : '#' ( ' ' | '\t' )* 'define' ( ' ' | '\t' )+
@@ -1362,10 +1360,10 @@ Define
       { SETTEXT(text); }
     ;
 
-// One item of a line: a backslash with its line end, or any character that is no line end.
+// A backslash and a line end, or any character but a line end.
 fragment PreprocContinuation : '\\\n' | '\\\r\n' | '\\\r' | ~( '\n' | '\r' ) ;
 
-// The rest of a line with its continuations; it ends at a line end or at the end of the input.
+// The rest of a line and of the lines that continue it, up to a line end or the end of the input.
 fragment PreprocLineEater : ( PreprocContinuation )* ( '\n' | '\r' )? ;
 
 MiscPreproc
@@ -1381,7 +1379,7 @@ MiscPreproc
     ;
 
 // The body of a condition that is known to be false, through the line of the '#endif', '#else' or
-// '#elif' that closes it. No loop over lines: the body can nest to any depth.
+// '#elif' that closes it. C++ scans it without recursion, since bodies nest to any depth.
 fragment IfZeroBodyEater : { vexltags::EatIfZeroBody(INPUT, ctx->conditionals) }? ;
 
 PreprocIf
@@ -1394,8 +1392,8 @@ PreprocIf
       ) { $channel = 99; }
     ;
 
-// The rest of a conditional behind a line of its own, through the line of its '#endif', nested
-// conditionals included.
+// The rest of a conditional after one of its lines, through the line of its '#endif'. Includes
+// nested conditionals.
 fragment IfdefEater : { vexltags::EatToEndif(INPUT, ctx->conditionals) }? ;
 
 ElseEater
@@ -1430,8 +1428,8 @@ fragment Escape
            )
     ;
 
-// An apostrophe separates digits before the point and in hexadecimal, not behind the point. The
-// forms share their digits here, so that a long number is not read again for each of them.
+// An apostrophe separates digits before the point and in hexadecimal, but not after the point. The
+// forms share their leading digits, so that a long number is not read once for each form.
 Number
     : '0' ( 'x' | 'X' ) ( 'a' .. 'f' | 'A' .. 'F' | Digit )
       ( 'a' .. 'f' | 'A' .. 'F' | Digit | '\'' )* ( LongSuffix | UnsignedSuffix )*

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Runs the grammar of C, C++ and Objective-C: the one place that sees its generated names.
+// Runs the recogniser of C, C++ and Objective-C; the only code that includes its generated headers.
 #include "grammars/main_recognizer.h"
 
 #include "cfamily/directives.h"
@@ -7,7 +7,7 @@
 #include "cfamily/vexl_tags_parser.h"
 #include "engine/recognizer.h"
 
-// Last: these headers define every token name as a macro.
+// Last, since they define every token name as a macro.
 #include "mainLexer.h"
 #include "mainParser.h"
 
@@ -36,7 +36,7 @@ struct MainGrammar {
   static void ReadItem(pmainParser parser) { parser->inputToken1(parser); }
   static ItemTrial TryItem(pmainParser parser) { return mainTryItem(parser); }
 
-  /// What the lexer has learned of the file's conditionals.
+  /// What the lexer knows of the conditionals of the file.
   ConditionalMemo conditionals;
 };
 

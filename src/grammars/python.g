@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Python as far as tags need it: where a line's indentation, a `class` and a `def` stand.
+// Python to the extent that tags need: indentation, `class` and `def`.
 grammar python;
 
 options {

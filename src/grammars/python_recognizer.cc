@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Runs the Python grammar: the one place that sees its generated names.
+// Runs the recogniser of Python; the only code that includes its generated headers.
 #include "grammars/python_recognizer.h"
 
 #include "engine/recognizer.h"
 #include "python/python_scanner.h"
 #include "python/python_tags_parser.h"
 
-// Last: these headers define every token name as a macro.
+// Last, since they define every token name as a macro.
 #include "pythonLexer.h"
 #include "pythonParser.h"
 

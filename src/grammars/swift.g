@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Swift as far as tags need it: declarations, with enough of types and expressions to step over them.
+// Swift to the extent that tags need: declarations, and enough of types and expressions to skip
+// them.
 //
-// The option `memoize` stands at the rules that nest: their outcome within a trial is kept. That is a
-// matter of time only.
+// Rules that nest have the option `memoize`: their outcome in a speculative parse is kept. It only
+// saves time.
 //
-// The order of alternatives and the written predicates decide what a construct is. Function bodies,
-// accessors and closures are skipped as balanced text. There are no statements: between declarations
-// nothing is skipped, and whatever cannot start one ends the file's tags.
+// The order of alternatives and the explicit predicates decide how a construct is read. Function
+// bodies, accessors and closures are skipped as balanced text. There are no statements: nothing is
+// skipped between declarations, and a token that cannot begin one ends the tags of the file.
 grammar swift;
 
 options {
@@ -206,7 +207,7 @@ fragment SW_DecimalDigits
   : ( SW_Digit )+
   ;
 
-// A lone letter; in front of SW_Identifier, which matches it too.
+// A single letter. Precedes SW_Identifier, which matches it too.
 SW_FloatingPoint_E
   : 'E' | 'e'
   ;
@@ -259,7 +260,7 @@ fragment SW_PreprocLineEater
   : ( SW_PreprocContinuation )* ( '\n' | '\r' | EOF )
   ;
 
-// '#elseif' comes in by its '#else'. Every branch of a conditional reaches the parser.
+// '#elseif' matches as '#else'. The parser sees every branch of a conditional.
 SW_CompilerControlStatements
   : ( '#if' | '#else' | '#endif' ) ( SW_PreprocContinuation )* ( '\n' | '\r' | EOF )
     { $channel = HIDDEN; }
@@ -269,7 +270,7 @@ SW_ErrorStatement
   : ( '#error' | '#warning' ) SW_BalanceParens { $channel = HIDDEN; }
   ;
 
-// Balanced text knows neither strings nor comments: a parenthesis in them counts.
+// Balanced text ignores strings and comments: parentheses in them count.
 fragment SW_BalanceParens
   : '(' ( ( '(' )=> SW_BalanceParens | ~( '(' | ')' ) )* ')'
   ;
@@ -298,9 +299,9 @@ Attribute
     ) { $channel = HIDDEN; }
   ;
 
-// --- Lexer: a slash that is no comment ---
+// --- Lexer: a slash that begins no comment ---
 
-// Only the head of a regular expression; the parser takes the tokens up to the closing slash.
+// Only the head of a regular expression. The parser consumes the tokens up to the closing slash.
 RegexHead
   : { IsRegexHead(ctx) }? '/'
   ;
@@ -314,7 +315,7 @@ SW_StringLiteral
   | '"' ( SW_Interpolated_text_item )* '"'
   ;
 
-// Gated, since the loop would otherwise end at any quote: one character decides there.
+// A gated predicate: the loop decides by one character, and would otherwise end at any quote.
 SW_RawStringLiteral
   : '#"' ( { !IsRawStringEnd(ctx) }?=> ( ( '\\#(' )=> '\\#' SW_BalanceParens | . ) )* '"#'
   ;
@@ -359,7 +360,7 @@ satements
   : ( statement )+
   ;
 
-// A type's body is no rule of its own: its closing curly is a statement.
+// The body of a type is not a rule: its closing brace is a statement.
 statement
   : declaration ( SW_SEMI )?
   | r = SW_RCURLY { ctx->builder->PopRCurly(vexltags::TokenLine($r)); }
@@ -461,8 +462,8 @@ constant_declaration
     ( SW_COMMA p2 = pattern_initializer { ctx->builder->DumpEach(vexltags::kConstantKind, $p2.result); } )*
   ;
 
-// The first form is the computed or observed property. A curly behind an initialiser is a trailing
-// closure of it, so that form fails there and the second one takes the declaration.
+// The first form is a computed or observed property. A brace after an initialiser is read as its
+// trailing closure, so the first form fails there and the second takes the declaration.
 variable_declaration
   : ( attributes )? ( declaration_modifier )* 'var'
     ( ( declarationIdentifier ( type_annotation )? ( initializer )? SW_LCURLY )=>
@@ -545,7 +546,7 @@ raw_value_assignment
   : SW_ASSIGN raw_value_literal
   ;
 
-// --- Declarations: imports, which give no tag ---
+// --- Declarations: imports, which make no tag ---
 
 import_declaration
   : ( attributes )? 'import' import_path_identifier ( SW_DOT import_path_identifier )*
@@ -555,7 +556,7 @@ import_path_identifier
   : declarationIdentifier | operator_
   ;
 
-// --- Balanced text, by token type: one step where the closing bracket is known ---
+// --- Balanced text by token type: a single step where the closing bracket is known ---
 
 curlyEater
 @init { if (vexltags::StepOverBrackets(ctx, SW_LCURLY, SW_RCURLY)) return; }
@@ -639,7 +640,7 @@ options { memoize = true; }
   : ( SW_Any | 'some' ) type
   ;
 
-// The dotted name without generic arguments; its line is that of the last part.
+// The dotted name without generic arguments, with the line of its last part.
 type_identifier returns [vexltags::Name result]
 options { memoize = true; }
   : n = type_name { $result = $n.result; } ( generic_argument_clause )?
@@ -665,7 +666,7 @@ type_annotation
   | SW_COLON ( 'inout' )? type
   ;
 
-// The lexer hides attributes, so this never sees one.
+// Never matches, since the lexer hides attributes.
 attributes
   : ( ( Attribute )=> Attribute )+
   ;
@@ -745,7 +746,7 @@ local_parameter_name returns [vexltags::Name result]
   : n = labelIdentifier { $result = $n.result; }
   ;
 
-// --- Operators, told apart by what stands directly beside them ---
+// --- Operators, classified by the tokens directly beside them ---
 
 infix_operator
   : { isBinaryOp(ctx) }? operator_
@@ -759,7 +760,7 @@ postfix_operator
   : { isPostfixOp(ctx) }? operator_
   ;
 
-// The line of the result is that of the token behind the operator.
+// The line of the result is that of the token after the operator.
 operator_ returns [vexltags::Name result]
 options { memoize = true; }
 @declarations { const auto first = INDEX(); }
@@ -922,7 +923,7 @@ labeled_trailing_closure
   : labelIdentifier SW_COLON closure_expression
   ;
 
-// A name whose `<` opens no argument list fails the first predicate and comes in by the last form,
+// A name whose `<` opens no argument list fails the first predicate and matches the last form,
 // which leaves the `<` to the operators.
 primary_expression
 options { memoize = true; }
@@ -1062,7 +1063,7 @@ boolean_literal
   : 'true' | 'false'
   ;
 
-// A backslash takes the token behind it, so an escaped slash closes nothing.
+// A backslash consumes the token after it, so an escaped slash closes nothing.
 regexLiteral
   : RegexHead ( ~( SW_BACKSLASH | SW_DIVIDE ) | SW_BACKSLASH . )* SW_DIVIDE
   ;

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The predicates of the Swift parser, over its generated context, and the text of an operator.
+// Predicates of the Swift parser on its generated context, and the text of an operator.
 //
-// The grammar includes it in its @parser::members, where the context's type and the token names are
-// known.
+// The grammar includes this file in @parser::members, where the type of the context is known.
 #pragma once
 
 static_assert(ANTLR3_TOKEN_EOF == vexltags::kSwiftEndOfFile);
 
-/// The types of the tokens around the one that the parser stands at, hidden ones included.
+/// Returns the types of the tokens around the next one, hidden tokens included.
 static vexltags::TokenWindow TokensAround(pswiftParser ctx) {
 #ifdef VEXLTAGS_PLAIN
   return {ctx->pParser->tstream->super, [](const void* buffer, int offset) {
@@ -36,8 +35,8 @@ static bool operNotGenericClauseOpener(pswiftParser ctx) {
   return vexltags::operNotGenericClauseOpener(TokensAround(ctx));
 }
 
-/// The operator from the token with index `first` to the last one matched: the text of all tokens
-/// between, hidden ones too, with the line of the token that comes next.
+/// Returns the operator from token `first` to the last matched token: the text from one to the
+/// other, hidden tokens included, with the line of the next token.
 static vexltags::Name OperatorName(pswiftParser ctx, ANTLR3_MARKER first) {
 #ifdef VEXLTAGS_PLAIN
   const pANTLR3_TOKEN_STREAM tokens = ctx->pParser->tstream;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Runs the Swift grammar: the one place that sees its generated names.
+// Runs the recogniser of Swift; the only code that includes its generated headers.
 #include "grammars/swift_recognizer.h"
 
 #include "engine/recognizer.h"
 #include "swift/swift_scanner.h"
 #include "swift/swift_tags_parser.h"
 
-// Last: these headers define every token name as a macro.
+// Last, since they define every token name as a macro.
 #include "swiftLexer.h"
 #include "swiftParser.h"
 

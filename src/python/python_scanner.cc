@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reads Python's tokens by hand: the same ones that the generated lexer would give.
+// Reads the same tokens of Python as the generated lexer.
 #include "python/python_scanner.h"
 
 #include <cstddef>
@@ -106,8 +106,8 @@ class PythonScanner : public ScannerBase {
     return Take(*at == ':' ? kPythonColon : *at == '(' ? kPythonLParen : kPythonRParen, at + 1);
   }
 
-  // A minus commits to the arrow. Where no `>` follows, the comparison drops that character and the
-  // token loop one more.
+  // A minus commits to the arrow. If no `>` follows, the failed comparison drops the minus and the
+  // next character, and the token loop one more.
   bool ScanMinus() {
     if (Ahead(1) == '>') return Take(kPythonArrow, at + 2);
     Drop(3);

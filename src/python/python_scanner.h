@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Reads Python's tokens by hand: the same ones that the generated lexer would give.
+// The hand-written scanner of Python.
 #pragma once
 
 #include "engine/token_feed.h"
 
 namespace vexltags {
 
-/// A `Scanner` for Python. Leaves to the generated lexer what ends in an error across several
-/// characters: open strings and comments, and blanks where the columns of the first line begin at
-/// -1.
+/// A `Scanner` for Python. It leaves to the generated lexer errors over several characters, that is
+/// unclosed strings and comments, and the blanks at the start of the file, whose column is -1.
 void ScanPython(ScanCursor& cursor, TokenTable& table);
 
 }  // namespace vexltags

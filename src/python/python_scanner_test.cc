@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of Python's scanner: its tokens, and what it leaves to the generated lexer.
+// Tests of the Python scanner: its tokens, and what it leaves to the generated lexer.
 #include "python/python_scanner.h"
 
 #include <gtest/gtest.h>
@@ -31,13 +31,13 @@ TEST(ScanPython, CountsOneErrorForEachUnknownCharacter) {
   EXPECT_EQ(scanned.errors, 4U);
 }
 
-TEST(ScanPython, AMinusWithoutArrowCostsThreeCharacters) {
+TEST(ScanPython, DropsThreeCharactersForAMinusWithoutArrow) {
   const Scanned scanned = Scan("\na -bcd ->\n");
   EXPECT_EQ(scanned.tokens, (Tokens{"5:2:a", "5:2:d", "22:2:->"}));
   EXPECT_EQ(scanned.errors, 1U);
 }
 
-TEST(ScanPython, BlanksInFrontOfALineEndCostTheNextCharacter) {
+TEST(ScanPython, DropsTheCharacterAfterTrailingBlanks) {
   const Scanned scanned = Scan("ab  \ncde\n");
   EXPECT_EQ(scanned.tokens, (Tokens{"5:1:ab", "5:2:de"}));
   EXPECT_EQ(scanned.errors, 1U);
@@ -50,7 +50,7 @@ TEST(ScanPython, HidesCommentsStringsAndBlankLines) {
   EXPECT_EQ(scanned.errors, 0U);
 }
 
-TEST(ScanPython, LeavesWhatFailsAcrossCharacters) {
+TEST(ScanPython, LeavesErrorsOverSeveralCharacters) {
   EXPECT_EQ(Scan("a 'b\nc").stopped, 2U);
   EXPECT_EQ(Scan("a \"\"\"b\nc").stopped, 2U);
   EXPECT_EQ(Scan("a 'b\\").stopped, 2U);

@@ -27,9 +27,9 @@ constexpr std::uint64_t kRightWhitespace =
     SetOf(kSwiftSemi, kSwiftRCurly, kSwiftRParen, kSwiftComma, kSwiftColon, kSwiftRSquare,
           kSwiftWhitespace, kSwiftSingleLineComment, kSwiftCComment);
 
-/// What stands on either side of the run that begins at the current token.
+/// The token types on both sides of the run that begins at the current token.
 struct Neighbours {
-  bool run;  ///< Whether there is a run at all; the rest is only set when there is.
+  bool run;  ///< Whether there is a run; the rest is valid only if there is.
   int last;
   unsigned left;
   unsigned right;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tells binary, prefix and postfix operators apart by the tokens directly beside them.
+// Classifies operators as binary, prefix or postfix by the tokens directly beside them.
 #pragma once
 
 #include <cstddef>
@@ -8,12 +8,12 @@
 
 namespace vexltags {
 
-/// Where the runs of operator tokens end that were looked at last, by token index: each of ten
-/// thousand question marks in a row asks for the end of the run that it begins. For one file.
+/// Remembers, for one file, where the last runs of operator tokens end. Without it ten thousand
+/// question marks in a row would each search for the end of the run.
 class OperatorRuns {
  public:
-  /// The offset of the last token of the run that begins at `position` with or without a dot, -1
-  /// when it is not known. There must be an operator token.
+  /// Returns the offset of the last token of the run that begins at token `position`, with or
+  /// without a dot; -1 when it is not known. An operator token must be there.
   int Last(std::size_t position, bool hasDots) const {
     const Run& run = hasDots ? dotted : plain;
     if (position < run.start || position >= run.end) return -1;
@@ -25,22 +25,22 @@ class OperatorRuns {
 
  private:
   struct Run {
-    std::size_t start = 0, end = 0;  ///< From the first token to behind the last.
+    std::size_t start = 0, end = 0;  ///< Token indices: [start, end).
   };
   Run plain, dotted;
 };
 
-/// The token types around the place where a parser stands, hidden tokens included.
+/// The token types around the current token of a parser, hidden tokens included.
 class TokenWindow {
  public:
-  /// Gives the type of the token `offset` places behind the current one in `tokens`, or before it
-  /// when negative; outside the file the type of its end.
+  /// Returns the type of the token `offset` places after the current one in `tokens`, or before it
+  /// when negative; outside the file the type of the end of the file.
   using TypeReader = unsigned (*)(const void* tokens, int offset);
 
-  /// A window on `tokens`, which it does not own, as `reader` sees them. What stands two or more
-  /// places behind the current token is asked for only while all tokens between are operators.
+  /// A window on `tokens`, which it does not own, through `reader`. A token two or more places
+  /// after the current one is read only if all tokens between are operators.
   TokenWindow(const void* tokens, TypeReader reader) : tokens_(tokens), reader_(reader) {}
-  /// The same at the token with index `position`, with ends of runs kept in `runs`.
+  /// The same at token `position`, with the ends of runs kept in `runs`.
   TokenWindow(const void* tokens, TypeReader reader, std::size_t position, OperatorRuns& runs)
       : tokens_(tokens), reader_(reader), position_(position), runs_(&runs) {}
 
@@ -61,8 +61,8 @@ class TokenWindow {
 /// True for the characters that an operator can begin with: < > = & ? ! / - + * % | ^ ~
 bool isOperatorHead(unsigned type);
 
-/// The same test, for the tokens that an operator goes on with. The dot is not among them: only an
-/// operator that begins with a dot holds dots.
+/// The same for the tokens that an operator continues with. The dot is not among them: only an
+/// operator that begins with a dot contains dots.
 bool isOperatorToken(unsigned type);
 
 /// True for what counts as white space to the left of an operator: blanks and line ends, and
@@ -73,21 +73,21 @@ bool isLeftOperatorWS(unsigned type);
 /// and ; } ) , : ].
 bool isRightOperatorWS(unsigned type);
 
-/// The offset of the last token of the run of adjacent operator tokens that begins at the current
-/// token; -1 when that is no operator token. A hidden token ends a run.
+/// Returns the offset of the last token of the run of adjacent operator tokens that begins at the
+/// current token; -1 when that is no operator token. A hidden token ends a run.
 int getLastOpTokenIndex(const TokenWindow& window);
 
-/// White space on both sides of the run or on neither. A single `?` or `!` that is glued to its
-/// operand, with a dot directly behind it, is a suffix and so not binary.
+/// True for white space on both sides of the run or on neither. A single `?` or `!` directly
+/// between an operand and a dot is a suffix and therefore not binary.
 bool isBinaryOp(const TokenWindow& window);
 
-/// White space on the left of the run only.
+/// True for white space on the left of the run only.
 bool isPrefixOp(const TokenWindow& window);
 
-/// No white space on the left of the run, and white space or a dot on its right.
+/// True for white space or a dot on the right of the run and no white space on its left.
 bool isPostfixOp(const TokenWindow& window);
 
-/// False for a `<` that is glued to a name behind it, which opens a generic clause; else true.
+/// False for a `<` directly before a name, which opens a generic clause; otherwise true.
 bool operNotGenericClauseOpener(const TokenWindow& window);
 
 }  // namespace vexltags

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the operator classification on windows of token types.
+// Tests of operator classification on windows of token types.
 #include "swift/operators.h"
 
 #include <gtest/gtest.h>
@@ -13,8 +13,10 @@ namespace {
 
 constexpr unsigned kOther = 22;  // A string literal: neither operator nor white space.
 
-/// The type of one character of a test's source: `a` a name, `e` and `p` the lone letters, `"` some
-/// other token, a blank white space, `c` and `C` the two forms of comment, `A` a hidden attribute.
+/// Returns the token type of a character of a test: `a` is a name, `e` and `p` are the single
+/// letters,
+/// `"` is some other token, a blank is white space, `c` and `C` are the two forms of comment, `A`
+/// is a hidden attribute.
 unsigned TypeOf(char c) {
   switch (c) {
     case ';':
@@ -84,7 +86,7 @@ unsigned TypeOf(char c) {
   }
 }
 
-/// A window on the tokens of a source in which `@` stands in front of the current one.
+/// A window on the tokens of a source in which `@` precedes the current token.
 class Tokens {
  public:
   explicit Tokens(std::string_view source) {
@@ -97,7 +99,7 @@ class Tokens {
     }
   }
   TokenWindow Window() const { return {this, TypeAt}; }
-  /// A window at the token with this index that remembers runs.
+  /// A window at the token with this index, which remembers runs.
   TokenWindow Window(std::size_t index, OperatorRuns& runs) {
     current_ = index;
     return {this, TypeAt, index, runs};
@@ -151,9 +153,9 @@ TEST(GetLastOpTokenIndex, MeasuresTheGluedRun) {
   }
 }
 
-TEST(GetLastOpTokenIndex, IsTheSameWhereRunsAreRemembered) {
+TEST(GetLastOpTokenIndex, IsTheSameWithRememberedRuns) {
   for (const std::string source : {"a+-.*.%a", "..+.a==", "a ?! !? a", "+a+a+", ".a.+a+.", "+"}) {
-    // From every first question to every second one: the memory must not mislead.
+    // Every pair of consecutive calls: what is remembered must not change a result.
     for (std::size_t first = 0; first < source.size(); ++first) {
       for (std::size_t second = 0; second < source.size(); ++second) {
         OperatorRuns runs;
@@ -166,7 +168,7 @@ TEST(GetLastOpTokenIndex, IsTheSameWhereRunsAreRemembered) {
   }
 }
 
-TEST(OperatorRuns, KnowEachPlaceOfTheLastRunOfAKind) {
+TEST(OperatorRuns, KnowEachTokenOfTheLastRunOfAKind) {
   OperatorRuns runs;
   EXPECT_EQ(runs.Last(0, false), -1);
   runs.Keep(3, false, 2);
@@ -191,7 +193,7 @@ void Expect(const Classes& one) {
   EXPECT_EQ(isPostfixOp(tokens.Window()), one.postfix) << one.source;
 }
 
-TEST(OperatorClasses, FollowTheWhiteSpaceOnBothSides) {
+TEST(OperatorClasses, DependOnWhiteSpaceOnBothSides) {
   Expect({"a@+a", true, false, false});
   Expect({"a @+ a", true, false, false});
   Expect({"a @+a", false, true, false});
@@ -203,11 +205,11 @@ TEST(OperatorClasses, MeasureWholeRuns) {
   Expect({"a @!== a", true, false, false});
   Expect({"a@=-\"", true, false, false});
   Expect({"a @=-\"", false, true, false});
-  // The run ends at the blank: what is behind it counts as white space.
+  // The run ends at the blank, which is white space on its right.
   Expect({"a @+ +a", true, false, false});
 }
 
-TEST(OperatorClasses, TakeBracketsAndSeparatorsForWhiteSpaceOnOneSide) {
+TEST(OperatorClasses, TreatBracketsAndSeparatorsAsWhiteSpaceOnOneSide) {
   Expect({"(@-a", false, true, false});
   Expect({",@-a", false, true, false});
   Expect({"[@-a", false, true, false});
@@ -227,59 +229,59 @@ TEST(OperatorClasses, TakeBracketsAndSeparatorsForWhiteSpaceOnOneSide) {
   Expect({"a@+[", true, false, false});
 }
 
-TEST(OperatorClasses, CountACommentOnTheRightOnly) {
+TEST(OperatorClasses, TreatACommentAsWhiteSpaceOnTheRightOnly) {
   Expect({"a@+Ca", false, false, true});
   Expect({"a@+c", false, false, true});
   Expect({"aC@+a", true, false, false});
   Expect({"aC@+ a", false, false, true});
 }
 
-TEST(OperatorClasses, CountNoOtherHiddenTokenAsWhiteSpace) {
+TEST(OperatorClasses, TreatNoOtherHiddenTokenAsWhiteSpace) {
   Expect({"aA@+a", true, false, false});
   Expect({"a @+A", false, true, false});
 }
 
-TEST(OperatorClasses, TakeTheEndsOfTheFileForNoWhiteSpace) {
+TEST(OperatorClasses, DoNotTreatTheEndsOfTheFileAsWhiteSpace) {
   Expect({"@+a", true, false, false});
   Expect({"@+ a", false, false, true});
   Expect({"a@+", true, false, false});
   Expect({"a @+", false, true, false});
 }
 
-TEST(OperatorClasses, SayNothingAboutOtherTokens) {
+TEST(OperatorClasses, AreFalseForOtherTokens) {
   Expect({"@a", false, false, false});
   Expect({" @(a", false, false, false});
   Expect({"@", false, false, false});
 }
 
-TEST(OperatorClasses, CallASingleMarkInFrontOfADotASuffix) {
+TEST(OperatorClasses, TreatASingleMarkBeforeADotAsSuffix) {
   Expect({"a@?.a", false, false, true});
   Expect({"a@!.a", false, false, true});
   Expect({")@?.a", false, false, true});
-  // Not glued on the left, another operator, or more than one.
+  // White space on the left, another operator, or more than one.
   Expect({"a @?.a", false, true, false});
   Expect({"a@+.a", true, false, true});
   Expect({"a@??.a", true, false, true});
-  // Without the dot a mark between two names is binary.
+  // Without a dot, a mark between two names is binary.
   Expect({"a@?a", true, false, false});
   Expect({"a @? a", true, false, false});
 }
 
-TEST(OperatorClasses, TreatARunThatBeginsWithADotAlike) {
+TEST(OperatorClasses, TreatARunThatBeginsWithADotLikeOthers) {
   Expect({"a@.a", true, false, false});
   Expect({"a @.a", false, true, false});
   Expect({"a @.+ a", true, false, false});
   Expect({"a@.. ", false, false, true});
 }
 
-TEST(OperNotGenericClauseOpener, IsFalseForALessGluedToAName) {
+TEST(OperNotGenericClauseOpener, IsFalseForALessDirectlyBeforeAName) {
   EXPECT_FALSE(operNotGenericClauseOpener(Tokens("@<a").Window()));
   EXPECT_FALSE(operNotGenericClauseOpener(Tokens("@<e").Window()));
   EXPECT_FALSE(operNotGenericClauseOpener(Tokens("@<p").Window()));
   EXPECT_FALSE(operNotGenericClauseOpener(Tokens("a @<a").Window()));
 }
 
-TEST(OperNotGenericClauseOpener, IsTrueElse) {
+TEST(OperNotGenericClauseOpener, IsOtherwiseTrue) {
   for (const std::string_view source :
        {"@< a", "@<(", "@<\"", "@<<a", "@<[", "@>a", "@=a", "@a", "@<", "@", "@<Ca"}) {
     EXPECT_TRUE(operNotGenericClauseOpener(Tokens(source).Window())) << source;

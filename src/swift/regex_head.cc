@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Looks at the characters around a slash; see the header for what is decided by them.
+// Compares the characters around a slash.
 #include "swift/regex_head.h"
 
 #include "base/character_class.h"
@@ -9,7 +9,7 @@ namespace {
 
 bool IsWhitespace(int character) { return IsBlank(character) || IsLineEnd(character); }
 
-/// Whether the buffer holds `expected` at `offset`; a NUL never matches, not even itself.
+/// True when the character at `offset` is `expected` and no NUL.
 bool Holds(const CharacterWindow& window, std::ptrdiff_t offset, char expected) {
   const int found = window.At(offset);
   return found > 0 && found == static_cast<unsigned char>(expected);

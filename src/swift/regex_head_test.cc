@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the look around a slash.
+// Tests of the characters around a slash.
 #include "swift/regex_head.h"
 
 #include <gtest/gtest.h>
@@ -10,16 +10,16 @@
 namespace vexltags {
 namespace {
 
-/// A window on `before` and `behind`, at the place between them. Both are copied into a buffer of
-/// exactly their size, so that reading beyond it shows under the address sanitizer.
+/// A window between `before` and `after`. Both are copied into a buffer of exactly their size, so
+/// that the address sanitizer reports reads outside it.
 class Between {
  public:
-  Between(std::string_view before, std::string_view behind)
-      : buffer_(new char[before.size() + behind.size()]),
+  Between(std::string_view before, std::string_view after)
+      : buffer_(new char[before.size() + after.size()]),
         next_(before.size()),
-        size_(before.size() + behind.size()) {
+        size_(before.size() + after.size()) {
     before.copy(buffer_.get(), before.size());
-    behind.copy(buffer_.get() + next_, behind.size());
+    after.copy(buffer_.get() + next_, after.size());
   }
   CharacterWindow Window() const {
     return {buffer_.get(), buffer_.get() + next_, buffer_.get() + size_};
@@ -47,7 +47,7 @@ TEST(CharacterWindow, KnowsItsEdges) {
   EXPECT_EQ(place.Window().At(-100), CharacterWindow::kBeforeStart);
 }
 
-TEST(CharacterWindow, GivesHighBytesAsPositiveNumbers) {
+TEST(CharacterWindow, ReturnsHighBytesAsPositiveNumbers) {
   const Between place("\xE9", "\xFF");
   EXPECT_EQ(place.Window().At(0), 0xE9);
   EXPECT_EQ(place.Window().At(1), 0xFF);
@@ -63,21 +63,21 @@ TEST(PostfixedBy, ComparesForwards) {
   EXPECT_FALSE(PostfixedBy(place.Window(), 1, "d"));
 }
 
-TEST(PostfixedBy, AnEmptyTextAlwaysStandsThere) {
+TEST(PostfixedBy, AlwaysFindsAnEmptyText) {
   const Between place("", "");
   EXPECT_TRUE(PostfixedBy(place.Window(), 1, ""));
   EXPECT_TRUE(PostfixedBy(place.Window(), 99, ""));
   EXPECT_TRUE(PostfixedBy(place.Window(), -99, ""));
 }
 
-TEST(PostfixedBy, EndsAtTheEdges) {
+TEST(PostfixedBy, StopsAtTheEdges) {
   const Between place("a", "b");
   EXPECT_FALSE(PostfixedBy(place.Window(), 1, "bc"));
   EXPECT_FALSE(PostfixedBy(place.Window(), 2, "c"));
   EXPECT_FALSE(PostfixedBy(place.Window(), -1, "a"));
 }
 
-TEST(PostfixedBy, ANulMatchesNothing) {
+TEST(PostfixedBy, MatchesNothingToANul) {
   const Between place("", std::string_view("\0b", 2));
   EXPECT_FALSE(PostfixedBy(place.Window(), 1, std::string_view("\0", 1)));
   EXPECT_FALSE(PostfixedBy(place.Window(), 1, std::string_view("\0b", 2)));
@@ -94,27 +94,27 @@ TEST(PrefixedBy, ComparesBackwards) {
   EXPECT_FALSE(PrefixedBy(place.Window(), 0, "xbc"));
 }
 
-TEST(PrefixedBy, AnEmptyTextAlwaysStandsThere) {
+TEST(PrefixedBy, AlwaysFindsAnEmptyText) {
   const Between place("", "");
   EXPECT_TRUE(PrefixedBy(place.Window(), 0, ""));
   EXPECT_TRUE(PrefixedBy(place.Window(), -99, ""));
   EXPECT_TRUE(PrefixedBy(place.Window(), 99, ""));
 }
 
-TEST(PrefixedBy, EndsAtTheEdges) {
+TEST(PrefixedBy, StopsAtTheEdges) {
   const Between place("ab", "");
   EXPECT_FALSE(PrefixedBy(place.Window(), 0, "xab"));
   EXPECT_FALSE(PrefixedBy(place.Window(), -2, "a"));
   EXPECT_FALSE(PrefixedBy(place.Window(), 1, "b"));
 }
 
-TEST(PrefixedBy, ANulMatchesNothing) {
+TEST(PrefixedBy, MatchesNothingToANul) {
   const Between place(std::string_view("\0in", 3), "");
   EXPECT_FALSE(PrefixedBy(place.Window(), 0, std::string_view("\0in", 3)));
   EXPECT_TRUE(PrefixedBy(place.Window(), 0, "in"));
 }
 
-TEST(StartsExpression, BehindCertainCharactersAndWords) {
+TEST(StartsExpression, AfterCertainCharactersAndWords) {
   const struct {
     std::string_view before;
     bool expected;
@@ -136,14 +136,14 @@ TEST(StartsExpression, NeverAtTheStartOfTheInput) {
   EXPECT_FALSE(StartsExpression(Between(" \n\t\r", "/a/").Window()));
 }
 
-TEST(StartsExpression, NeverBehindANul) {
+TEST(StartsExpression, NeverAfterANul) {
   EXPECT_FALSE(StartsExpression(Between(std::string_view("=\0", 2), "/").Window()));
 }
 
-TEST(IsRegexHead, LooksAtBothSides) {
+TEST(IsRegexHead, DependsOnBothSides) {
   const struct {
     std::string_view before;
-    std::string_view behind;
+    std::string_view after;
     bool expected;
   } cases[] = {
       {"x = ", "/ab/", true},   {"f(", "/ab/)", true},    {"(a, ", "/b/)", true},
@@ -154,8 +154,8 @@ TEST(IsRegexHead, LooksAtBothSides) {
       {"x = ", "/\v/", true},
   };
   for (const auto& one : cases) {
-    EXPECT_EQ(IsRegexHead(Between(one.before, one.behind).Window()), one.expected)
-        << one.before << one.behind;
+    EXPECT_EQ(IsRegexHead(Between(one.before, one.after).Window()), one.expected)
+        << one.before << one.after;
   }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reads Swift's tokens by hand: the same ones that the generated lexer would give.
+// Reads the same tokens of Swift as the generated lexer.
 #include "swift/swift_scanner.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of Swift's scanner: its tokens, and what it leaves to the generated lexer.
+// Tests of the Swift scanner: its tokens, and what it leaves to the generated lexer.
 #include "swift/swift_scanner.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ Tokens TokensOf(const std::string& text) {
   return scanned.tokens;
 }
 
-/// Where the scanner stops in `text`.
+/// Returns the offset at which the scanner stops in `text`.
 std::size_t StopIn(const std::string& text) { return ScanText(ScanSwift, text).stopped; }
 
 TEST(ScanSwift, ReadsWordsAndMarks) {
@@ -61,7 +61,7 @@ TEST(ScanSwift, ReadsNamesWithMarks) {
                     "41:1:1", "52:1:`"}));
 }
 
-TEST(ScanSwift, TellsRegularExpressionsFromDivisions) {
+TEST(ScanSwift, DistinguishesRegularExpressionsFromDivisions) {
   EXPECT_EQ(TokensOf("a/b = /c/ (/)/"),
             (Tokens{"50:1:a", "33:1:/", "50:1:b", "12:1:=", "56:1:/", "50:1:c", "33:1:/", "6:1:(",
                     "33:1:/", "7:1:)", "33:1:/"}));
@@ -84,7 +84,7 @@ TEST(ScanSwift, HidesAttributes) {
             (Tokens{"46:1:e"}));
 }
 
-TEST(ScanSwift, KnowsWhichAttributesAreNeverClosed) {
+TEST(ScanSwift, RecognisesUnclosedAttributes) {
   EXPECT_EQ(TokensOf("@objc(a @objc(b) @objc(c"), (Tokens{"6:1:(", "50:1:a", "6:1:(", "50:1:c"}));
 }
 
@@ -109,7 +109,7 @@ TEST(ScanSwift, ReadsStrings) {
 TEST(ScanSwift, ReadsLongStrings) {
   EXPECT_EQ(TokensOf("\"\"\"\n\"a\" \"\"b\n\\(c(\"\"\"))\"\"\" d"),
             (Tokens{"22:1:\"\"\"\n\"a\" \"\"b\n\\(c(\"\"\"))\"\"\"", "50:3:d"}));
-  // A quote takes the backslash behind it along.
+  // A quote consumes the backslash after it.
   EXPECT_EQ(TokensOf("\"\"\"\"\\(\"\"\" a"), (Tokens{"22:1:\"\"\"\"\\(\"\"\"", "50:1:a"}));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tells what a word of Swift is: a keyword, the lone letter of an exponent, or a name.
+// Classifies a word of Swift: a keyword, the letter of an exponent, or a name.
 #pragma once
 
 #include <cstddef>
@@ -7,10 +7,11 @@
 
 namespace vexltags {
 
-/// The token type of `word`, which consists of letters, digits and `_` and begins with no digit.
+/// Returns the token type of `word`, which consists of letters, digits and `_` and does not begin
+/// with a digit.
 unsigned ClassifySwiftWord(std::string_view word);
 
-/// The token type of the literal that consists of `#` and `word`, such as "file"; 0 for none.
+/// Returns the token type of the literal `#word`, for example of `#file` for "file"; 0 for none.
 unsigned ClassifySwiftHashWord(std::string_view word);
 
 }  // namespace vexltags

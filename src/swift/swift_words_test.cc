@@ -28,7 +28,7 @@ TEST(ClassifySwiftWord, KnowsWordsThatTheGrammarNames) {
   for (const char* word : {"p", "P"}) EXPECT_EQ(ClassifySwiftWord(word), kSwiftFloatingPointP);
 }
 
-TEST(ClassifySwiftWord, TakesAllElseForNames) {
+TEST(ClassifySwiftWord, TreatsOtherWordsAsNames) {
   for (const char* word : {"funcs", "fun", "Func", "_", "x", "anyone", "ee", "e1", "SELF", "file",
                            "selector", "didSet", "get", "as", "is", "in", "return"}) {
     EXPECT_EQ(ClassifySwiftWord(word), kSwiftIdentifier) << word;
@@ -45,7 +45,7 @@ TEST(ClassifySwiftHashWord, KnowsEachLiteral) {
   EXPECT_EQ(words, 12);
 }
 
-TEST(ClassifySwiftHashWord, KnowsNoOther) {
+TEST(ClassifySwiftHashWord, KnowsNoOtherWord) {
   for (const char* word : {"", "files", "File", "if", "func", "red", "sourceLocation"}) {
     EXPECT_EQ(ClassifySwiftHashWord(word), 0U) << word;
   }

@@ -13,7 +13,6 @@ import re
 import truth
 
 _OPTIONS = 0x01 | 0x200  # Record the preprocessing in detail; go on after a fatal error.
-_STUB_ROUNDS = 6
 
 _library = None
 _cx = None
@@ -118,9 +117,12 @@ class Reader:
 
     def _parse(self, path):
         flags = self._flags
-        if self._stubs is not None:
-            flags = self._stubs.complete(self._index, path, flags)
+        if path.endswith(".mm"):
+            flags = [flag.replace("objective-c", "objective-c++") if flag == "objective-c" else flag
+                     for flag in flags] + ["-std=gnu++20"]
         try:
+            if self._stubs is not None:
+                return self._stubs.parse(self._index, path, flags, _OPTIONS)
             return self._index.parse(path, args=flags, options=_OPTIONS)
         except _cx.TranslationUnitLoadError:
             return None
@@ -136,6 +138,7 @@ class _Walk:
         self._found = {}
         self._done = done
         self._spots = {}
+        self._containers = []
 
         def keep(child, _, kids):
             child._tu = unit
@@ -150,7 +153,16 @@ class _Walk:
         for path, found in self._found.items():
             self._skip(path, found)
             found.finish()
+        self._place_in_containers()
         return self._found
+
+    def _place_in_containers(self):
+        """In Objective-C, what stands in an interface belongs to it for a reader, though types do
+        not for the compiler; and a category has several names."""
+        for found, first, last, names in self._containers:
+            for (line, _), value in found.declarations.items():
+                if first < line <= last and not set(value[3]) - {"", *names}:
+                    value[3] = list(dict.fromkeys(value[3] + names))
 
     def _file(self, handle):
         """The truth for a file of the unit, or None where it is not wanted."""
@@ -224,13 +236,19 @@ class _Walk:
             if kind in _TYPES and need and not local and self._is_instantiation(found, cursor):
                 need = False
             if kind in ("OBJC_INTERFACE_DECL", "OBJC_PROTOCOL_DECL"):
-                need = bool(self._lib.clang_isCursorDefinition(cursor))
+                # Not a forward declaration. A definition, for clang, is the implementation.
+                need = self._extent_text(found, cursor).endswith(b"@end")
             name = truth.plain_name(spelling)
+            names = self._objc_names(cursor, kind, name)
+            if kind in _OBJC:
+                extent = cursor.extent
+                self._containers.append((found, self._place(extent.start)[1],
+                                         self._place(extent.end)[1], names))
             if name and not name.startswith("("):
-                self._add(found, line, offset, self._objc_names(cursor, kind, name),
+                self._add(found, line, offset, names,
                           _TYPES.get(kind) or _OBJC.get(kind) or "namespace", cursor, scope,
                           need and not local)
-            inner = scope + (name,)
+            inner = scope + (names[0] if name else "",)
             self._children(cursor, inner, local)
             return
         if kind in _FUNCTIONS:
@@ -246,8 +264,9 @@ class _Walk:
                 self._children(cursor, scope + ("()",), True)
             return
         if kind in _METHODS:
+            # Indexers report the line of any part of a selector.
             self._add(found, line, offset, [spelling], "method", cursor, scope,
-                      (found.path, offset) not in self._spots)
+                      (found.path, offset) not in self._spots, self._last_line(cursor, line))
             if self._lib.clang_isCursorDefinition(cursor):
                 self._children(cursor, scope + ("()",), True)
             return
@@ -309,22 +328,33 @@ class _Walk:
             if before == "setter":
                 self._add(found, line, offset, [after, after + ":"], "method", cursor, scope, False)
 
+    def _last_line(self, cursor, line):
+        """The line in which the head of a method ends."""
+        last = self._place(cursor.extent.end)[1]
+        for child in cursor.get_children():
+            if self._names.get(child._kind_id) == "COMPOUND_STMT":
+                last = self._place(child.extent.start)[1]
+        return max(line, last)
+
     def _objc_names(self, cursor, kind, name):
         if kind not in ("OBJC_CATEGORY_DECL", "OBJC_CATEGORY_IMPL_DECL"):
             return [name]
         owner = ""
         for child in cursor.get_children():
-            if child.kind.name == "OBJC_CLASS_REF":
+            if self._names.get(child._kind_id) == "OBJC_CLASS_REF":
                 owner = child.spelling
                 break
         return ["%s(%s)" % (owner, name), name, owner]
 
     def _is_instantiation(self, found, cursor):
         """Whether a type is only instantiated here: `template class A<int>;` has no body."""
+        text = self._extent_text(found, cursor)
+        return bool(text) and b"{" not in text
+
+    def _extent_text(self, found, cursor):
         extent = cursor.extent
         start, end = self._place(extent.start)[2], self._place(extent.end)[2]
-        return (b"{" not in self._reader._text(found.path)[start:end]
-                and start < end and not self._made(found, start, b""))
+        return self._reader._text(found.path)[start:end]
 
     def _made(self, found, offset, name):
         """Whether the text at `offset` is not the name that is declared there: a macro made it."""
@@ -332,15 +362,18 @@ class _Walk:
         word = re.match(rb"[\w$~]+|operator", name)
         return bool(word) and not text.startswith(word.group(), offset)
 
-    def _add(self, found, line, offset, names, kind, cursor, scope, need):
+    def _add(self, found, line, offset, names, kind, cursor, scope, need, last=None):
         names = [name for name in names if name]
         if not names:
             return
         parents = self._parents(cursor, scope)
-        made = need and kind not in ("method", "category") and self._made(
-            found, offset, names[0].encode())
+        if kind == "method":
+            made = self._reader._text(found.path)[offset:offset + 1] not in (b"-", b"+")
+        else:
+            made = kind != "category" and self._made(found, offset, names[0].encode())
+        made = made and need
         found.add(line, names, kind, parents, truth.MADE if made else
-                  truth.NEEDED if need else truth.OPTIONAL)
+                  truth.NEEDED if need else truth.OPTIONAL, last)
 
     def _parents(self, cursor, scope):
         """The innermost named scopes that a tag may name: where the name belongs, and where it

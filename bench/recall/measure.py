@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """Holds the tags of a file against the truth."""
+import collections
 import re
 
 import truth
@@ -36,12 +37,26 @@ class Score:
                 "precision": self.precision(), "scope": self.scope()}
 
 
-def judge(score, known, tags, lines):
-    """Adds one file to `score`. `known` is its truth, `lines` its text as a list."""
+def ambiguous_macros(paths):
+    """The macros with more than one definition in the files: an indexer may take another one than
+    the compiler."""
+    count = collections.Counter()
+    for path in paths:
+        with open(path, "rb") as file:
+            count.update(re.findall(rb"^[ \t]*#[ \t]*define[ \t]+(\w+)", file.read(), re.M))
+    return {name.decode() for name, number in count.items() if number > 1}
+
+
+def judge(score, known, tags, lines, ambiguous):
+    """Adds one file to `score`. `known` is its truth, `lines` its text as a list, `ambiguous` the
+    macros with several definitions."""
     by_name = {}
-    for key, (_, _, names, _) in known.declarations.items():
+    for key, (_, _, names, _, _) in known.declarations.items():
         for name in names:
             by_name.setdefault(name, {}).setdefault(key[0], key)
+    for key, (_, _, names, _, last) in known.declarations.items():
+        for line in range(key[0] + 1, last + 1):
+            by_name[names[0]].setdefault(line, key)
     hits, rest, matched = {}, [], {}
     for tag in _split(tags, by_name):
         key = by_name.get(tag.name, {}).get(tag.line)
@@ -58,8 +73,8 @@ def judge(score, known, tags, lines):
         if free:
             hits[free[0]] = tag
         elif not near:
-            _unmatched(score, known, tag, lines)
-    for key, (need, kind, names, parents) in known.declarations.items():
+            _unmatched(score, known, tag, lines, ambiguous)
+    for key, (need, kind, names, parents, _) in known.declarations.items():
         tag = hits.get(key)
         if need == truth.OPTIONAL:
             score.optional += tag is not None
@@ -99,20 +114,24 @@ def _same_scope(scope, parents):
     return scope in parents
 
 
-def _unmatched(score, known, tag, lines):
-    if _is_unseen(known, tag, lines):
+def _unmatched(score, known, tag, lines, ambiguous):
+    if _is_unseen(known, tag, lines, ambiguous):
         score.unknown += 1
         return
     score.wrong += 1
     score.wrongs.append((known.path, tag.line, tag.raw, tag.kind))
 
 
-def _is_unseen(known, tag, lines):
-    """Whether the compiler cannot tell: the line is in a branch that it skipped, the name is an
-    argument of a macro that stands as a statement, or a template is only instantiated there."""
+def _is_unseen(known, tag, lines, ambiguous):
+    """Whether the compiler cannot decide: the line is in a branch that it skipped, the name is an
+    argument of a macro used as a statement or comes from another definition of a macro than the one
+    that the compiler saw, or a template is only instantiated there."""
     if truth.covers(known.skipped, tag.line):
         return True
     for first, last, name in known.uses:
+        if first <= tag.line <= last and name in ambiguous and not re.search(
+                r"(?<!\w)%s(?!\w)" % re.escape(tag.name), " ".join(lines[first - 1:last])):
+            return True
         if first <= tag.line <= last and name != tag.name and first <= len(lines) \
                 and re.match(r"\s*%s\s*\(" % re.escape(name), lines[first - 1]) \
                 and re.search(r"\b%s\b" % re.escape(tag.name), " ".join(lines[first - 1:last])):

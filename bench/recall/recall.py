@@ -5,13 +5,16 @@
   recall.py --program build/release/vexltags [CORPUS...]
 """
 import argparse
+import atexit
 import concurrent.futures
 import gzip
 import hashlib
 import json
 import os
 import re
+import shutil
 import sys
+import tempfile
 
 sys.dont_write_bytecode = True
 import clang_truth
@@ -20,6 +23,7 @@ import indexers
 import measure
 import python_truth
 import report
+import stubs
 import swift_truth
 import truth
 
@@ -31,12 +35,18 @@ _LANGUAGES = {"c++": ("-x", "c++"), "c": ("-x", "c"), "objc": ("-x", "objective-
 _readers = {}
 
 
-def _read(key, wanted, flags, path, done):
-    """One file in a worker process."""
+def _read(key, wanted, flags, sources, path, done):
+    """One file in a worker process. `sources`, if given, are the files that stand in for headers
+    that are missing."""
     if key not in _readers:
         clang_truth.load()
         _readers.clear()
-        _readers[key] = clang_truth.Reader(wanted, flags)
+        maker = None
+        if sources:
+            folder = tempfile.mkdtemp()
+            atexit.register(shutil.rmtree, folder, True)
+            maker = stubs.Stubs(folder, sources)
+        _readers[key] = clang_truth.Reader(wanted, flags, maker)
     return {p: found.to_json() for p, found in _readers[key].read(path, done).items()}
 
 
@@ -76,10 +86,12 @@ def _order(paths):
     return sorted(paths, key=lambda path: -sizes[path])
 
 
-def clang_configuration(corpus, paths, flags, pool, jobs, progress):
+def clang_configuration(corpus, paths, flags, npm, pool, jobs, progress):
     """The truths of one configuration by path: the clean one, or the last that was seen."""
     key = (corpus.name, flags)
-    full = [*_LANGUAGES[corpus.language], *_BASE, *flags]
+    full = [*_LANGUAGES[corpus.language], *_BASE,
+            *(flag.replace("{npm}", npm or "") for flag in flags)]
+    sources = corpus.headers(npm) if corpus.stubs else ()
     best, clean = {}, set()
     waiting = iter(_order(paths))
     running = {}
@@ -91,14 +103,14 @@ def clang_configuration(corpus, paths, flags, pool, jobs, progress):
             if path is None:
                 exhausted = True
                 break
-            running[pool.submit(_read, key, paths, full, path, frozenset(clean))] = path
+            running[pool.submit(_read, key, paths, full, sources, path, frozenset(clean))] = path
         if not running:
             break
         finished, _ = concurrent.futures.wait(running, return_when="FIRST_COMPLETED")
         for future in finished:
             path = running.pop(future)
             count += 1
-            progress("%s %s: %d read, %d of %d clean" % (corpus.name, " ".join(flags), count,
+            progress("%s %s: %d read, %d of %d clean" % (corpus.name, " ".join(flags)[:40], count,
                                                           len(clean), len(paths)))
             for name, data in future.result().items():
                 found = truth.FileTruth.from_json(name, data)
@@ -119,7 +131,7 @@ def clang_truths(corpus, paths, options, progress):
     with concurrent.futures.ProcessPoolExecutor(options.jobs, initializer=_begin,
                                                 initargs=(options.nice,)) as pool:
         for flags in corpus.configurations:
-            seen = clang_configuration(corpus, paths, tuple(flags), pool, options.jobs, progress)
+            seen = clang_configuration(corpus, paths, tuple(flags), options.npm, pool, options.jobs, progress)
             for path, found in seen.items():
                 old = merged.get(path)
                 if old is None or found.is_clean() and not old.is_clean():
@@ -131,7 +143,7 @@ def clang_truths(corpus, paths, options, progress):
 
 def _identity(corpus, paths):
     digest = hashlib.sha256()
-    digest.update(repr((truth.VERSION, corpus.name, corpus.configurations, corpus.language)).encode())
+    digest.update(repr((truth.VERSION[corpus.language], corpus.name, corpus.configurations, corpus.language)).encode())
     for path in paths:
         state = os.stat(path)
         digest.update(("%s %d %d\n" % (path, state.st_size, state.st_mtime_ns)).encode(
@@ -139,9 +151,13 @@ def _identity(corpus, paths):
     return digest.hexdigest()[:16]
 
 
+def cache_of(corpus, paths, options):
+    return os.path.join(options.cache, "%s-%s.json.gz" % (corpus.name, _identity(corpus, paths)))
+
+
 def truths_of(corpus, paths, options, progress):
     """The truth of each file, from the cache if nothing has changed since it was made."""
-    name = os.path.join(options.cache, "%s-%s.json.gz" % (corpus.name, _identity(corpus, paths)))
+    name = cache_of(corpus, paths, options)
     if os.path.exists(name) and not options.fresh:
         with gzip.open(name, "rt", encoding="utf-8") as file:
             return {path: truth.FileTruth.from_json(path, data)
@@ -161,6 +177,7 @@ def truths_of(corpus, paths, options, progress):
 
 def judge(corpus, paths, truths, variant):
     """(score, CPU seconds) of one variant on one corpus."""
+    ambiguous = measure.ambiguous_macros(paths)
     tags, seconds, _ = variant.run(paths, corpus.ctags or (), corpus.language)
     score = measure.Score()
     for path in paths:
@@ -169,7 +186,7 @@ def judge(corpus, paths, truths, variant):
             continue
         with open(path, encoding="utf-8", errors="replace", newline="\n") as file:
             lines = file.read().split("\n")
-        measure.judge(score, known, tags.get(path, ()), lines)
+        measure.judge(score, known, tags.get(path, ()), lines, ambiguous)
     return score, seconds
 
 
@@ -217,6 +234,10 @@ def main():
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("--nice", type=int, default=5, help="of the compiler (default: 5)")
     parser.add_argument("--fresh", action="store_true", help="do not use the cached truth")
+    parser.add_argument("--save", metavar="NAME",
+                        help="keep the results in bench/results/recall-NAME.*, and draw them")
+    parser.add_argument("--cached", action="store_true",
+                        help="leave out corpora whose truth is not in the cache")
     parser.add_argument("--verbose", action="store_true")
     parser.add_argument("--cache", default=os.path.join(
         os.environ.get("XDG_CACHE_HOME") or os.path.expanduser("~/.cache"), "vexltags-recall"))
@@ -253,6 +274,8 @@ def main():
         if missing:
             print("%s: needs %s" % (corpus.name, missing), file=sys.stderr)
             continue
+        if options.cached and not os.path.exists(cache_of(corpus, paths, options)):
+            continue
         truths = truths_of(corpus, paths, options, progress)
         progress("")
         row = report.Row(corpus, paths, truths)
@@ -272,6 +295,9 @@ def main():
             if title == options.scopes:
                 report.print_group("wrong scopes", score.scopes, options.limit)
         rows.append(row)
+    if options.save and rows:
+        report.save(rows, [variant.title for variant in variants], options.save, ROOT,
+                    (options.program, options.ctags))
     return 0
 
 

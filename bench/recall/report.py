@@ -1,7 +1,13 @@
 # SPDX-License-Identifier: MIT
 """Tables and lists of what was measured."""
 import collections
+import datetime
+import json
+import os
 import re
+import subprocess
+
+import chart
 
 
 class Row:
@@ -99,3 +105,55 @@ def print_errors(truths, limit):
             example.setdefault(form, "%s:%d %s" % (path, line, text))
     for form, number in count.most_common(limit):
         print("%6d  %s" % (number, example[form]))
+
+
+def _first_line(*command):
+    try:
+        run = subprocess.run(command, capture_output=True, text=True, check=False)
+    except OSError:
+        return ""
+    return run.stdout.split("\n")[0].strip()
+
+
+def save(rows, titles, name, root, programs):
+    """Writes bench/results/recall-NAME.{json,md} and doc/recall.svg. `programs` are vexltags and
+    ctags."""
+    data = {
+        "about": {
+            "date": datetime.date.today().isoformat(),
+            "commit": _first_line("git", "-C", root, "rev-parse", "--short", "HEAD"),
+            "ctags": _first_line(programs[1], "--version").split("(")[0].split(",")[0],
+        },
+        "variants": titles,
+        "rows": [{
+            "key": row.corpus.name, "title": row.corpus.title, "package": row.corpus.package,
+            "files": row.files, "judged": row.clean,
+            "scores": {title: dict(score.to_json(), seconds=round(row.seconds[title], 3))
+                       for title, score in row.scores.items()},
+        } for row in rows],
+    }
+    base = os.path.join(root, "bench", "results", "recall-" + name)
+    with open(base + ".json", "w", encoding="utf-8") as file:
+        json.dump(data, file, indent=1, ensure_ascii=False)
+        file.write("\n")
+    with open(base + ".md", "w", encoding="utf-8") as file:
+        file.write(_markdown(data))
+    chart.write(data, os.path.join(root, "doc", "recall.svg"))
+
+
+def _markdown(data):
+    lines = ["# Recall: " + ", ".join(data["about"].values()), "",
+             "Declarations found / tags that are right / right tags whose innermost scope is right, "
+             "in per cent,", "against what compilers declare. [How it is measured](../recall/README.md).",
+             "", "| corpus | files judged | declarations | " + " | ".join(data["variants"]) + " |",
+             "|---|---|---|" + "---|" * len(data["variants"])]
+    for row in data["rows"]:
+        needed = max(score["needed"] for score in row["scores"].values())
+        cells = []
+        for title in data["variants"]:
+            score = row["scores"].get(title)
+            cells.append(" / ".join(percent(score[key]) for key in ("recall", "precision", "scope"))
+                         if score else "–")
+        lines.append("| %s | %d of %d | %d | %s |" % (row["title"], row["judged"], row["files"], needed,
+                                                   " | ".join(cells)))
+    return "\n".join(lines) + "\n"

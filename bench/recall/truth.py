@@ -3,7 +3,7 @@
 import re
 
 # Part of the key of what is cached: another number makes all truths anew.
-VERSION = 1
+VERSION = {"c++": 1, "c": 1, "objc": 3, "python": 1, "swift": 1}
 
 # A declaration that an indexer has to find; one whose name a macro pastes together or holds in its
 # body, so that the source does not show it; and a name that is right but need not be found, such as
@@ -27,8 +27,8 @@ def plain_name(name):
 
 class FileTruth:
     """All that is known of one file. `declarations` maps (line, name) to [class, kind, names,
-    parents]; the names are all that count as found; the parents are the innermost named scopes, of
-    which a tag has to name one. `skipped` holds ranges of lines that no compiler saw, `bodies`
+    parents, last line]; the names are all that count as found; the parents are the innermost named
+    scopes, of which a tag has to name one; a tag may name any line to the last one. `skipped` holds ranges of lines that no compiler saw, `bodies`
     those of function bodies, `uses` [first line, last line, name] of macros. `errors` are those
     outside bodies, after finish()."""
 
@@ -40,11 +40,11 @@ class FileTruth:
         self.bodies = []
         self.uses = []
 
-    def add(self, line, names, kind, parents, need):
+    def add(self, line, names, kind, parents, need, last=None):
         key = (line, names[0])
         old = self.declarations.get(key)
         if old is None:
-            self.declarations[key] = [need, kind, list(names), list(parents)]
+            self.declarations[key] = [need, kind, list(names), list(parents), last or line]
             return
         if need > old[0]:
             old[0], old[1] = need, kind
@@ -62,8 +62,8 @@ class FileTruth:
 
     def merge(self, other):
         """Adds what another configuration saw."""
-        for (line, _), (need, kind, names, parents) in other.declarations.items():
-            self.add(line, names, kind, parents, need)
+        for (line, _), (need, kind, names, parents, last) in other.declarations.items():
+            self.add(line, names, kind, parents, need, last)
         self.skipped = _common(self.skipped, other.skipped)
         self.bodies = _joined(self.bodies + other.bodies)
         self.uses += other.uses
@@ -77,8 +77,8 @@ class FileTruth:
     @classmethod
     def from_json(cls, path, data):
         self = cls(path)
-        for line, need, kind, names, parents in data["declarations"]:
-            self.declarations[(line, names[0])] = [need, kind, names, parents]
+        for line, need, kind, names, parents, *last in data["declarations"]:
+            self.declarations[(line, names[0])] = [need, kind, names, parents, *(last or [line])]
         self.skipped = [tuple(part) for part in data["skipped"]]
         self.errors = [tuple(part) for part in data["errors"]]
         self.bodies = [tuple(part) for part in data["bodies"]]

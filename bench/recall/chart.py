@@ -33,8 +33,8 @@ def svg(data):
     bottom = TOP + step * len(rows)
     width, height = LEFT + BARS + RIGHT, bottom + 36
     out = ['<svg xmlns="http://www.w3.org/2000/svg" width="%d" height="%d" viewBox="0 0 %d %d" '
-           'role="img" aria-label="Declarations found, in per cent">' % (width, height, width, height),
-           STYLE,
+           'role="img" aria-label="Declarations found, in per cent">' %
+           (width, height, width, height), STYLE,
            '  <text class="title" x="12" y="24">Declarations found, in per cent of what compilers '
            'declare</text>',
            '  <text class="small" x="12" y="41">Numbers: declarations found / tags that are right'

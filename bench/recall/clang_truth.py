@@ -22,10 +22,6 @@ class _Ranges(ctypes.Structure):
     pass
 
 
-class _Diagnosed(Exception):
-    pass
-
-
 def load():
     """Loads libclang and its binding. Returns None, or what is missing."""
     global _library, _cx
@@ -35,7 +31,8 @@ def load():
         import clang.cindex as cindex
     except ImportError:
         return "the binding of libclang for this Python (python3-clang-14)"
-    names = sorted(glob.glob("/usr/lib/*/libclang-14.so*") + glob.glob("/usr/lib/llvm-14/lib/libclang*.so*"))
+    names = sorted(glob.glob("/usr/lib/*/libclang-14.so*") +
+                   glob.glob("/usr/lib/llvm-14/lib/libclang*.so*"))
     if names and not cindex.Config.loaded:
         cindex.Config.set_library_file(names[0])
     try:
@@ -77,10 +74,10 @@ _PLAIN = {
     "TYPE_ALIAS_TEMPLATE_DECL": "typedef", "MACRO_DEFINITION": "macro"}
 _OPTIONAL = frozenset((
     "NAMESPACE_ALIAS", "USING_DECLARATION", "OBJC_SYNTHESIZE_DECL", "OBJC_DYNAMIC_DECL",
-    "OBJC_CLASS_REF", "OBJC_PROTOCOL_REF", "LABEL_STMT_NEVER"))
+    "OBJC_CLASS_REF", "OBJC_PROTOCOL_REF"))
 _NO_DECLARATIONS = frozenset((
     "TYPE_REF", "TEMPLATE_REF", "NAMESPACE_REF", "MEMBER_REF", "DECL_REF_EXPR", "PARM_DECL",
-    "OBJC_SUPER_CLASS_REF", "MACRO_INSTANTIATION", "INCLUSION_DIRECTIVE", "MACRO_DEFINITION"))
+    "OBJC_SUPER_CLASS_REF", "INCLUSION_DIRECTIVE"))
 
 
 def _kind_names():
@@ -99,7 +96,7 @@ class Reader:
         self._names = _kind_names()
         self._texts = {}
 
-    def _text(self, path):
+    def text(self, path):
         if path not in self._texts:
             if len(self._texts) > 200:
                 self._texts.clear()
@@ -148,6 +145,7 @@ class _Walk:
         self._keep = _cx.callbacks["cursor_visit"](keep)
 
     def run(self):
+        self._found[self._main] = truth.FileTruth(self._main)  # Also where nothing is declared.
         self._collect_errors()
         self._children(self._unit.cursor, (), False)
         for path, found in self._found.items():
@@ -211,7 +209,7 @@ class _Walk:
 
     def _visit(self, cursor, scope, local):
         kind = self._names.get(cursor._kind_id, "")
-        if kind in _NO_DECLARATIONS and kind not in ("MACRO_DEFINITION", "MACRO_INSTANTIATION"):
+        if kind in _NO_DECLARATIONS:
             return
         found, line, offset = self._place(self._lib.clang_getCursorLocation(cursor))
         if found is None:
@@ -229,104 +227,101 @@ class _Walk:
         self._declare(cursor, kind, found, line, offset, scope, local)
 
     def _declare(self, cursor, kind, found, line, offset, scope, local):
-        spelling = cursor.spelling if kind not in ("COMPOUND_STMT", "DECL_STMT") else ""
-        inner = scope
+        place = (found, line, offset)
         if kind in _TYPES or kind in _OBJC or kind == "NAMESPACE":
-            need = bool(self._lib.clang_isCursorDefinition(cursor)) or kind in _OBJC
-            if kind in _TYPES and need and not local and self._is_instantiation(found, cursor):
-                need = False
-            if kind in ("OBJC_INTERFACE_DECL", "OBJC_PROTOCOL_DECL"):
-                # Not a forward declaration. A definition, for clang, is the implementation.
-                need = self._extent_text(found, cursor).endswith(b"@end")
-            name = truth.plain_name(spelling)
-            names = self._objc_names(cursor, kind, name)
-            if kind in _OBJC:
-                extent = cursor.extent
-                self._containers.append((found, self._place(extent.start)[1],
-                                         self._place(extent.end)[1], names))
-            if name and not name.startswith("("):
-                self._add(found, line, offset, names,
-                          _TYPES.get(kind) or _OBJC.get(kind) or "namespace", cursor, scope,
-                          need and not local)
-            inner = scope + (names[0] if name else "",)
-            self._children(cursor, inner, local)
-            return
-        if kind in _FUNCTIONS:
-            defined = bool(self._lib.clang_isCursorDefinition(cursor))
-            friend = scope and scope[-1] == "friend"
-            if spelling.startswith("<deduction guide for "):
-                self._add(found, line, offset, [spelling[len("<deduction guide for "):-1]],
-                          "function", cursor, scope, False)
-            else:
-                self._add(found, line, offset, [truth.plain_name(spelling)], "function", cursor,
-                          scope, not local and (defined or not friend))
-            if defined:
-                self._children(cursor, scope + ("()",), True)
-            return
-        if kind in _METHODS:
+            self._scope(cursor, kind, place, scope, local)
+        elif kind in _FUNCTIONS:
+            self._function(cursor, place, scope, local)
+        elif kind in _METHODS:
             # Indexers report the line of any part of a selector.
-            self._add(found, line, offset, [spelling], "method", cursor, scope,
+            self._add(place, [cursor.spelling], "method", cursor, scope,
                       (found.path, offset) not in self._spots, self._last_line(cursor, line))
-            if self._lib.clang_isCursorDefinition(cursor):
+            if self._is_definition(cursor):
                 self._children(cursor, scope + ("()",), True)
-            return
-        if kind == "OBJC_PROPERTY_DECL":
+        elif kind == "OBJC_PROPERTY_DECL":
             self._spots[(found.path, offset)] = True
-            self._property(cursor, found, line, offset, spelling, scope)
-            return
-        if kind == "FRIEND_DECL":
+            self._property(cursor, place, scope)
+        elif kind == "FRIEND_DECL":
             self._children(cursor, scope + ("friend",), local)
-            return
-        if kind == "VAR_DECL":
+        elif kind == "VAR_DECL":
             if not local:
-                self._add(found, line, offset, [spelling], "variable", cursor, scope, True)
+                self._add(place, [cursor.spelling], "variable", cursor, scope, True)
             self._children(cursor, scope, True)
-            return
-        if kind in _PLAIN:
-            self._add(found, line, offset, [truth.plain_name(spelling)], _PLAIN[kind], cursor,
-                      scope, not local or kind == "MACRO_DEFINITION")
-            if kind in ("FIELD_DECL", "TYPEDEF_DECL", "TYPE_ALIAS_DECL", "TYPE_ALIAS_TEMPLATE_DECL"):
+        elif kind in _PLAIN:
+            self._add(place, [truth.plain_name(cursor.spelling)], _PLAIN[kind], cursor, scope,
+                      not local or kind == "MACRO_DEFINITION")
+            if kind != "MACRO_DEFINITION":
                 self._children(cursor, scope, local)
-            return
-        if kind in _OPTIONAL:
-            self._add(found, line, offset, [truth.plain_name(spelling)], "other", cursor, scope,
-                      False)
-            return
-        if kind == "UNEXPOSED_DECL" and spelling and spelling[0] not in "[(":
-            self._unexposed(cursor, found, line, offset, spelling, scope, local)
-        self._children(cursor, scope, local)
-
-    def _unexposed(self, cursor, found, line, offset, spelling, scope, local):
-        """Concepts, variable templates and the names of a structured binding have no kind of
-        cursor of their own; the text before the name tells them apart."""
-        text = self._reader._text(found.path)
-        head = text[max(0, offset - 400):offset]
-        if re.search(rb"\bconcept\s+$", head):
-            self._add(found, line, offset, [spelling], "concept", cursor, scope, not local)
-        elif spelling.isidentifier() and not re.search(rb"[\[,]\s*$", head):
-            self._add(found, line, offset, [truth.plain_name(spelling)], "variable", cursor,
-                      scope, not local)
+        elif kind in _OPTIONAL:
+            self._add(place, [truth.plain_name(cursor.spelling)], "other", cursor, scope, False)
         else:
-            self._add(found, line, offset, [spelling], "other", cursor, scope, False)
+            if kind == "UNEXPOSED_DECL":
+                self._unexposed(cursor, place, scope, local)
+            self._children(cursor, scope, local)
 
-    def _property(self, cursor, found, line, offset, spelling, scope):
-        names = [spelling]
-        for getter in cursor.get_tokens():
-            if getter.spelling == spelling:
+    def _is_definition(self, cursor):
+        return bool(self._lib.clang_isCursorDefinition(cursor))
+
+    def _scope(self, cursor, kind, place, scope, local):
+        """A type, a namespace or what Objective-C has in their place."""
+        found = place[0]
+        need = self._is_definition(cursor) or kind in _OBJC
+        if kind in _TYPES and need and not local and self._is_instantiation(found, cursor):
+            need = False
+        if kind in ("OBJC_INTERFACE_DECL", "OBJC_PROTOCOL_DECL"):
+            # Not a forward declaration. A definition, for clang, is the implementation.
+            need = self._extent_text(found, cursor).endswith(b"@end")
+        name = truth.plain_name(cursor.spelling)
+        names = self._objc_names(cursor, kind, name)
+        if kind in _OBJC:
+            extent = cursor.extent
+            self._containers.append((found, self._place(extent.start)[1],
+                                     self._place(extent.end)[1], names))
+        if name and not name.startswith("("):
+            self._add(place, names, _TYPES.get(kind) or _OBJC.get(kind) or "namespace", cursor,
+                      scope, need and not local)
+        self._children(cursor, scope + (names[0] if name else "",), local)
+
+    def _function(self, cursor, place, scope, local):
+        defined, spelling = self._is_definition(cursor), cursor.spelling
+        is_friend = bool(scope) and scope[-1] == "friend"
+        if spelling.startswith("<deduction guide for "):
+            self._add(place, [spelling[len("<deduction guide for "):-1]], "function", cursor, scope,
+                      False)
+        else:
+            self._add(place, [truth.plain_name(spelling)], "function", cursor, scope,
+                      not local and (defined or not is_friend))
+        if defined:
+            self._children(cursor, scope + ("()",), True)
+
+    def _unexposed(self, cursor, place, scope, local):
+        """Concepts, variable templates and the names of a structured binding have no kind of
+        cursor of their own; the text before the name decides."""
+        found, _, offset = place
+        spelling = cursor.spelling
+        if not spelling or spelling[0] in "[(":
+            return
+        head = self._reader.text(found.path)[max(0, offset - 400):offset]
+        if re.search(rb"\bconcept\s+$", head):
+            self._add(place, [spelling], "concept", cursor, scope, not local)
+        elif spelling.isidentifier() and not re.search(rb"[\[,]\s*$", head):
+            self._add(place, [spelling], "variable", cursor, scope, not local)
+        else:
+            self._add(place, [spelling], "other", cursor, scope, False)
+
+    def _property(self, cursor, place, scope):
+        """A getter of another name stands for the property; setters may be tagged."""
+        name = cursor.spelling
+        words = []
+        for token in cursor.get_tokens():
+            if token.spelling == name:
                 break
-            names.append(getter.spelling)
-        # A getter of another name stands for the property.
-        getter = ""
-        for before, after in zip(names, names[2:]):
-            if before == "getter":
-                getter = after
-        self._add(found, line, offset, [spelling] + ([getter] if getter else []), "property",
-                  cursor, scope, True)
-        self._add(found, line, offset, ["set%s:" % (spelling[:1].upper() + spelling[1:])], "method",
-                  cursor, scope, False)
-        for before, after in zip(names, names[2:]):
-            if before == "setter":
-                self._add(found, line, offset, [after, after + ":"], "method", cursor, scope, False)
+            words.append(token.spelling)
+        accessors = {before: after for before, after in zip(words, words[2:])
+                     if before in ("getter", "setter")}
+        self._add(place, [name, accessors.get("getter", "")], "property", cursor, scope, True)
+        setter = accessors.get("setter", "set%s:" % (name[:1].upper() + name[1:]))
+        self._add(place, [setter, setter + ":"], "method", cursor, scope, False)
 
     def _last_line(self, cursor, line):
         """The line in which the head of a method ends."""
@@ -354,21 +349,22 @@ class _Walk:
     def _extent_text(self, found, cursor):
         extent = cursor.extent
         start, end = self._place(extent.start)[2], self._place(extent.end)[2]
-        return self._reader._text(found.path)[start:end]
+        return self._reader.text(found.path)[start:end]
 
     def _made(self, found, offset, name):
         """Whether the text at `offset` is not the name that is declared there: a macro made it."""
-        text = self._reader._text(found.path)
+        text = self._reader.text(found.path)
         word = re.match(rb"[\w$~]+|operator", name)
         return bool(word) and not text.startswith(word.group(), offset)
 
-    def _add(self, found, line, offset, names, kind, cursor, scope, need, last=None):
+    def _add(self, place, names, kind, cursor, scope, need, last=None):
+        found, line, offset = place
         names = [name for name in names if name]
         if not names:
             return
         parents = self._parents(cursor, scope)
         if kind == "method":
-            made = self._reader._text(found.path)[offset:offset + 1] not in (b"-", b"+")
+            made = self._reader.text(found.path)[offset:offset + 1] not in (b"-", b"+")
         else:
             made = kind != "category" and self._made(found, offset, names[0].encode())
         made = made and need
@@ -387,8 +383,7 @@ class _Walk:
             parent._tu = self._unit
             kind = self._names.get(parent._kind_id, "")
             name = truth.plain_name(parent.spelling) if kind in _NAMED_SCOPES else ""
-            if kind == "TRANSLATION_UNIT" or kind.startswith("INVALID") or parent._kind_id in (
-                    70, 71, 72, 73, 300, 350):
+            if kind == "TRANSLATION_UNIT" or kind.startswith("INVALID"):
                 break
             if name and name[0] != "(":
                 parents.append(name)

@@ -62,10 +62,15 @@ def _swift_name(name):
     return re.sub(r"\s", "", name)
 
 
+def _objc_name(name):
+    return truth.plain_name(re.sub(r",\s*\.\.\.$", "", name))
+
+
 def parse(text, language):
     """The tags of a file by path, in the order of the file. Names that an indexer invents for what
     has none are left out."""
-    plain = {"swift": _swift_name, "python": str}.get(language, truth.plain_name)
+    plain = {"swift": _swift_name, "python": str,
+             "objc": _objc_name}.get(language, truth.plain_name)
     tags = {}
     for line in text.split("\n"):
         if not line or line.startswith("!_TAG_"):

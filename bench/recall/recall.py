@@ -131,7 +131,8 @@ def clang_truths(corpus, paths, options, progress):
     with concurrent.futures.ProcessPoolExecutor(options.jobs, initializer=_begin,
                                                 initargs=(options.nice,)) as pool:
         for flags in corpus.configurations:
-            seen = clang_configuration(corpus, paths, tuple(flags), options.npm, pool, options.jobs, progress)
+            seen = clang_configuration(corpus, paths, tuple(flags), options.npm, pool,
+                                       options.jobs, progress)
             for path, found in seen.items():
                 old = merged.get(path)
                 if old is None or found.is_clean() and not old.is_clean():
@@ -143,7 +144,8 @@ def clang_truths(corpus, paths, options, progress):
 
 def _identity(corpus, paths):
     digest = hashlib.sha256()
-    digest.update(repr((truth.VERSION[corpus.language], corpus.name, corpus.configurations, corpus.language)).encode())
+    digest.update(repr((truth.VERSION[corpus.language], corpus.name, corpus.configurations,
+                        corpus.language)).encode())
     for path in paths:
         state = os.stat(path)
         digest.update(("%s %d %d\n" % (path, state.st_size, state.st_mtime_ns)).encode(

@@ -89,7 +89,8 @@ def print_misses(score, truths, limit):
     lines = _Lines()
     print("runs of lost declarations: %d; the longest:" % len(runs))
     for count, path, before, first, last in runs[:limit]:
-        print("%6d  %s:%d-%d  after line %d: %s" % (count, path, first[0], last[0], before, first[1]))
+        print("%6d  %s:%d-%d  after line %d: %s" % (count, path, first[0], last[0], before,
+                                                    first[1]))
         print("        %s" % lines.get(path, first[0])[:150])
     print_group("lost", score.misses, limit)
 
@@ -143,9 +144,10 @@ def save(rows, titles, name, root, programs):
 
 def _markdown(data):
     lines = ["# Recall: " + ", ".join(data["about"].values()), "",
-             "Declarations found / tags that are right / right tags whose innermost scope is right, "
-             "in per cent,", "against what compilers declare. [How it is measured](../recall/README.md).",
-             "", "| corpus | files judged | declarations | " + " | ".join(data["variants"]) + " |",
+             "Declarations found / tags that are right / right tags whose innermost scope is right,"
+             " in", "per cent, against what compilers declare. "
+             "[How it is measured](../recall/README.md).", "",
+             "| corpus | files judged | declarations | " + " | ".join(data["variants"]) + " |",
              "|---|---|---|" + "---|" * len(data["variants"])]
     for row in data["rows"]:
         needed = max(score["needed"] for score in row["scores"].values())
@@ -154,6 +156,6 @@ def _markdown(data):
             score = row["scores"].get(title)
             cells.append(" / ".join(percent(score[key]) for key in ("recall", "precision", "scope"))
                          if score else "–")
-        lines.append("| %s | %d of %d | %d | %s |" % (row["title"], row["judged"], row["files"], needed,
-                                                   " | ".join(cells)))
+        lines.append("| %s | %d of %d | %d | %s |" % (
+            row["title"], row["judged"], row["files"], needed, " | ".join(cells)))
     return "\n".join(lines) + "\n"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reads paths of Swift files from standard input; writes what each declares, one JSON object a line.
+// Reads paths of Swift files from standard input; writes what each declares, one JSON object a
+// line.
 //   node swift_truth.js NODE_MODULES < list
 'use strict';
 const fs = require('fs');
@@ -16,15 +17,19 @@ const kProperties = new Set(['property_declaration', 'protocol_property_declarat
 const kBodies = new Set(['function_body', 'computed_property', 'lambda_literal', 'statements',
   'willset_didset_block', 'computed_getter', 'computed_setter']);
 
-// Words newer than the grammar, and attributes that lead it astray. None declares anything, so blanks
-// of the same length take their place; names are read from the source as it is.
+// Words newer than the grammar, and attributes that lead it astray. None declares anything, so
+// blanks of the same length take their place; names are read from the source as it is.
+const kDeclares = '(?:func|var|let|class|struct|enum|init|protocol|extension|actor|typealias|' +
+    'subscript)';
 const kBlank = [
   /\b(?:nonisolated|unowned)\((?:unsafe|safe|nonsending)\)/g,
   /\b(?:sending|consuming|borrowing|consume|copy|discard)(?=[ \t]+[\w@([])/g,
   /\brepeat[ \t]+each\b/g, /\beach(?=[ \t]+\w)/g, /\bany(?=[ \t]+~)/g,
-  /@_?(?:implicitSelfCapture|inheritActorContext|unsafeInheritExecutor|lifetime|extern)\b(?:\([^()]*\))?/g,
+  /@_?(?:implicitSelfCapture|inheritActorContext|unsafeInheritExecutor)\b/g,
+  /@_?(?:lifetime|extern)\b(?:\([^()]*\))?/g,
   /~(?=[A-Za-z_])/g, /#(?=(?:expect|require|Predicate|externalMacro)\b)/g,
-  /(?<=\bthrows)\([\w.]+\)/g, /\bpackage(?=[ \t]+(?:\w+[ \t]+)*(?:func|var|let|class|struct|enum|init|protocol|extension|actor|typealias|subscript)\b)/g,
+  /(?<=\bthrows)\([\w.]+\)/g,
+  new RegExp('\\bpackage(?=[ \\t]+(?:\\w+[ \\t]+)*' + kDeclares + '\\b)', 'g'),
 ];
 const kDirectives = /^[ \t]*#(?:if|elseif|else|endif)\b.*/gm;
 const blank = (text) => text.replace(/[^\n]/g, ' ');
@@ -126,6 +131,9 @@ function readText(file, source, text) {
       for (const name of fields(node, 'name')) {
         if (name.type === 'simple_identifier') add(name, textOf(name), 'case', scope, local);
       }
+    } else if (type === 'macro_declaration') {
+      const name = node.namedChildren.find((child) => child.type === 'simple_identifier');
+      if (name) add(name, textOf(name) + labels(node), 'macro', scope, true);
     } else if (kProperties.has(type)) {
       for (const pattern of fields(node, 'name')) {
         if (pattern.type !== 'pattern') continue;

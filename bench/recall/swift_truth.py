@@ -2,6 +2,7 @@
 """What tree-sitter's grammar finds in Swift files. It runs in node, which reads a list of files."""
 import json
 import os
+import re
 import shutil
 import subprocess
 
@@ -29,6 +30,7 @@ def read_all(paths, npm):
         data = json.loads(line)
         found = truths[data["path"]] = truth.FileTruth(data["path"])
         for number, names, kind, parent, need in data["declarations"]:
+            names = [re.sub(r"\s", "", name) for name in names]
             found.add(number, names, kind, [parent], truth.NEEDED if need else truth.OPTIONAL)
         found.errors = [(number, "syntax error") for number in data["errors"]]
     return truths

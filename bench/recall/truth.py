@@ -3,7 +3,7 @@
 import re
 
 # Part of the key of what is cached: another number makes all truths anew.
-VERSION = {"c++": 1, "c": 1, "objc": 3, "python": 1, "swift": 1}
+VERSION = {"c++": 1, "c": 1, "objc": 3, "python": 1, "swift": 2}
 
 # A declaration that an indexer has to find; one whose name a macro pastes together or holds in its
 # body, so that the source does not show it; and a name that is right but need not be found, such as
@@ -26,11 +26,14 @@ def plain_name(name):
 
 
 class FileTruth:
-    """All that is known of one file. `declarations` maps (line, name) to [class, kind, names,
-    parents, last line]; the names are all that count as found; the parents are the innermost named
-    scopes, of which a tag has to name one; a tag may name any line to the last one. `skipped` holds ranges of lines that no compiler saw, `bodies`
-    those of function bodies, `uses` [first line, last line, name] of macros. `errors` are those
-    outside bodies, after finish()."""
+    """All that is known of one file.
+
+    `declarations` maps (line, name) to [class, kind, names, parents, last line]: the class is one
+    of the above; any of the names counts as found; a tag has to name one of the parents, which are
+    the innermost named scopes, and may name any line to the last one. `skipped` holds ranges of
+    lines that no compiler saw, `bodies` those of function bodies, `uses` (first line, last line,
+    name) of macros. `errors` are those outside bodies, after finish().
+    """
 
     def __init__(self, path):
         self.path = path

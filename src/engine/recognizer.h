@@ -121,6 +121,7 @@ class Recognizers {
     parser->tokens = table.get();
     parser->follows = &tokens->Follows();
     RecoverByFollowStack(parser->pParser->rec, !options.dumpErrors);
+    if (options.dumpErrors) table->KeepPlaces();
     // A scanner cannot report errors, so where they are shown the generated lexer reads everything.
     FillTokenTable(lexer->pLexer, options.dumpErrors ? nullptr : Grammar::Scan, *table);
 #endif

@@ -50,6 +50,7 @@ void TokenTable::Apply(const TokenEdits& edits) {
   }
   const std::vector<Replaced> oldReplaced = std::exchange(replaced, {});
   const std::string oldTexts = std::exchange(replacedTexts, {});
+  const std::vector<Place> oldPlaces = std::exchange(places, {});
   const std::uint8_t hiddenAtEnd = lastHidden;
   std::vector<Stretch> removed;
   count = 0;
@@ -81,6 +82,9 @@ void TokenTable::Apply(const TokenEdits& edits) {
     }
     for (; edit != lastEdit && edit->index == i && edit->kind == TokenEdits::Kind::Insert; ++edit) {
       Add(edit->type, place, place, edit->line, edits.Text(*edit));
+      // That of the next token, or else of the last one.
+      if (keepsPlaces)
+        places.push_back(oldCount > 0 ? oldPlaces[std::min(i, oldCount - 1)] : Place{});
     }
     if (!isToken) break;
     hiddenBehind = keepsNeighbours ? behind[from] : 0;
@@ -105,6 +109,7 @@ void TokenTable::Apply(const TokenEdits& edits) {
         text = edits.Text(change);
       }
     }
+    if (keepsPlaces) places.push_back(oldPlaces[i]);
     if (hasText) {
       Add(type, place, end, lines[from], text);
     } else {

@@ -59,6 +59,19 @@ class TokenEditsTest : public testing::Test {
   TokenEdits edits;
 };
 
+TEST_F(TokenEditsTest, MovesThePlacesOfTokensWithThem) {
+  table->KeepPlaces();
+  for (const int column : {0, 3, 5, 7, 8, 10, 12}) table->AddPlace(column, true);
+  Fill();
+  edits.Hide(1, kOther);
+  edits.Insert(3, kOther, "x", 3);
+  edits.Insert(7, kOther, "y", 4);
+  table->Apply(edits);
+  std::string columns;
+  for (int k = 1; k <= 8; ++k) columns += std::to_string(table->LT(k)->charPosition) + " ";
+  EXPECT_EQ(columns, "0 5 7 7 8 10 12 12 ");
+}
+
 TEST_F(TokenEditsTest, NoChangeLeavesTheTableAndItsPosition) {
   Fill();
   table->Seek(3);

@@ -29,7 +29,11 @@ void Step(pANTLR3_LEXER lexer, TokenTable& table) {
     lexer->rec->reportError(lexer->rec);
     lexer->recover(lexer);
     table.AddDropped(start, static_cast<const unsigned char*>(input->nextChar));
-  } else if (state->channel != ANTLR3_TOKEN_DEFAULT_CHANNEL) {
+    return;
+  }
+  const bool isVisible = state->channel == ANTLR3_TOKEN_DEFAULT_CHANNEL;
+  if (table.KeepsPlaces()) table.AddPlace(state->tokenStartCharPositionInLine, isVisible);
+  if (!isVisible) {
     table.AddHidden(state->type);
   } else {
     const auto* end = static_cast<const unsigned char*>(input->nextChar);

@@ -13,7 +13,7 @@
 namespace vexltags {
 
 /// Lets the runtime's parser functions (recovery, error display) read a `TokenTable` as they would
-/// read their own token stream. An index is the number of the visible token.
+/// read their own token stream. A position in the stream counts visible tokens only.
 class TokenStream {
  public:
   /// `table` and `lexer`, whose token source is named in messages, must outlive the stream.

@@ -40,6 +40,8 @@ void TokenTable::Reset() {
   replaced.clear();
   replacedTexts.clear();
   nextReplaced = 0;
+  places.clear();
+  allTokens = 0;
   predictions.Reset();
   for (Partners& kind : partners) kind.known = false;
   position = 0;
@@ -116,6 +118,10 @@ pANTLR3_COMMON_TOKEN TokenTable::Make(std::size_t index) {
   token.type = static_cast<ANTLR3_UINT32>(types[index]);
   token.line = lines[index];
   token.index = static_cast<ANTLR3_MARKER>(index);
+  if (keepsPlaces) {
+    token.charPosition = places[index].column;
+    token.index = static_cast<ANTLR3_MARKER>(places[index].index);
+  }
   token.start = reinterpret_cast<ANTLR3_MARKER>(data + starts[index]);
   token.stop = reinterpret_cast<ANTLR3_MARKER>(data + ends[index]) - 1;
   token.textState = ANTLR3_TEXT_NONE;

@@ -44,6 +44,17 @@ class TokenTable {
     MakeRoom(room);
   }
 
+  /// Asks to keep the place of each visible token; another 8 bytes each. To be called before the
+  /// first token, by whoever then calls `AddPlace` for every token of the file.
+  void KeepPlaces() { keepsPlaces = true; }
+  bool KeepsPlaces() const { return keepsPlaces; }
+  /// Records where the token is that the next call adds: its column, as the lexer counts it, and
+  /// that its index among all tokens is the next one.
+  void AddPlace(std::int32_t column, bool isVisible) {
+    if (isVisible) places.push_back({column, allTokens});
+    ++allTokens;
+  }
+
   /// Appends a visible token: the characters from `start` up to `end`, which is behind the last, on
   /// 1-based `line`.
   void Add(unsigned type, const unsigned char* start, const unsigned char* end, unsigned line) {
@@ -133,6 +144,11 @@ class TokenTable {
   static constexpr std::size_t kEndMarks =
       8;  ///< So that looking a few tokens ahead needs no test.
 
+  /// What an error message shows of a token.
+  struct Place {
+    std::int32_t column;
+    std::uint32_t index;  ///< Among all tokens, hidden ones included.
+  };
   struct Stretch {
     std::uint32_t start, end;
   };
@@ -176,6 +192,10 @@ class TokenTable {
   bool keepsNeighbours = false;
   std::uint8_t lastHidden = 0;  ///< 0 right behind a visible token.
   std::uint32_t gaps = 0;       ///< As `gapsBefore`, of the last token.
+
+  std::vector<Place> places;  ///< One for each visible token, or none at all.
+  std::uint32_t allTokens = 0;
+  bool keepsPlaces = false;
 
   std::vector<Partners> partners;
   PredictionMemo predictions;

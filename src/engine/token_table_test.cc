@@ -41,6 +41,29 @@ class TokenTableTest : public testing::Test {
   pANTLR3_INPUT_STREAM input = nullptr;
 };
 
+TEST_F(TokenTableTest, ShowsPlacesOfTokensOnRequest) {
+  TokenTable table(input);
+  Fill(table);
+  EXPECT_EQ(table.LT(3)->charPosition, 0);
+  EXPECT_EQ(table.LT(3)->index, 2);
+
+  table.Reset();
+  table.KeepPlaces();
+  // Columns of the first line begin at -1.
+  const struct {
+    std::int32_t column;
+    bool isVisible;
+  } places[] = {{-1, true}, {1, false}, {3, true}, {4, false}, {0, true}, {1, true}};
+  for (const auto& place : places) table.AddPlace(place.column, place.isVisible);
+  Fill(table);
+  std::string shown;
+  for (int k = 1; k <= 4; ++k) {
+    const pANTLR3_COMMON_TOKEN token = table.LT(k);
+    shown += std::to_string(token->charPosition) + "#" + std::to_string(token->index) + " ";
+  }
+  EXPECT_EQ(shown, "-1#0 3#2 0#4 1#5 ");
+}
+
 TEST_F(TokenTableTest, LooksAheadAndBehindAndStopsAtTheEnd) {
   TokenTable table(input);
   Fill(table);

@@ -7,6 +7,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <fstream>
+#include <optional>
 #include <utility>
 
 #include "base/paths.h"
@@ -16,15 +17,6 @@
 #include "output/tags_format.h"
 
 namespace vexltags {
-
-namespace {
-
-int Fail(const char* what, const std::string& path) {
-  std::fprintf(stderr, "error %s %s\n", what, path.c_str());
-  return -1;
-}
-
-}  // namespace
 
 void Dumper::SetOutput(const std::string& path) { outputPath = path; }
 
@@ -66,7 +58,11 @@ std::string Dumper::FileName(const Options& options, const std::string& path) co
   // The environment is read until it gives a value, and no more after that.
   static std::string home;
   static std::string cwd;
-  if (home.empty()) home = HomePrefix(options.cannonicalPaths);
+  if (home.empty()) {
+    const std::optional<std::string> prefix = HomePrefix(options.cannonicalPaths);
+    if (!prefix) std::puts("No $HOME!");
+    home = prefix.value_or("");
+  }
   if (cwd.empty()) cwd = WorkingDirectory();
   return RelativeToWorkingDirectory(path, home, cwd);
 }
@@ -83,12 +79,18 @@ int Dumper::Dump(const Options& options) {
   const bool merge = options.append && exists && !unsorted;
   const bool header = !(options.append && unsorted);
 
-  if (merge && !ReadOldLines()) return Fail("opening", outputPath);
-  SortLines(lines.Lines(), options.sort);
-  return Write(options, append, header);
+  const char* failed = merge && !ReadOldLines() ? "opening" : nullptr;
+  if (failed == nullptr) {
+    SortLines(lines.Lines(), options.sort);
+    failed = Write(options, append, header);
+  }
+  if (failed == nullptr) return 0;
+  std::fprintf(stderr, "error %s %s\n", failed,
+               outputPath.empty() ? "<stdout>" : outputPath.c_str());
+  return -1;
 }
 
-// Takes over the lines of the existing file, without its header.
+// Takes over the lines of the existing file, without its header. False when it cannot be read.
 bool Dumper::ReadOldLines() {
   std::ifstream file(outputPath, std::ios::binary);
   if (!file) return false;
@@ -99,24 +101,23 @@ bool Dumper::ReadOldLines() {
   return !file.bad();
 }
 
-int Dumper::Write(const Options& options, bool append, bool header) const {
-  const bool toFile = !outputPath.empty();
-  const std::string target = toFile ? outputPath : "<stdout>";
+// What failed, as the message names it; null when nothing did.
+const char* Dumper::Write(const Options& options, bool append, bool header) const {
   FileWriter writer;
-  if (!toFile) {
+  if (outputPath.empty()) {
     writer.OpenStandardOutput();
   } else if (!writer.OpenFile(outputPath,
                               append ? FileWriter::Mode::Append : FileWriter::Mode::Truncate)) {
-    return Fail("opening", target);
+    return "opening";
   }
 
   bool good = !header || writer.Write(TagsHeader(options.sort));
   for (auto line = lines.Lines().begin(); good && line != lines.Lines().end(); ++line) {
     good = writer.Write(*line);
   }
-  if (good && writer.Close()) return 0;
+  if (good && writer.Close()) return nullptr;
   writer.Abandon();
-  return Fail("writing", target);
+  return "writing";
 }
 
 }  // namespace vexltags

@@ -53,7 +53,7 @@ class Dumper {
 
  private:
   bool ReadOldLines();
-  int Write(const Options& options, bool append, bool header) const;
+  const char* Write(const Options& options, bool append, bool header) const;
 
   std::string pending;
   LineStore lines;

@@ -3,7 +3,6 @@
 #include "output/relative_path.h"
 
 #include <cstddef>
-#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
@@ -55,12 +54,9 @@ std::string RelativeToWorkingDirectory(const std::string& path, const std::strin
   return up + result;
 }
 
-std::string HomePrefix(bool cannonicalPaths) {
+std::optional<std::string> HomePrefix(bool cannonicalPaths) {
   const char* home = std::getenv("HOME");
-  if (home == nullptr) {
-    std::puts("No $HOME!");
-    return "";
-  }
+  if (home == nullptr) return std::nullopt;
   return cannonicalPaths ? std::string(home) + "/" : "";
 }
 

@@ -2,6 +2,7 @@
 // Rewrites a stored path relative to the working directory.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace vexltags {
@@ -20,9 +21,9 @@ std::string CommonSubpath(const std::string& a, const std::string& b);
 std::string RelativeToWorkingDirectory(const std::string& path, const std::string& home,
                                        const std::string& cwd);
 
-/// The home directory from `HOME` with a `/` behind it; empty when it is not to be expanded
-/// (`cannonicalPaths` false) or `HOME` is not set, which a line on standard output then tells.
-std::string HomePrefix(bool cannonicalPaths);
+/// The home directory from `HOME` with a `/` at its end, or an empty string if `~/` is not to be
+/// expanded (`cannonicalPaths` false). Nothing if `HOME` is not set, expanded or not.
+std::optional<std::string> HomePrefix(bool cannonicalPaths);
 
 /// The directory that `PWD` names, without symbolic links and with a `/` at its end, even if the
 /// process runs in another one. Where `PWD` is unset or does not resolve, the directory of the

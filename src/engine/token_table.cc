@@ -152,6 +152,13 @@ const char* TokenTable::ReplacedText(std::size_t index) {
   return isReplaced ? &replacedTexts[replaced[nextReplaced].start] : nullptr;
 }
 
+std::string_view TokenTable::TextAt(std::size_t index) {
+  if (!replaced.empty()) {
+    if (const char* text = ReplacedText(index)) return {text, replaced[nextReplaced].length};
+  }
+  return {reinterpret_cast<const char*>(data + starts[index]), ends[index] - starts[index]};
+}
+
 std::size_t TokenTable::Partner(unsigned open, unsigned close) {
   auto kind = std::find_if(partners.begin(), partners.end(),
                            [open](const Partners& known) { return known.open == open; });

@@ -121,6 +121,14 @@ class TokenTable {
   /// The line of the next token, that of the end of the file behind the last.
   int NextLine() const { return static_cast<int>(position < count ? lines[position] : endLine); }
 
+  // Of the token at `index`, which must be below `Count`, without making an object: type, 1-based
+  // line, characters or the text that replaces them, and offset of the first character in the
+  // input.
+  unsigned TypeAt(std::size_t index) const { return static_cast<unsigned>(types[index]); }
+  unsigned LineAt(std::size_t index) const { return lines[index]; }
+  std::string_view TextAt(std::size_t index);
+  std::size_t OffsetAt(std::size_t index) const { return starts[index]; }
+
   /// What long predictions over these tokens remember.
   PredictionMemo& Predictions() { return predictions; }
 

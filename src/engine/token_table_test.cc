@@ -95,6 +95,23 @@ TEST_F(TokenTableTest, MakesTokensOnDemand) {
   EXPECT_EQ(table.NextLine(), 2);
 }
 
+TEST_F(TokenTableTest, DescribesTokensByIndex) {
+  TokenTable table(input);
+  Fill(table);
+  EXPECT_EQ(table.TypeAt(0), kWord);
+  EXPECT_EQ(table.TypeAt(2), kMark);
+  EXPECT_EQ(table.LineAt(1), 1U);
+  EXPECT_EQ(table.LineAt(2), 2U);
+  EXPECT_EQ(table.TextAt(0), "ab");
+  EXPECT_EQ(table.TextAt(3), "d");
+  EXPECT_EQ(table.OffsetAt(0), 0U);
+  EXPECT_EQ(table.OffsetAt(3), 7U);
+  table.Add(kMark, text + 6, text + 7, 5, "other");
+  table.Finish(5);
+  EXPECT_EQ(table.TextAt(4), "other");
+  EXPECT_EQ(table.TextAt(1), "c");
+}
+
 TEST_F(TokenTableTest, TokensLiveForTheNextOnesAndNotLonger) {
   TokenTable table(input);
   Fill(table);

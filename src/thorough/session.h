@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "base/options.h"
+#include "thorough/python_reading.h"
 #include "thorough/resuming.h"
+#include "thorough/swift_reading.h"
 
 namespace vexltags::thorough {
 
@@ -24,8 +26,8 @@ class Session {
 
  private:
   Resuming cfamily;
-  Resuming python;
-  Resuming swift;
+  PythonReading python;
+  SwiftReading swift;
 };
 
 }  // namespace vexltags::thorough

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+// Reads the declarations of a Swift file from its tokens, without a grammar.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/token_table.h"
+#include "swift/swift_tags_parser.h"
+#include "swift/token_types.h"
+
+namespace vexltags::thorough {
+
+/// Reads a file a statement at a time. One that declares something is told by the keyword after its
+/// modifiers; of it, the name, the labels and the scope count. The body of a type is read on, every
+/// other balanced text is skipped. What is no declaration ends where the next one begins: after a
+/// `;`, or on a new line.
+///
+/// Besides what the grammar reports, an associated type is reported as a type alias, and a macro as
+/// a function. The wildcard `_` declares nothing.
+class SwiftDeclarations {
+ public:
+  /// The tokens are those of `SwiftText`'s copy of `source`. All must outlive the object.
+  SwiftDeclarations(TokenTable& tokens, std::string_view source, SwiftTagsParser& builder);
+
+  /// Reports all declarations to the tag builder. Takes time linear in the number of tokens.
+  void ReadAll();
+
+ private:
+  /// What a word means at the beginning of a statement.
+  enum class Role : std::uint8_t {
+    None,
+    Modifier,
+    Class,
+    Actor,
+    Struct,
+    Protocol,
+    Extension,
+    Enum,
+    Case,
+    Function,
+    Macro,
+    Initializer,
+    Deinitializer,
+    Subscript,
+    Constant,
+    Variable,
+    TypeAlias,
+    AssociatedType,
+    Control,
+  };
+  struct WordRole {
+    std::string_view word;
+    Role role;
+  };
+  static const std::array<WordRole, 58> kRoles;
+
+  /// Before what a comma ends an expression.
+  enum class Comma : std::uint8_t { Binding, Case, Parameter };
+
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+  // Tokens ----------------------------------------------------------------------------------------
+
+  /// The type of a token; that of the end of the file after the last.
+  unsigned Type(std::size_t index) const {
+    return index < count ? table.TypeAt(index) : static_cast<unsigned>(kSwiftEndOfFile);
+  }
+  /// The text of a token in the copy.
+  std::string_view Text(std::size_t index) const {
+    return index < count ? table.TextAt(index) : std::string_view();
+  }
+  /// The text of the tokens from `first` to before `last` in the source, with the line of the
+  /// first.
+  Name NameOf(std::size_t first, std::size_t last) const;
+  Name NameAt(std::size_t index) const { return NameOf(index, index + 1); }
+  bool IsWord(std::size_t index) const;
+  /// Whether nothing, not even a blank, is between a token and the one before it.
+  bool IsGlued(std::size_t index) const;
+  bool BeginsLine(std::size_t index) const;
+  void FindPartners();
+  /// The place after a token, or after its closing bracket where it opens a bracket that is closed.
+  std::size_t Past(std::size_t index) const {
+    return partners[index] != 0 ? partners[index] + std::size_t{1} : index + 1;
+  }
+
+  // Statements ------------------------------------------------------------------------------------
+
+  Role RoleAt(std::size_t index) const;
+  bool IsClassModifier(std::size_t index) const;
+  std::size_t PastModifier(std::size_t index) const;
+  bool CanDeclare(Role role, std::size_t keyword) const;
+  /// The keyword of the declaration that begins at `index`; `kNone` where none does.
+  std::size_t FindKeyword(std::size_t index);
+  /// Whether something that is read on its own begins with this token: the first on its line.
+  bool BeginsStatement(std::size_t index);
+  std::size_t EndOfStatement(std::size_t index, bool hasBody);
+  std::size_t PastControl(std::size_t index);
+
+  // Declarations. Each takes the index of the keyword and returns where to read on ----------------
+
+  std::size_t ReadDeclaration(std::size_t keyword);
+  std::size_t ReadType(Role role, std::size_t keyword);
+  std::size_t ReadExtendedType(std::size_t index, Name& name);
+  std::size_t ReadFunction(std::size_t keyword);
+  std::size_t ReadFunctionName(std::size_t index, Name& name) const;
+  std::size_t ReadKeywordFunction(std::size_t keyword);
+  std::size_t ReadBindings(long kind, std::size_t keyword);
+  std::size_t ReadCases(std::size_t keyword);
+  ParamList ReadLabels(std::size_t index, std::size_t end);
+  void ReadTuplePattern(long kind, std::size_t index, std::size_t end);
+  void ReadBinding(long kind, std::size_t index);
+
+  // Pieces of declarations; each ends at `end` at the latest --------------------------------------
+
+  std::size_t PastType(std::size_t index, std::size_t end);
+  std::size_t PastExpression(std::size_t index, std::size_t end, Comma comma);
+  bool EndsAtComma(std::size_t index, Comma comma) const;
+  /// The place after the generic clause that begins at `index`; `kNone` where none does.
+  std::size_t PastAngles(std::size_t index);
+
+  TokenTable& table;
+  const std::string_view source;
+  SwiftTagsParser& builder;
+  const std::size_t count;
+  std::vector<std::uint32_t> partners;  ///< Of a closed opening bracket the closing one, else 0.
+  std::vector<bool> scopes;             ///< The open types; true for an enum.
+  // Failed searches, so that none is repeated from within: see `FindKeyword` and `PastAngles`.
+  std::size_t noKeywordFrom = 0, noKeywordTo = 0;
+  std::size_t noAnglesFrom = 0, noAnglesTo = 0;
+};
+
+}  // namespace vexltags::thorough

@@ -1,0 +1,3 @@
+class Größe:
+    def naïve(self): pass
+    def 名(self): pass

@@ -1,0 +1,2 @@
+func ==
+  (a: A, b: A) -> Bool {}

@@ -22,6 +22,11 @@ constexpr bool IsInWord(unsigned char c) { return kLettersAndDigits[c] || c >= 0
 
 }  // namespace
 
+PythonDefinitions::PythonDefinitions(std::string_view source) : text(source) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (text.starts_with(kByteOrderMark)) at = kByteOrderMark.size();
+}
+
 bool PythonDefinitions::Next(PythonDefinition& definition) {
   // The rest of the line of the last one.
   if (wasDefinition) ReadRestOfLine();

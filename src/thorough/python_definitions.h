@@ -23,7 +23,7 @@ struct PythonDefinition {
 /// The source must outlive the object. All calls together take time linear in its length.
 class PythonDefinitions {
  public:
-  explicit PythonDefinitions(std::string_view source) : text(source) {}
+  explicit PythonDefinitions(std::string_view source);
 
   /// Goes on to the next definition; false at the end of the file.
   bool Next(PythonDefinition& definition);

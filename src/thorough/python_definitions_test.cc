@@ -35,6 +35,12 @@ TEST(PythonDefinitions, FindsClassesAndFunctions) {
             "na\xC3\xAFve:1:0 [C:2:0]");
 }
 
+TEST(PythonDefinitions, SkipsAByteOrderMark) {
+  EXPECT_EQ(Definitions("\xEF\xBB\xBF"
+                        "class A: pass"),
+            "[A:1:0]");
+}
+
 TEST(PythonDefinitions, FindsNothingElse) {
   for (const char* source :
        {"", "x = 1", "defer(1)", "classes: int", "# def f():", "x = 'def f():'",

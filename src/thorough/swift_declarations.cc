@@ -13,7 +13,7 @@
 namespace vexltags::thorough {
 
 /// In alphabetical order.
-const std::array<SwiftDeclarations::WordRole, 58> SwiftDeclarations::kRoles = {{
+constexpr std::array<SwiftDeclarations::WordRole, 58> SwiftDeclarations::kRoles = {{
     {"__consuming", Role::Modifier},
     {"__owned", Role::Modifier},
     {"__shared", Role::Modifier},
@@ -73,6 +73,17 @@ const std::array<SwiftDeclarations::WordRole, 58> SwiftDeclarations::kRoles = {{
     {"weak", Role::Modifier},
     {"while", Role::Control},
 }};
+
+/// The index of the first word in `kRoles` that begins with a letter; their number for no such
+/// word.
+constexpr ByteTable<std::uint8_t> SwiftDeclarations::kFirstRoles = [] {
+  ByteTable<std::uint8_t> firsts{};
+  firsts.fill(static_cast<std::uint8_t>(kRoles.size()));
+  for (std::size_t i = kRoles.size(); i-- > 0;) {
+    firsts[static_cast<unsigned char>(kRoles[i].word[0])] = static_cast<std::uint8_t>(i);
+  }
+  return firsts;
+}();
 
 SwiftDeclarations::SwiftDeclarations(TokenTable& tokens, std::string_view text,
                                      SwiftTagsParser& tagBuilder)
@@ -162,12 +173,13 @@ void SwiftDeclarations::FindPartners() {
 // Statements --------------------------------------------------------------------------------------
 
 SwiftDeclarations::Role SwiftDeclarations::RoleAt(std::size_t index) const {
-  if (!IsWord(index)) return Role::None;
   const std::string_view word = Text(index);
-  const auto found = std::lower_bound(
-      kRoles.begin(), kRoles.end(), word,
-      [](const WordRole& entry, std::string_view wanted) { return entry.word < wanted; });
-  return found != kRoles.end() && found->word == word ? found->role : Role::None;
+  if (word.empty()) return Role::None;
+  for (std::size_t i = kFirstRoles[static_cast<unsigned char>(word[0])];
+       i < kRoles.size() && kRoles[i].word[0] == word[0]; ++i) {
+    if (kRoles[i].word == word) return kRoles[i].role;
+  }
+  return Role::None;
 }
 
 /// Whether `class` makes a member one of the type. Else it declares a class.

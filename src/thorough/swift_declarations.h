@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/character_class.h"
 #include "engine/token_table.h"
 #include "swift/swift_tags_parser.h"
 #include "swift/token_types.h"
@@ -58,6 +59,7 @@ class SwiftDeclarations {
     Role role;
   };
   static const std::array<WordRole, 58> kRoles;
+  static const ByteTable<std::uint8_t> kFirstRoles;
 
   /// Before what a comma ends an expression.
   enum class Comma : std::uint8_t { Binding, Case, Parameter };

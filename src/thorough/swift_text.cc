@@ -45,7 +45,8 @@ constexpr bool IsInWord(unsigned char c) { return kLettersAndDigits[c] || c >= 0
 std::string& SwiftText::Simplify(std::string_view source) {
   text = source;
   copy.assign(source);
-  at = 0;
+  at = newlineFrom = 0;
+  newline = std::min(text.find('\n'), text.size());
   open.clear();
   blanksArguments = readsInterpolations = hasLongRegexEnds = true;
   if (Has(0, "\xEF\xBB\xBF")) {
@@ -203,16 +204,16 @@ void SwiftText::ReadHash() {
 }
 
 void SwiftText::ReadSlash() {
-  std::size_t end = at + 1;
-  if (At(end) == '/') {
-    end = EndOfLine(at);
-  } else if (At(end) == '*') {
-    end = EndOfComment(at);
+  if (At(at + 1) == '/') {
+    // The lexer hides it.
+    at = EndOfLine(at);
+  } else if (At(at + 1) == '*') {
+    const std::size_t end = EndOfComment(at);
+    Blank(at, end);
+    at = end;
   } else {
-    return ReadRegex();
+    ReadRegex();
   }
-  Blank(at, end);
-  at = end;
 }
 
 /// A slash is the beginning of a regular expression where an operand can begin, no blank follows,
@@ -314,10 +315,15 @@ void SwiftText::ReadHighBytes() {
   for (; At(at) >= 0x80; ++at) copy[at] = '_';
 }
 
-/// Behind the line end that follows `place`, or rather at it.
-std::size_t SwiftText::EndOfLine(std::size_t place) const {
-  while (place < text.size() && !IsLineEnd(At(place))) ++place;
-  return place;
+/// The place of the line end that follows `place`, or the end of the file.
+std::size_t SwiftText::EndOfLine(std::size_t place) {
+  // The newline is remembered: where lines end in `\r` alone it may be far.
+  if (place < newlineFrom || place > newline) {
+    newlineFrom = place;
+    newline = std::min(text.find('\n', place), text.size());
+  }
+  const std::size_t length = text.substr(place, newline - place).find('\r');
+  return length == std::string_view::npos ? newline : place + length;
 }
 
 /// The end of the comment at `place`, nested ones included; the end of the file where it is open.

@@ -12,8 +12,8 @@ namespace vexltags::thorough {
 
 /// Makes a copy of Swift source that the lexer reads without an error. Offsets and line ends stay
 /// those of the source. In the copy
-/// - strings, regular expressions, comments, attributes with their arguments, conditional
-///   directives and diagnostics are blank;
+/// - strings, regular expressions, attributes with their arguments, conditional directives,
+///   diagnostics and comments that are not of a single line are blank;
 /// - a word after `#` has lost the `#`;
 /// - each byte beyond ASCII outside these is a `_`, and so is each character of a name in backticks
 ///   that no plain name can have.
@@ -59,7 +59,7 @@ class SwiftText {
   void ReadHighBytes();
 
   bool CanRegexBegin() const;
-  std::size_t EndOfLine(std::size_t place) const;
+  std::size_t EndOfLine(std::size_t place);
   std::size_t EndOfComment(std::size_t place) const;
   std::size_t EndOfWord(std::size_t place) const;
   std::size_t EndOfAngles(std::size_t place) const;
@@ -67,6 +67,7 @@ class SwiftText {
   std::string_view text;
   std::string copy;
   std::size_t at = 0;
+  std::size_t newlineFrom = 0, newline = 0;  ///< The last search for one: from where, and what.
   std::vector<Open> open;
   bool blanksArguments = true;      ///< Until one turns out to be open for good.
   bool readsInterpolations = true;  ///< The same.

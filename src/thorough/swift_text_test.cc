@@ -57,7 +57,7 @@ TEST(SwiftText, BlanksRawStrings) {
 }
 
 TEST(SwiftText, BlanksComments) {
-  EXPECT_EQ(Plain("a // \"b\nc"), "a \nc");
+  EXPECT_EQ(Plain("a // \"b\r\nc \"d // e\" // f"), "a // \"b\r\nc // f");
   EXPECT_EQ(Plain("a /* b /* { */ \n \" */ c"), "a \n c");
   EXPECT_EQ(Plain("a /* /* */ b\nc"), "a \n ");
 }
@@ -71,7 +71,7 @@ TEST(SwiftText, BlanksAttributesWithTheirArguments) {
 }
 
 TEST(SwiftText, BlanksDirectivesAndDiagnostics) {
-  EXPECT_EQ(Plain("#if A && swift(>=5)\nlet x\n#else // {\n#endif"), " \nlet x\n \n ");
+  EXPECT_EQ(Plain("#if A && swift(>=5)\nlet x\n#else // {\n#endif"), " \nlet x\n // {\n ");
   EXPECT_EQ(Plain("#error(\"{\") let"), " let");
   EXPECT_EQ(Plain("#!/usr/bin/swift {\nlet"), " \nlet");
   EXPECT_EQ(Plain("#Preview { x }"), " Preview { x }");
@@ -105,7 +105,7 @@ TEST(SwiftText, GoesOnAfterWhatIsOpen) {
 
 TEST(SwiftText, ReadsDeeplyNestedTextInLinearTime) {
   for (const char* piece :
-       {"@a(", "\"\\(", "/*", "#\"", "(", "`", "=/(", "#/", "\"\"\"\\(", "@a<"}) {
+       {"//a\r", "@a(", "\"\\(", "/*", "#\"", "(", "`", "=/(", "#/", "\"\"\"\\(", "@a<"}) {
     std::string source;
     for (int i = 0; i < 100000; ++i) source += piece;
     SwiftText text;

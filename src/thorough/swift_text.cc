@@ -37,6 +37,7 @@ bool Contains(const List& list, std::string_view word) {
   return std::find(list.begin(), list.end(), word) != list.end();
 }
 
+constexpr bool IsBlank(unsigned char c) { return c == ' ' || c == '\t'; }
 constexpr bool IsLineEnd(unsigned char c) { return c == '\n' || c == '\r'; }
 constexpr bool IsInWord(unsigned char c) { return kLettersAndDigits[c] || c >= 0x80; }
 
@@ -217,10 +218,10 @@ void SwiftText::ReadSlash() {
 }
 
 /// A slash is the beginning of a regular expression where an operand can begin, no blank follows,
-/// and the expression ends on the line with its parentheses closed.
+/// and the expression ends on the line, not after a blank, with its parentheses closed.
 void SwiftText::ReadRegex() {
   const std::size_t begin = at++;
-  if (At(at) == ' ' || At(at) == '\t' || !CanRegexBegin()) return;
+  if (IsBlank(At(at)) || !CanRegexBegin()) return;
   int parens = 0;
   bool inSet = false;
   for (std::size_t place = at; place < text.size() && !IsLineEnd(At(place)); ++place) {
@@ -241,6 +242,7 @@ void SwiftText::ReadRegex() {
         if (!inSet && --parens < 0) return;
         break;
       case '/':
+        if (IsBlank(At(place - 1))) return;
         at = place + 1;
         Blank(begin, at);
         return;
@@ -253,9 +255,11 @@ void SwiftText::ReadRegex() {
 /// Whether the character before the current place, which is after a slash, can precede an operand.
 bool SwiftText::CanRegexBegin() const {
   std::size_t before = at - 1;
-  while (before > 0 && (At(before - 1) == ' ' || At(before - 1) == '\t')) --before;
+  while (before > 0 && IsBlank(At(before - 1))) --before;
   if (before == 0) return true;
   const unsigned char last = At(before - 1);
+  // Glued to the slash these belong to the operand before it.
+  if ((last == '!' || last == '?') && before == at - 1) return false;
   if (!IsInWord(last))
     return kBeforeOperands.find(static_cast<char>(last)) != std::string_view::npos;
   std::size_t begin = before;

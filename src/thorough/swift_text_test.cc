@@ -83,6 +83,8 @@ TEST(SwiftText, BlanksRegularExpressions) {
   EXPECT_EQ(Plain(R"_(let a = /\{"(b)\// c)_"), "let a = c");
   EXPECT_EQ(Plain("let a = #/ { \n } /# c"), "let a = \n c");
   EXPECT_EQ(Plain("return /{/"), "return ");
+  EXPECT_EQ(Plain("a = b!/2 // (c"), "a = b!/2 // (c");
+  EXPECT_EQ(Plain("a = +/2 / (c/"), "a = +/2 / (c/");
   EXPECT_EQ(Plain("func / (a: A)"), "func / (a: A)");
 }
 

@@ -73,8 +73,8 @@ int PythonDefinitions::ReadIndentation() {
   }
 }
 
-/// Reads a definition up to its name. Where the current place begins none, stays there. Cython has
-/// words before `class`.
+/// Reads a definition up to its name. Where none begins, stays where it is. Cython has words before
+/// `class`.
 bool PythonDefinitions::ReadDefinition(PythonDefinition& definition) {
   const unsigned char first = At(at);
   if (first != 'd' && first != 'c' && first != 'a') return false;

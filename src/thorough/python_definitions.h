@@ -16,9 +16,9 @@ struct PythonDefinition {
   int line = 0;   ///< The 1-based line of the name.
 };
 
-/// Reads a file line by line. `def` and `class` are reserved words: one at the beginning of a line,
-/// outside strings, is a definition, whatever brackets seem to be open. Every statement, not only a
-/// definition, ends the definitions that are indented as much or more.
+/// Reads a file line by line. `def` and `class` are reserved words: at the beginning of a line that
+/// is not inside a string they define something, even where a bracket seems to be open. Every
+/// statement, not only a definition, closes the definitions that are indented as much or more.
 ///
 /// The source must outlive the object. All calls together take time linear in its length.
 class PythonDefinitions {

@@ -133,8 +133,8 @@ bool SwiftDeclarations::BeginsLine(std::size_t index) const {
   return index == 0 || table.LineAt(index) != table.LineAt(index - 1);
 }
 
-/// A curly closes the other brackets that are open within it; any other bracket closes none but its
-/// own kind.
+/// A closing curly also ends the other brackets that are open after its partner. Any other closing
+/// bracket without a partner is ignored.
 void SwiftDeclarations::FindPartners() {
   partners.assign(count, 0);
   std::vector<std::uint32_t> open;
@@ -182,7 +182,7 @@ SwiftDeclarations::Role SwiftDeclarations::RoleAt(std::size_t index) const {
   return Role::None;
 }
 
-/// Whether `class` makes a member one of the type. Else it declares a class.
+/// Whether the `class` at `index` is the modifier of a member, not the keyword of a class.
 bool SwiftDeclarations::IsClassModifier(std::size_t index) const {
   switch (RoleAt(index + 1)) {
     case Role::Function:
@@ -246,7 +246,7 @@ bool SwiftDeclarations::CanDeclare(Role role, std::size_t keyword) const {
   }
 }
 
-// A run of modifiers in vain is not searched again from one of its later tokens.
+// A run of modifiers without a keyword is remembered, so that its later tokens cost nothing.
 std::size_t SwiftDeclarations::FindKeyword(std::size_t index) {
   if (index >= noKeywordFrom && index < noKeywordTo) return kNone;
   std::size_t at = index;
@@ -281,7 +281,7 @@ std::size_t SwiftDeclarations::EndOfStatement(std::size_t index, bool hasBody) {
   return count;
 }
 
-/// The place after a control statement's first block. Its conditions may bind names.
+/// The place after the first block of a control statement. `let` in its conditions is skipped.
 std::size_t SwiftDeclarations::PastControl(std::size_t index) {
   const bool isRepeat = Text(index) == "repeat";
   for (++index; index < count; index = Past(index)) {
@@ -352,8 +352,8 @@ std::size_t SwiftDeclarations::ReadType(Role role, std::size_t keyword) {
   return at + 1;
 }
 
-/// Reads the type that an extension names: dotted, without generic arguments, or as it is written
-/// where it is an array or a tuple.
+/// Reads the type that an extension names: dotted and without generic arguments. An array or a
+/// tuple is named as it is written.
 std::size_t SwiftDeclarations::ReadExtendedType(std::size_t index, Name& name) {
   if (!IsWord(index)) {
     const std::size_t end = Past(index);
@@ -390,8 +390,8 @@ std::size_t SwiftDeclarations::ReadFunction(std::size_t keyword) {
   return EndOfStatement(close + 1, RoleAt(keyword) == Role::Function);
 }
 
-/// A name beyond ASCII may be an operator, and an operator several tokens. One that ends in `<`
-/// leaves it to a generic clause that is glued to it.
+/// A name that begins beyond ASCII may be an operator, and an operator may be several tokens. Where
+/// a name is glued to a `<` after an operator, the `<` opens a generic clause.
 std::size_t SwiftDeclarations::ReadFunctionName(std::size_t index, Name& name) const {
   const auto first = static_cast<unsigned char>(source[table.OffsetAt(index)]);
   std::size_t end = index + 1;
@@ -515,8 +515,7 @@ std::size_t SwiftDeclarations::PastExpression(std::size_t index, std::size_t end
   while (index < end) {
     switch (Type(index)) {
       case kSwiftLess:
-        // With something glued to both sides it may open generic arguments, whose commas are
-        // theirs.
+        // Glued to a name it may open generic arguments, whose commas end nothing.
         if (IsGlued(index) && IsWord(index - 1)) {
           const std::size_t past = PastAngles(index);
           if (past != kNone && past <= end) {
@@ -565,7 +564,7 @@ bool SwiftDeclarations::EndsAtComma(std::size_t index, Comma comma) const {
   }
 }
 
-// A search that failed is not repeated from within, which keeps `a<a<a<` linear. It stops at what
+// A search that failed is remembered, which keeps `a<a<a<` linear. It stops at the first token that
 // no clause can hold.
 std::size_t SwiftDeclarations::PastAngles(std::size_t index) {
   if (index >= noAnglesFrom && index < noAnglesTo) return kNone;

@@ -16,16 +16,17 @@
 
 namespace vexltags::thorough {
 
-/// Reads a file a statement at a time. One that declares something is told by the keyword after its
-/// modifiers; of it, the name, the labels and the scope count. The body of a type is read on, every
-/// other balanced text is skipped. What is no declaration ends where the next one begins: after a
-/// `;`, or on a new line.
+/// Reads a file statement by statement. The keyword after the modifiers decides what a statement
+/// declares. The tag has its name, its labels and the open types as its scope. The bodies of types
+/// are read; all other balanced text is skipped. A statement ends at a `;`, at the curly that
+/// closes the type, or before a line that begins with a declaration or a control statement.
 ///
-/// Besides what the grammar reports, an associated type is reported as a type alias, and a macro as
-/// a function. The wildcard `_` declares nothing.
+/// The kinds are those of the grammar. An associated type counts as a type alias, a macro as a
+/// function, and the wildcard `_` as nothing.
 class SwiftDeclarations {
  public:
-  /// The tokens are those of `SwiftText`'s copy of `source`. All must outlive the object.
+  /// `tokens` are those of the copy that `SwiftText` makes of `source`. All of them must outlive
+  /// the object.
   SwiftDeclarations(TokenTable& tokens, std::string_view source, SwiftTagsParser& builder);
 
   /// Reports all declarations to the tag builder. Takes time linear in the number of tokens.
@@ -61,7 +62,7 @@ class SwiftDeclarations {
   static const std::array<WordRole, 58> kRoles;
   static const ByteTable<std::uint8_t> kFirstRoles;
 
-  /// Before what a comma ends an expression.
+  /// What has to follow a comma for it to end an expression.
   enum class Comma : std::uint8_t { Binding, Case, Parameter };
 
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
@@ -98,7 +99,7 @@ class SwiftDeclarations {
   bool CanDeclare(Role role, std::size_t keyword) const;
   /// The keyword of the declaration that begins at `index`; `kNone` where none does.
   std::size_t FindKeyword(std::size_t index);
-  /// Whether something that is read on its own begins with this token: the first on its line.
+  /// Whether the token is the first on its line and begins a declaration or a control statement.
   bool BeginsStatement(std::size_t index);
   std::size_t EndOfStatement(std::size_t index, bool hasBody);
   std::size_t PastControl(std::size_t index);
@@ -131,7 +132,7 @@ class SwiftDeclarations {
   const std::size_t count;
   std::vector<std::uint32_t> partners;  ///< Of a closed opening bracket the closing one, else 0.
   std::vector<bool> scopes;             ///< The open types; true for an enum.
-  // Failed searches, so that none is repeated from within: see `FindKeyword` and `PastAngles`.
+  // The tokens of the last search that failed. A search from within them fails too.
   std::size_t noKeywordFrom = 0, noKeywordTo = 0;
   std::size_t noAnglesFrom = 0, noAnglesTo = 0;
 };

@@ -126,8 +126,8 @@ void SwiftText::Leave() {
   if (open.empty()) Blank(begin, at);
 }
 
-/// The file has ended within something. Goes back to where that began and reads on with less trust.
-/// Happens once for either kind.
+/// The file has ended within a string or arguments. Goes back to where they began and gives up what
+/// made them run on. Each cause can be given up only once.
 void SwiftText::GiveUpOpen() {
   const Open first = open.front();
   open.clear();
@@ -180,7 +180,7 @@ void SwiftText::ReadString() {
     }
     if (!IsLineEnd(At(escaped))) at = escaped;
   }
-  // A string on one line ends with the file too.
+  // A short string ends with the file too.
   at = text.size();
   if (!string.isLong) Leave();
 }

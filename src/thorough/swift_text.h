@@ -10,7 +10,7 @@
 
 namespace vexltags::thorough {
 
-/// Makes a copy of Swift source that the lexer reads without an error. Offsets and line ends stay
+/// Makes a copy of Swift source that the lexer reads without an error. Offsets and line ends are
 /// those of the source. In the copy
 /// - strings, regular expressions, attributes with their arguments, conditional directives,
 ///   diagnostics and comments that are not of a single line are blank;
@@ -69,9 +69,9 @@ class SwiftText {
   std::size_t at = 0;
   std::size_t newlineFrom = 0, newline = 0;  ///< The last search for one: from where, and what.
   std::vector<Open> open;
-  bool blanksArguments = true;      ///< Until one turns out to be open for good.
-  bool readsInterpolations = true;  ///< The same.
-  bool hasLongRegexEnds = true;     ///< Until a search for one was in vain.
+  bool blanksArguments = true;      ///< False once some are open at the end of the file.
+  bool readsInterpolations = true;  ///< The same of interpolations.
+  bool hasLongRegexEnds = true;     ///< False once a search for one has failed.
 };
 
 }  // namespace vexltags::thorough

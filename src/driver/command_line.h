@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The scan of the command line, from the argument vector to a record of what the run shall do.
+// Parses the command line into the options and paths of a run.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 namespace vexltags {
 
-/// Everything the command line asked for.
+/// The contents of a command line.
 struct CommandLine {
   Options options;
   std::vector<std::string> inputPaths;  ///< Paths given as arguments, in order.
@@ -20,31 +20,31 @@ struct CommandLine {
   bool hasOutputFile = false;           ///< `-f` was accepted with something other than `-`.
 };
 
-/// How a scan ended: the run goes on, it ends at once with status 0, or it ends with status -1.
+/// The result of a scan: continue the run, end it with status 0, or end it with status -1.
 enum class ScanResult : std::uint8_t { kRun, kDone, kFailed };
 
-/// Reads `arguments`, without the program's name, from left to right into `commandLine`, then sorts
-/// the filter tokens and drops double ones. The first bad argument ends the scan with a message on
-/// standard error. `--help`, `--version` and an empty list print to standard output and end it with
-/// `kDone`. Nothing named by an argument is opened or looked at.
+/// Parses `arguments`, without the program name, from left to right into `commandLine`, then sorts
+/// the filter tokens and removes duplicates. The first bad argument ends the scan with a message to
+/// standard error. `--help`, `--version` and an empty list print to standard output and end the
+/// scan with `kDone`. Does not access any file named by an argument.
 ScanResult ScanCommandLine(const std::vector<std::string>& arguments, CommandLine& commandLine);
 
-/// Every option in the order in which an argument is compared with them.
+/// Returns all options in the order in which arguments are compared with them.
 std::vector<std::string> OptionSpellings();
 
-/// True when `arg` begins with `option`, whatever follows: `-hello` matches `-h`.
+/// Returns whether `arg` begins with `option`: `-hello` matches `-h`.
 bool MatchArg(const std::string& arg, const std::string& option);
 
-/// The same, and sets `flag` on a match; `flag` is never cleared.
+/// Does the same, and sets `flag` on a match; never clears it.
 bool MatchArg(const std::string& arg, const std::string& option, bool& flag);
 
-/// `MatchArg` for an option that takes "=yes" or "=no". On a match `flag` becomes false exactly
-/// when
-/// "=no" stands right behind `option`, and true otherwise.
+/// Does the same for an option that accepts "=yes" and "=no". On a match, `flag` becomes false if
+/// "=no" directly follows `option`, and true otherwise.
 bool MatchYesNoArg(const std::string& arg, const std::string& option, bool& flag);
 
-/// Reads the number behind the last `=` of `arg` into `number`, as `atof` does, so text that is no
-/// number gives 0. False, with `number` untouched, when there is no `=` or nothing behind it.
+/// Parses the number after the last `=` of `arg` into `number` as `atof` does; text that is not a
+/// number gives 0. Returns false and leaves `number` unchanged if there is no `=` or nothing after
+/// it.
 bool EndsWithEqualsNumber(const std::string& arg, double& number);
 
 }  // namespace vexltags

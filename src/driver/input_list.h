@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reads the list of input paths that `-L` names.
+// Reads the list of input paths given by `-L`.
 #pragma once
 
 #include <string>
@@ -7,10 +7,11 @@
 
 namespace vexltags {
 
-/// Appends the entries of the list file `listPath`, or of standard input when it is empty, to
-/// `paths`. A newline, a NUL byte or the end of the stream ends an entry; empty entries vanish,
-/// blanks and carriage returns belong to the path. A list that cannot be opened or read counts as
-/// ended there, without a message. With `showName` a list file is named on standard error.
+/// Appends the entries of the list file `listPath`, or of standard input if it is empty, to
+/// `paths`. Entries end at a newline, a NUL byte or the end of the stream. Empty entries are
+/// ignored; blanks and carriage returns are part of the path. An error on opening or reading ends
+/// the list without a message. If `showName` is set, prints the path of a list file to standard
+/// error.
 void ReadInputList(const std::string& listPath, bool showName, std::vector<std::string>& paths);
 
 }  // namespace vexltags

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the splitting of list files.
+// Tests of reading list files.
 #include "driver/input_list.h"
 
 #include <gtest/gtest.h>
@@ -35,7 +35,7 @@ class InputList : public testing::Test {
   std::string path;
 };
 
-TEST_F(InputList, EndsEntriesAtNewlineNulAndTheEnd) {
+TEST_F(InputList, SplitsAtNewlinesAndNulBytes) {
   const struct {
     std::string content;
     Strings expected;
@@ -64,14 +64,14 @@ TEST_F(InputList, JoinsEntriesAcrossTheReadBuffer) {
   EXPECT_EQ(Read(upToTheEdge + "y\nz"), (Strings{upToTheEdge + "y", "z"}));
 }
 
-TEST_F(InputList, AddsBehindWhatIsThere) {
+TEST_F(InputList, AppendsToExistingPaths) {
   std::ofstream(path) << "b\n";
   Strings paths = {"a"};
   ReadInputList(path, false, paths);
   EXPECT_EQ(paths, (Strings{"a", "b"}));
 }
 
-TEST_F(InputList, TakesAMissingFileOrADirectoryAsEmpty) {
+TEST_F(InputList, TreatsAMissingFileOrADirectoryAsEmpty) {
   testing::internal::CaptureStderr();
   Strings paths;
   ReadInputList("/nonexistent/list", false, paths);
@@ -80,7 +80,7 @@ TEST_F(InputList, TakesAMissingFileOrADirectoryAsEmpty) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-TEST_F(InputList, NamesTheFileWhenAskedFor) {
+TEST_F(InputList, PrintsThePathIfRequested) {
   for (const std::string& list : {path, "/nonexistent/list"s}) {
     std::ofstream(path) << "a\n";
     Strings paths;
@@ -90,7 +90,7 @@ TEST_F(InputList, NamesTheFileWhenAskedFor) {
   }
 }
 
-TEST_F(InputList, ReadsStandardInputWithoutNamingIt) {
+TEST_F(InputList, ReadsStandardInput) {
   std::ofstream(path) << "a\nb";
   const int saved = dup(STDIN_FILENO);
   ASSERT_NE(std::freopen(path.c_str(), "r", stdin), nullptr);

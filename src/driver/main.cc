@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Hands argv to the run and its result to the shell.
+// Runs the program on a large stack.
 #include "driver/run.h"
 #include "engine/stack_guard.h"
 

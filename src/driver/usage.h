@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What `--help` and `--version` print.
+// The output of `--help` and `--version`.
 #pragma once
 
 namespace vexltags {
@@ -7,7 +7,7 @@ namespace vexltags {
 /// Prints the banner and the list of options to standard output.
 void Usage();
 
-/// Prints name, version and build date to standard output, in one line.
+/// Prints name, version and build date to standard output, on one line.
 void Version();
 
 }  // namespace vexltags

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The watchdog's loop and the calls that reach it from other threads.
+// Implements the watchdog with a condition variable.
 #include "driver/watchdog.h"
 
 #include <system_error>
@@ -8,7 +8,7 @@
 namespace vexltags {
 namespace {
 
-/// Runs the watchdog behind `reference` on a thread of its own.
+/// Runs the watchdog that `reference` refers to on a new thread.
 void StartThread(std::weak_ptr<WatchDog> reference) {
   try {
     std::thread([reference = std::move(reference)] {
@@ -53,7 +53,7 @@ void WatchDog::Run() {
     std::function<void()> due;
     {
       std::unique_lock lock(mutex);
-      // A `Quit` from before the wait has woken nobody and must not be slept over.
+      // A `Quit` before the wait has notified no thread, so it must be checked first.
       if (!quit && limit > Duration::zero()) wake.wait_for(lock, limit);
       if (quit) return;
       if (!armedAt || Clock::now() - *armedAt < limit) continue;

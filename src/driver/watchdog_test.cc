@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the watchdog, without any assertion about how fast things go.
+// Tests of the watchdog, without assertions about speed.
 #include "driver/watchdog.h"
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ void WaitUntil(const std::function<bool()>& condition) {
   while (!condition()) std::this_thread::sleep_for(100us);
 }
 
-TEST(WatchDog, AppendsOneFunctionAndStartsNothing) {
+TEST(WatchDog, AppendsAFunctionWithoutStartingAThread) {
   Startup startup(1, [] {});
   std::atomic<int> calls = 0;
   const auto watchDog = std::make_shared<WatchDog>(startup, 0us, [&] { ++calls; });
@@ -37,7 +37,7 @@ TEST(WatchDog, AppendsOneFunctionAndStartsNothing) {
   EXPECT_EQ(watchDog.use_count(), 1);
 }
 
-TEST(WatchDog, CallsBackOnceWhenTheLimitHasPassed) {
+TEST(WatchDog, CallsTheFunctionOnceAfterTheLimit) {
   Startup startup;
   std::atomic<int> calls = 0;
   const auto watchDog = std::make_shared<WatchDog>(startup, 1ms, [&] { ++calls; });
@@ -48,7 +48,7 @@ TEST(WatchDog, CallsBackOnceWhenTheLimitHasPassed) {
   EXPECT_GE(std::chrono::steady_clock::now() - start, 1ms);
 }
 
-TEST(WatchDog, CallsBackAtOnceWithoutALimit) {
+TEST(WatchDog, CallsTheFunctionImmediatelyWithoutALimit) {
   Startup startup;
   int calls = 0;
   const auto watchDog = std::make_shared<WatchDog>(startup, 0us, [&] { ++calls; });
@@ -69,7 +69,7 @@ TEST(WatchDog, WaitsForTheFirstReArm) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST(WatchDog, QuitsWithoutCallingBack) {
+TEST(WatchDog, QuitsWithoutCallingTheFunction) {
   Startup startup;
   int calls = 0;
   const auto watchDog = std::make_shared<WatchDog>(startup, 1us, [&] { ++calls; });
@@ -79,7 +79,7 @@ TEST(WatchDog, QuitsWithoutCallingBack) {
   EXPECT_EQ(calls, 0);
 }
 
-TEST(WatchDog, WakesForQuit) {
+TEST(WatchDog, WakesUpForQuit) {
   Startup startup;
   const auto watchDog = std::make_shared<WatchDog>(startup, kNever, nullptr);
   watchDog->ReArm("");
@@ -89,7 +89,7 @@ TEST(WatchDog, WakesForQuit) {
   thread.join();
 }
 
-TEST(WatchDog, LeavesTheLoopWithoutAnAborterToo) {
+TEST(WatchDog, ReturnsWithoutAnAborter) {
   Startup startup;
   const auto watchDog = std::make_shared<WatchDog>(startup, 1us, nullptr);
   watchDog->ReArm("");
@@ -102,7 +102,7 @@ TEST(WatchDog, CallsTheLatestAborter) {
   const auto watchDog = std::make_shared<WatchDog>(startup, 1us, [&] { called += "first"; });
   watchDog->SetAborter([&] {
     called += "second";
-    watchDog->Quit();  // May use the object: the lock is free.
+    watchDog->Quit();  // The lock is not held here.
   });
   watchDog->ReArm("");
   watchDog->Run();
@@ -134,7 +134,7 @@ TEST(WatchDog, StartsADetachedThreadThatKeepsItAlive) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST(WatchDog, StartsNothingForAnObjectNobodyShares) {
+TEST(WatchDog, StartsNoThreadForAnObjectWithoutOwner) {
   Startup startup;
   std::atomic<int> calls = 0;
   WatchDog watchDog(startup, 0us, [&] { ++calls; });
@@ -144,7 +144,7 @@ TEST(WatchDog, StartsNothingForAnObjectNobodyShares) {
   EXPECT_EQ(calls, 0);
 }
 
-/// Asks for stacks that no machine can give, so that no thread can start.
+/// Sets the default stack size of threads to an impossible value, so that no thread can start.
 class NoThreads {
  public:
   NoThreads() {
@@ -164,7 +164,7 @@ class NoThreads {
   pthread_attr_t saved;
 };
 
-TEST(WatchDog, ThrowsWhenThereCanBeNoThread) {
+TEST(WatchDog, ThrowsIfNoThreadCanStart) {
   Startup startup;
   const auto watchDog = std::make_shared<WatchDog>(startup, kNever, nullptr);
   std::string text;

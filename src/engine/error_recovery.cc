@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What takes the place of the runtime's own operations where an error is met.
+// Replaces the runtime's error reporting and recovery.
 #include "engine/error_recovery.h"
 
 #include "engine/follow_stack.h"
@@ -8,7 +8,7 @@
 namespace vexltags {
 namespace {
 
-// The runtime's two ways to report, a parser's and a lexer's, without the display.
+// The runtime's two report functions, of parsers and lexers, without the display.
 
 void CountParserError(pANTLR3_BASE_RECOGNIZER recognizer) {
   pANTLR3_RECOGNIZER_SHARED_STATE state = recognizer->state;
@@ -24,9 +24,9 @@ void CountLexerError(pANTLR3_BASE_RECOGNIZER recognizer) {
   FreeReportedErrors(recognizer->state);
 }
 
-// The runtime's recovery, over the token table and the follow stack: it makes bitsets, records of
-// errors and token factories for each error, and asks for tokens and their types by pointers to
-// functions.
+// The runtime's recovery, with the token table and the follow stack. The original allocates
+// bitsets, exception records and token factories for each error, and accesses tokens through
+// function pointers.
 
 TokenStream& StreamOf(pANTLR3_BASE_RECOGNIZER recognizer) {
   return TokenStream::Of(static_cast<pANTLR3_PARSER>(recognizer->super)->tstream);
@@ -43,7 +43,7 @@ pANTLR3_BITSET CombineFollows(pANTLR3_BASE_RECOGNIZER recognizer, ANTLR3_BOOLEAN
 void Recover(pANTLR3_BASE_RECOGNIZER recognizer) {
   pANTLR3_RECOGNIZER_SHARED_STATE state = recognizer->state;
   TokenTable& tokens = StreamOf(recognizer).Table();
-  // An error at the place of the last one: one token goes, or this would never end.
+  // A second error at the same token: drop the token, to guarantee progress.
   if (state->lastErrorIndex == static_cast<ANTLR3_MARKER>(tokens.Position())) tokens.Consume();
   state->lastErrorIndex = static_cast<ANTLR3_MARKER>(tokens.Position());
   const FollowStack::Union all = StreamOf(recognizer).Follows().All();
@@ -54,8 +54,8 @@ void Recover(pANTLR3_BASE_RECOGNIZER recognizer) {
   state->failed = ANTLR3_FALSE;
 }
 
-// True when the next token may stand behind the one that is missing: `follow` is what may come in
-// the rule, and where its end is among that also what may come behind the rules around it.
+// Returns whether the next token can follow the missing one. `follow` is the follow set within the
+// rule; if it contains the end of the rule, the follow sets of the enclosing rules count, too.
 bool IsMissing(TokenStream& stream, pANTLR3_BITSET_LIST follow) {
   if (follow == nullptr) return false;
   FollowStack::Union viable{};
@@ -69,7 +69,7 @@ bool IsMissing(TokenStream& stream, pANTLR3_BITSET_LIST follow) {
          FollowStack::Has(viable, ANTLR3_EOR_TOKEN_TYPE);
 }
 
-// Generated code writes into the record of an error, but nobody reads it where errors are silent.
+// Generated code writes to the record of an error, but a silenced parser never reads it.
 void KeepSharedException(pANTLR3_EXCEPTION) {}
 pANTLR3_EXCEPTION SharedException() {
   static ANTLR3_EXCEPTION exception;
@@ -78,7 +78,7 @@ pANTLR3_EXCEPTION SharedException() {
   return &exception;
 }
 
-void MeetError(pANTLR3_BASE_RECOGNIZER recognizer) {
+void RaiseError(pANTLR3_BASE_RECOGNIZER recognizer) {
   recognizer->state->exception = SharedException();
   recognizer->state->error = ANTLR3_TRUE;
 }
@@ -129,7 +129,7 @@ void RecoverByFollowStack(pANTLR3_BASE_RECOGNIZER parser, bool isSilent) {
   parser->combineFollows = CombineFollows;
   parser->recover = Recover;
   if (!isSilent) return;
-  parser->exConstruct = MeetError;
+  parser->exConstruct = RaiseError;
   parser->recoverFromMismatchedToken = RecoverFromMismatchedToken;
 }
 

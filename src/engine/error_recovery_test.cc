@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of recovery from errors, against the runtime's own.
+// Compares error recovery with that of the runtime.
 #include "engine/error_recovery.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ namespace {
 
 constexpr unsigned kA = 4, kB = 5, kC = 6;
 
-/// A parser without rules over tokens "a", "b" and "c" of the three types, one a line.
+/// A parser without rules that reads tokens "a", "b" and "c" of three types, one per line.
 class Parser {
  public:
   Parser(const std::string& text, bool isSilent)
@@ -38,7 +38,7 @@ class Parser {
     if (isSilent) {
       RecoverByFollowStack(parser->rec, true);
     } else {
-      // Only where the sets come from differs from the runtime.
+      // Keeps the runtime's recovery; only the follow sets come from the stack.
       const auto recover = parser->rec->recover;
       RecoverByFollowStack(parser->rec, false);
       parser->rec->recover = recover;
@@ -60,7 +60,8 @@ class Parser {
   TokenTable& Table() { return *table; }
   FollowStack& Follows() { return stream->Follows(); }
 
-  /// What a rule does that matches one token of type a: its end included.
+  /// Runs a rule that matches one token of type a. Returns its text and line, and whether it
+  /// failed.
   std::tuple<std::optional<std::string>, int, bool> Rule(pANTLR3_BITSET_LIST follow) {
     pANTLR3_BASE_RECOGNIZER rec = Recognizer();
     const auto token = static_cast<pANTLR3_COMMON_TOKEN>(rec->match(rec, kA, follow));
@@ -93,13 +94,13 @@ class Parser {
 
 constexpr ANTLR3_BITWORD Bit(unsigned type) { return ANTLR3_BITWORD{1} << type; }
 
-TEST(ErrorRecovery, DropsATokenBeforeTheOneThatIsWanted) {
+TEST(ErrorRecovery, DropsATokenBeforeTheExpectedOne) {
   Parser parser("ba", true);
   EXPECT_EQ(parser.Rule(nullptr), std::make_tuple(std::optional<std::string>("a"), 2, false));
   EXPECT_EQ(parser.State(), std::make_tuple(std::size_t{2}, 1U, ANTLR3_MARKER{-1}, true));
 }
 
-TEST(ErrorRecovery, MakesUpATokenBeforeOneThatMayFollow) {
+TEST(ErrorRecovery, InsertsATokenBeforeOneThatCanFollow) {
   Parser parser("bc", true);
   ANTLR3_BITWORD bits[] = {Bit(kB)};
   ANTLR3_BITSET_LIST follow{bits, 1};
@@ -108,7 +109,7 @@ TEST(ErrorRecovery, MakesUpATokenBeforeOneThatMayFollow) {
   EXPECT_EQ(parser.State(), std::make_tuple(std::size_t{0}, 1U, ANTLR3_MARKER{-1}, true));
 }
 
-TEST(ErrorRecovery, ElseStepsToWhatMayFollowTheRules) {
+TEST(ErrorRecovery, OtherwiseSkipsToATokenThatCanFollow) {
   Parser parser("bbc", true);
   ANTLR3_BITWORD bits[] = {Bit(kC)};
   ANTLR3_BITSET_LIST follow{bits, 1};
@@ -117,32 +118,32 @@ TEST(ErrorRecovery, ElseStepsToWhatMayFollowTheRules) {
   EXPECT_EQ(parser.State(), std::make_tuple(std::size_t{2}, 1U, ANTLR3_MARKER{0}, true));
 }
 
-// All sequences of up to four tokens, with each kind of set behind the token and on the stack; the
-// rule is run three times, so that errors come one upon the other.
-TEST(ErrorRecovery, DoesWhatTheRuntimeDoes) {
+// Tries all sequences of up to four tokens, with each kind of set after the token and on the stack,
+// and runs the rule three times in a row, so that errors follow each other.
+TEST(ErrorRecovery, AgreesWithTheRuntime) {
   std::vector<std::string> texts = {""};
   for (std::size_t i = 0; texts[i].size() < 4; ++i) {
     for (const char* token : {"a", "b", "c"}) texts.push_back(texts[i] + token);
   }
-  texts.erase(texts.begin());  // The runtime has no token to make one up from.
+  texts.erase(texts.begin());  // In an empty file the runtime cannot insert a token.
   std::array<ANTLR3_BITWORD, 6> bits = {
       0,       Bit(kB),          Bit(ANTLR3_EOR_TOKEN_TYPE), Bit(ANTLR3_EOR_TOKEN_TYPE) | Bit(kC),
       Bit(kA), Bit(kB) | Bit(kC)};
   std::vector<ANTLR3_BITSET_LIST> sets;
   for (ANTLR3_BITWORD& word : bits) sets.push_back({&word, 1});
   for (const std::string& text : texts) {
-    for (std::size_t behind = 0; behind <= sets.size(); ++behind) {
-      for (ANTLR3_BITSET_LIST& around : sets) {
+    for (std::size_t after = 0; after <= sets.size(); ++after) {
+      for (ANTLR3_BITSET_LIST& enclosing : sets) {
         Parser ours(text, true);
         Parser theirs(text, false);
-        ours.Follows().Push(&around);
-        theirs.Follows().Push(&around);
-        const pANTLR3_BITSET_LIST follow = behind < sets.size() ? &sets[behind] : nullptr;
+        ours.Follows().Push(&enclosing);
+        theirs.Follows().Push(&enclosing);
+        const pANTLR3_BITSET_LIST follow = after < sets.size() ? &sets[after] : nullptr;
         for (int round = 0; round < 3; ++round) {
           ASSERT_EQ(ours.Rule(follow), theirs.Rule(follow))
-              << text << ' ' << behind << ' ' << round << ' ' << around.bits[0];
+              << text << ' ' << after << ' ' << round << ' ' << enclosing.bits[0];
           ASSERT_EQ(ours.State(), theirs.State())
-              << text << ' ' << behind << ' ' << round << ' ' << around.bits[0];
+              << text << ' ' << after << ' ' << round << ' ' << enclosing.bits[0];
         }
       }
     }

@@ -16,12 +16,12 @@ class FollowStackTest : public testing::Test {
   FollowStack stack;
 };
 
-TEST_F(FollowStackTest, IsEmptyAtFirst) {
+TEST_F(FollowStackTest, IsInitiallyEmpty) {
   EXPECT_EQ(stack.Size(), 0U);
   EXPECT_EQ(stack.All(), (FollowStack::Union{0, 0, 0}));
 }
 
-TEST_F(FollowStackTest, SetsHoldTokenTypes) {
+TEST_F(FollowStackTest, SetsContainTokenTypes) {
   FollowStack::Union set{};
   FollowStack::Add(set, low);
   FollowStack::Add(set, high);
@@ -35,14 +35,14 @@ TEST_F(FollowStackTest, SetsHoldTokenTypes) {
   EXPECT_TRUE(FollowStack::Has(set, 1));
 }
 
-TEST_F(FollowStackTest, UnitesSetsOfAnyLength) {
+TEST_F(FollowStackTest, UnitesSetsOfDifferentLengths) {
   stack.Push(&low);
   EXPECT_EQ(stack.All(), (FollowStack::Union{0x12, 0, 0}));
   stack.Push(&high);
   EXPECT_EQ(stack.All(), (FollowStack::Union{0x13, 0, 0x80}));
 }
 
-TEST_F(FollowStackTest, ForgetsWhatWasPopped) {
+TEST_F(FollowStackTest, ExcludesPoppedSets) {
   stack.Push(&low);
   stack.Push(&high);
   EXPECT_EQ(stack.All(), (FollowStack::Union{0x13, 0, 0x80}));
@@ -53,7 +53,7 @@ TEST_F(FollowStackTest, ForgetsWhatWasPopped) {
   EXPECT_EQ(stack.All(), (FollowStack::Union{0x1, 0, 0x80}));
 }
 
-TEST_F(FollowStackTest, GoesDeep) {
+TEST_F(FollowStackTest, SupportsDeepStacks) {
   for (int i = 0; i < 100000; ++i) stack.Push(&low);
   stack.Push(&high);
   for (int i = 0; i < 100000; ++i) {

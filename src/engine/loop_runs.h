@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Remembers how long loops of rules went within trials.
+// Memoises the outcome of long loops in speculative parses.
 #pragma once
 
 #include <algorithm>
@@ -11,24 +11,28 @@
 
 namespace vexltags {
 
-/// Where a loop of a rule stood at the beginning of its rounds, and how it ended.
+/// For each loop of a rule, the tokens at which the iterations of its last long run began, and how
+/// that run ended.
 ///
-/// An item that fails behind a long run of tokens costs one token; the next item then reads the
-/// same run again from its second token on, and so forth. From some round on a loop therefore looks
-/// whether its last long run came by the same token: it can then end as that did.
+/// An item that fails after a long run of tokens costs only one token. The next item then reads the
+/// same run again from its second token, which takes quadratic time in total. A loop of many
+/// iterations therefore checks whether the last long run had an iteration at the same token: it
+/// then ends in the same way.
 class LoopRuns {
  public:
-  /// Rounds that a loop makes before it remembers or asks: most loops are shorter.
+  /// The number of iterations before a loop starts to memoise. Most loops are shorter.
   static constexpr unsigned kFreeRounds = 32;
 
-  /// One run that is remembered, with the end that it came to from each of its positions.
+  /// A memoised run: the tokens from which it reaches its end.
   class Run {
    public:
-    std::size_t end = 0;  ///< The token behind the loop, if it succeeded.
+    std::size_t end = 0;  ///< The token after the loop, if it succeeded.
     bool failed = false;
 
-    bool CameBy(std::size_t position) const { return position < passed.size() && passed[position]; }
-    /// Adds positions from which the loop comes to the same end.
+    bool Contains(std::size_t position) const {
+      return position < passed.size() && passed[position];
+    }
+    /// Adds tokens from which the loop reaches the same end.
     void Extend(const std::vector<std::uint32_t>& more) {
       for (const std::uint32_t position : more) {
         if (position >= passed.size()) passed.resize(position + position / 2 + 1);
@@ -43,23 +47,23 @@ class LoopRuns {
 
    private:
     std::vector<bool> passed;              ///< By token index.
-    std::vector<std::uint32_t> positions;  ///< The indices that are set.
+    std::vector<std::uint32_t> positions;  ///< The indices set in `passed`.
   };
 
-  /// The last long run of the loop with this decision number.
+  /// Returns the last long run of the loop with this decision number.
   Run& Last(unsigned loop) {
     if (loop >= runs.size()) runs.resize(loop + 1);
     return runs[loop];
   }
 
-  /// Tells whether the time limit has given the file up. A change forgets everything, since loops
-  /// end otherwise from then on.
+  /// Sets whether the time limit has aborted the parse of the file. A change clears all runs, since
+  /// from then on loops end differently.
   void SetGivenUp(bool now) {
     if (now != givenUp) runs.clear();
     givenUp = now;
   }
 
-  /// For the next file.
+  /// Clears all runs for the next file.
   void Reset() {
     runs.clear();
     givenUp = false;
@@ -70,7 +74,7 @@ class LoopRuns {
   bool givenUp = false;
 };
 
-/// Stands in front of a loop of a parser rule that is being tried.
+/// Memoises one execution of a loop in a speculative parse; constructed before the loop.
 template <class Context>
 class LoopMemo {
  public:
@@ -82,12 +86,12 @@ class LoopMemo {
   LoopMemo(const LoopMemo&) = delete;
   LoopMemo& operator=(const LoopMemo&) = delete;
 
-  /// Called at the beginning of each round. True when the loop has been brought to its known end:
-  /// behind its last token, or to the failure that the state then tells of.
+  /// Called at the beginning of each iteration. Returns true if the outcome of the loop is known
+  /// and has been applied: the parser is after its last token, or its state says that it failed.
   bool JoinsKnownRun() { return ++round > LoopRuns::kFreeRounds && Join(); }
 
  private:
-  /// What is known of the rounds behind the free ones.
+  /// The iterations after the first `kFreeRounds`.
   struct LateRounds {
     bool joined = false;
     std::vector<std::uint32_t> positions;
@@ -98,7 +102,7 @@ class LoopMemo {
     ctx->loops->SetGivenUp(ctx->fileState->Aborted());
     const std::size_t position = ctx->tokens->Position();
     const LoopRuns::Run& last = ctx->loops->Last(loop);
-    if (!last.CameBy(position)) {
+    if (!last.Contains(position)) {
       late->positions.push_back(static_cast<std::uint32_t>(position));
       return false;
     }
@@ -116,7 +120,7 @@ class LoopMemo {
   __attribute__((noinline)) void Keep() {
     LoopRuns::Run& last = ctx->loops->Last(loop);
     if (!late->joined) {
-      // Of the last round nothing is known but where it began: it may have matched no token.
+      // The last iteration ended the loop, so it says nothing about its token.
       late->positions.pop_back();
       if (late->positions.empty()) return;
       last.Clear();

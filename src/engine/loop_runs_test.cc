@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the memory of long loops.
+// Tests of the memoisation of long loops.
 #include "engine/loop_runs.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 namespace vexltags {
 namespace {
 
-// A parser that consists of one loop, which takes all tokens up to `stop`.
+// A parser that consists of one loop, which consumes all tokens up to `stop`.
 struct FakeParser {
   struct State {
     int failed = 0;
@@ -47,7 +47,7 @@ struct FakeParser {
   Trials* trials = &tried;
   FileState* fileState = &file;
 
-  // Runs the loop from `start`; returns how many rounds it made.
+  // Runs the loop from `start`. Returns the number of its iterations.
   unsigned Loop(std::size_t start, std::size_t stop, bool fails = false) {
     unsigned rounds = 0;
     table.position = start;
@@ -64,13 +64,13 @@ struct FakeParser {
   }
 };
 
-TEST(LoopMemo, ShortLoopsAreNotRemembered) {
+TEST(LoopMemo, DoesNotMemoiseShortLoops) {
   FakeParser parser;
   EXPECT_EQ(parser.Loop(0, 20), 20U);
   EXPECT_EQ(parser.Loop(0, 20), 20U);
 }
 
-TEST(LoopMemo, JoiningARunCountsAsReachingItsEnd) {
+TEST(LoopMemo, ReachesTheEndOfAJoinedRun) {
   FakeParser parser;
   parser.Loop(0, 1000);
   parser.tried.reach = 7;
@@ -78,7 +78,7 @@ TEST(LoopMemo, JoiningARunCountsAsReachingItsEnd) {
   EXPECT_EQ(parser.tried.reach, 1000U);
 }
 
-TEST(LoopMemo, ALaterStartJoinsTheLastRun) {
+TEST(LoopMemo, JoinsTheLastRunFromALaterToken) {
   FakeParser parser;
   EXPECT_EQ(parser.Loop(0, 1000), 1000U);
   EXPECT_EQ(parser.Loop(1, 1000), LoopRuns::kFreeRounds);
@@ -87,7 +87,7 @@ TEST(LoopMemo, ALaterStartJoinsTheLastRun) {
   EXPECT_EQ(parser.state.errorRecovery, 0);
 }
 
-TEST(LoopMemo, EarlierStartsOneByOneJoinToo) {
+TEST(LoopMemo, JoinsTheLastRunFromEarlierTokens) {
   FakeParser parser;
   parser.Loop(900, 1000);
   for (std::size_t start = 899; start > 0; --start) {
@@ -96,14 +96,14 @@ TEST(LoopMemo, EarlierStartsOneByOneJoinToo) {
   }
 }
 
-TEST(LoopMemo, AFailureIsJoinedAsAFailure) {
+TEST(LoopMemo, RepeatsAFailure) {
   FakeParser parser;
   parser.Loop(0, 1000, true);
   EXPECT_EQ(parser.Loop(10, 1000), LoopRuns::kFreeRounds);
   EXPECT_EQ(parser.state.failed, 1);
 }
 
-TEST(LoopMemo, GivingTheFileUpForgetsTheLastRun) {
+TEST(LoopMemo, AbortingTheFileClearsTheLastRun) {
   FakeParser parser;
   parser.Loop(0, 1000);
   parser.file.aborted = true;
@@ -111,7 +111,7 @@ TEST(LoopMemo, GivingTheFileUpForgetsTheLastRun) {
   EXPECT_EQ(parser.Loop(1, 1000), LoopRuns::kFreeRounds);
 }
 
-TEST(LoopMemo, AnotherPlaceForgetsTheLastRun) {
+TEST(LoopMemo, AnotherRunReplacesTheLastOne) {
   FakeParser parser;
   parser.Loop(0, 100);
   parser.Loop(200, 300);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the memory of long predictions, on an automaton that reads names up to a mark.
+// Tests of the memoisation of long predictions, with a simple automaton.
 #include "engine/prediction_memo.h"
 
 #include <gtest/gtest.h>
@@ -7,8 +7,8 @@
 namespace vexltags {
 namespace {
 
-// Looks ahead from `start` in state 0 and from the next token on in state 1, up to `stop`, where
-// the state becomes 2. Returns the steps that were no known ones.
+// Looks ahead from `start` in state 0, then in state `middle` up to `stop`, where the state becomes
+// 2. `Run` returns the number of steps, not counting memoised ones.
 class Automaton {
  public:
   PredictionMemo memo;
@@ -34,13 +34,13 @@ class Automaton {
   }
 };
 
-TEST(PredictionMemo, ShortOnesAreNotRemembered) {
+TEST(PredictionMemo, DoesNotMemoiseShortPaths) {
   Automaton automaton;
   EXPECT_EQ(automaton.Run(0, 20), 21U);
   EXPECT_EQ(automaton.Run(0, 20), 21U);
 }
 
-TEST(PredictionMemo, TheNextOneEndsAsTheLongOneDid) {
+TEST(PredictionMemo, ALaterPathEndsLikeTheLastOne) {
   Automaton automaton;
   EXPECT_EQ(automaton.Run(0, 1000), 1001U);
   for (std::size_t start = 1; start < 900; ++start) {
@@ -50,7 +50,7 @@ TEST(PredictionMemo, TheNextOneEndsAsTheLongOneDid) {
   }
 }
 
-TEST(PredictionMemo, AnotherStateOrDecisionIsAnotherWay) {
+TEST(PredictionMemo, DistinguishesStatesAndDecisions) {
   Automaton automaton;
   automaton.Run(0, 1000);
   EXPECT_EQ(automaton.Run(1, 1000, 3, 5), 1000U);
@@ -59,14 +59,14 @@ TEST(PredictionMemo, AnotherStateOrDecisionIsAnotherWay) {
   EXPECT_EQ(automaton.Run(3, 1000, 3, 5), PredictionMemo::kFreeSteps + 1);
 }
 
-TEST(PredictionMemo, WhatLiesOutsideTheLastWayIsNotKnown) {
+TEST(PredictionMemo, KnowsNothingOutsideTheLastPath) {
   Automaton automaton;
   automaton.Run(500, 1000);
   EXPECT_EQ(automaton.Run(0, 400), 401U);
   EXPECT_EQ(automaton.Run(1200, 2000), 801U);
 }
 
-TEST(PredictionMemo, TheNextFileBeginsWithoutAny) {
+TEST(PredictionMemo, ResetClearsAllPaths) {
   Automaton automaton;
   automaton.Run(0, 1000);
   automaton.memo.Reset();

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
-// Replaces operations of the recogniser runtime in the generated recognisers, each with its reason.
+// The macros of generated recognisers, which replace operations of the runtime, with their reasons.
 //
-// A grammar includes it first in its @members section, that is, behind the generator's own macros,
-// which it redefines; the project headers that it stands on come in by the grammar's @includes. Two
-// replacements mend what the generator gets wrong, one keeps the outcomes of trials. All others
-// only save time: a build with VEXLTAGS_PLAIN goes without them and has to give the same tags and
-// the same error counts, which tests/runners/differential.py checks.
+// A grammar includes this file first in its @members section, after the generator's own macros,
+// which it redefines; the grammar's @includes section includes the project headers it depends on.
+// Two replacements fix errors of the generator, and one memoises trials, that is, speculative
+// parses. All others only save time: a build with VEXLTAGS_PLAIN omits them and must produce the
+// same tags and error counts, which tests/runners/differential.py checks.
 #pragma once
 
 #include "engine/parser_ops.h"
 
-// --- What the generator gets wrong ---
+// --- Fixes of the generator ---
 
-// REWIND also sets the place that REWINDLAST goes back to. A prediction that asks several
-// predicates goes back to its start between them by REWINDLAST; stock leaves lastMarker at the last
-// nested mark, so the second predicate would be tried at a wrong token or character.
+// REWIND also sets the marker of REWINDLAST. A prediction with several predicates uses REWINDLAST
+// to return to its start between them. The stock macro leaves lastMarker at the last nested mark,
+// so the second predicate would be evaluated at a wrong token or character.
 #undef REWIND
 #define REWIND(m)                  \
   do {                             \
@@ -22,25 +22,25 @@
     ISTREAM->lastMarker = (m);     \
   } while (0)
 
-// A failed set test in a lexer rule costs one character, which the runtime's token loop drops.
-// Stock's LRECOVER would drop a second one in the rule itself.
+// A failed set in a lexer rule drops one character, in the runtime's token loop. The stock LRECOVER
+// would drop a second one in the rule itself.
 #undef LRECOVER
 #define LRECOVER()
 
-// --- Trials: see RunTrial ---
+// --- Speculative parses: see RunTrial ---
 
 namespace vexltags {
-/// The first number that __COUNTER__ gives to a rule or predicate of this file. The rules come
-/// first.
+/// The first value of __COUNTER__ for a rule or predicate of this file. Rules precede predicates.
 constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 }  // namespace vexltags
 #define VEXL_TRIAL(ctx, fragment) \
   (vexltags::RunTrial<__COUNTER__ - vexltags::kFirstTrial>(ctx, fragment))
 #define VEXL_LEXER_TRIAL(ctx, fragment) (vexltags::RunLexerTrial(ctx, fragment))
 
-// The rules of a parser are compiled twice: once to act, once to try (see trials.cc.in). The ones
-// that act are entered outside trials only, and for a predicate they call the ones that try; these
-// have no actions, no values, no labels and no follow sets, and never leave a trial.
+// The rules of a parser are compiled twice: as acting rules and as speculative rules (see
+// trials.cc.in). Acting rules run only outside trials and call the speculative rules for a
+// predicate. Speculative rules have no actions, values, labels or follow sets, and call only each
+// other.
 #if defined(VEXLTAGS_TRIALS)
 #define VEXL_PREDICATE(parser, predicate)                                                          \
   static ANTLR3_BOOLEAN predicate(p##parser ctx) { return VEXL_TRIAL(ctx, predicate##_fragment); } \
@@ -60,24 +60,24 @@ constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 #if defined(VEXLTAGS_TRIALS)
 #undef BACKTRACKING
 #define BACKTRACKING 1
-// Within a trial a rule fails by this mark only; no exception is made.
+// In a trial a rule fails by setting the flag `failed` only, without an exception.
 #undef HASEXCEPTION
 #define HASEXCEPTION() false
 #elif defined(VEXL_ACTS_ONLY)
 #undef BACKTRACKING
 #define BACKTRACKING 0
-// The mark of a failed trial is taken back at its end.
+// The flag of a failed trial is cleared at its end.
 #undef HASFAILED
 #define HASFAILED() false
 #endif
 
-// --- Depth: a rule that may not go deeper fails as on a syntax error ---
+// --- Depth: a rule that would exceed the stack limit fails like on a syntax error ---
 
 #define VEXL_TOO_DEEP() (vexltags::StackIsLow() && (vexltags::FailForDepth(RECOGNIZER), true))
 
-// --- Time ---
+// --- Speed ---
 
-// Rules with the option `memoize` remember how they went within trials, and so do long loops.
+// Rules with the option `memoize` and long loops memoise their outcomes in trials.
 #ifndef VEXLTAGS_TRIALS
 #define VEXL_RULE_MEMO(ctx)
 #define VEXL_REPEATED() false
@@ -100,10 +100,10 @@ constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 
 #elif defined(PARSER)
 
-// The token stream is a flat table; the runtime's own access goes through three function pointers.
+// Accesses the flat token table directly; the runtime's macros use three function pointers.
 #undef LA
 #define LA(k) (ctx->tokens->LA(k))
-// A label on a set takes its token by LT.
+// Labels on sets read their token with LT.
 #undef LT
 #define LT(k) (BACKTRACKING > 0 ? nullptr : ctx->tokens->LT(k))
 #undef CONSUME
@@ -119,8 +119,8 @@ constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 #undef REWINDLAST
 #define REWINDLAST() SEEK(ISTREAM->lastMarker)
 
-// A matching token is the common case and settled here; the runtime makes a token object for each
-// match, wanted or not, so a match without a label has a form of its own.
+// Handles a matching token, the common case, inline. The runtime makes a token object for each
+// match, so a match without a label has its own macro.
 #undef MATCHT
 #ifdef VEXLTAGS_TRIALS
 #define MATCHT(type, follow) (vexltags::TryToken(ctx, type), nullptr)
@@ -132,7 +132,7 @@ constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 
 #define VEXL_PREDICT(ctx, dfa) (vexltags::Predict(ctx, dfa))
 
-// The follow sets on the rule stack serve error recovery only.
+// The stack of follow sets is used only by error recovery.
 #undef FOLLOWPUSH
 #undef FOLLOWPOP
 #ifdef VEXLTAGS_TRIALS
@@ -145,7 +145,7 @@ constexpr unsigned kFirstTrial = __COUNTER__ + 1;
 
 #else
 
-// Characters are read where they lie.
+// Reads characters directly from the buffer.
 #undef LA
 #define LA(k) (vexltags::LookAtCharacter(INPUT, k))
 #undef CONSUME

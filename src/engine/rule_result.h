@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// What generated rules give back: their value, or nothing where they only try.
+// The result type of generated rules: their value, or nothing in speculative parses.
 #pragma once
 
 namespace vexltags {
 
-/// Stands for the value of a rule that only tries: takes whatever the rule sets it to.
+/// Replaces the value of a rule in a speculative parse. Any value can be assigned to it.
 struct Nothing {
   Nothing() = default;
   template <class Value>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Bounds the depth of the parsers' recursion by the stack that is there.
+// Allocates the large stack and sets its limit.
 #include "engine/stack_guard.h"
 
 #include <pthread.h>
@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kMebi = std::size_t{1} << 20;
 constexpr std::size_t kLargest = kMebi << 16;
 constexpr std::size_t kSmallest = 16 * kMebi;
-/// Kept for what rules call that does not look at the limit.
+/// Reserved for functions called by rules, which do not check the limit.
 constexpr std::size_t kReserve = kMebi;
 
 struct Call {

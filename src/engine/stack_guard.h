@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: MIT
-// Bounds the depth of the parsers' recursion by the stack that is there.
+// Limits the depth of the parsers' recursion by the size of the stack.
 #pragma once
 
 #include <functional>
 
 namespace vexltags {
 
-/// The lowest address that rules may use of the stack they run on; null for no bound.
+/// The lowest stack address that rules may use; null for no limit.
 inline const void* stackLimit = nullptr;
 
-/// True when a rule should not go deeper. It then fails as it would on a syntax error.
+/// Returns whether the stack limit is reached. The calling rule then fails like on a syntax error.
 inline bool StackIsLow() { return __builtin_frame_address(0) < stackLimit; }
 
-/// Calls `work` on a stack as large as there are addresses for, 64 GiB at most and no more than a
-/// quarter of a limit on the address space, and returns its result. Only what is used of it becomes
-/// memory. Where there is no such stack `work` runs on the present one, bounded by its size.
+/// Calls `work` on a stack as large as the address space permits, but at most 64 GiB and a quarter
+/// of any limit on the address space, and returns its result. The stack takes up memory only as it
+/// is used. If no such stack can be allocated, `work` runs on the current stack, within its limit.
 int RunOnLargeStack(const std::function<int()>& work);
 
 }  // namespace vexltags

@@ -10,8 +10,8 @@
 namespace vexltags {
 namespace {
 
-// Returns how many of `levels` are left where it stops. Each level uses a page and more, and reads
-// from it behind the call, so that the calls cannot be folded into a loop.
+// Returns how many of `levels` are left when it stops. Each level uses more than a page and reads
+// from it after the call, so that the compiler cannot turn the recursion into a loop.
 int Deep(int levels) {
   volatile char page[4096];
   page[0] = 1;
@@ -30,7 +30,7 @@ TEST(RunOnLargeStack, GoesDeeperThanTheUsualStack) {
   EXPECT_EQ(RunOnLargeStack([] { return Deep(20000); }), 0);
 }
 
-TEST(RunOnLargeStack, StopsInTimeWhereAddressesAreFew) {
+TEST(RunOnLargeStack, StopsAtTheLimitOfASmallAddressSpace) {
 #if defined(__SANITIZE_ADDRESS__)
   GTEST_SKIP() << "address sanitizer needs more addresses than this test leaves";
 #endif

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Takes text out of the recogniser runtime's strings and tokens.
+// Reads the text of tokens without allocating strings in the runtime.
 #include "engine/std_string.h"
 
 namespace vexltags {
@@ -11,9 +11,8 @@ std::string_view View(pANTLR3_STRING text) {
   return {reinterpret_cast<const char*>(text->chars), text->len};
 }
 
-// True when the token's text is a range of an input of one-byte characters. `stop` is the last
-// character, not the one behind it. 0 and -1 are start values that the runtime gives a meaning of
-// its own.
+// Returns whether the token's text is a range of an input with one-byte characters. `stop` is the
+// last character, inclusive. The runtime treats the start values 0 and -1 specially.
 bool SpansBytes(const ANTLR3_COMMON_TOKEN& token) {
   return token.textState == ANTLR3_TEXT_NONE && token.input != nullptr &&
          token.input->encoding == ANTLR3_ENC_8BIT && token.start != 0 &&
@@ -56,13 +55,12 @@ stdString& stdString::operator+=(const char* text) {
 
 std::optional<std::string_view> TokenView(pANTLR3_COMMON_TOKEN token) {
   if (token == nullptr) return std::nullopt;
-  // All cases but the last do what the runtime does, but without a string object for every
-  // question.
+  // All cases but the last do what the runtime does, without allocating a string object per call.
   if (token->textState == ANTLR3_TEXT_NONE && token->type == ANTLR3_TOKEN_EOF) return "<EOF>";
   if (SpansBytes(*token)) {
     const ANTLR3_MARKER end = token->stop + 1;
     if (end <= token->start) return std::string_view();
-    // The runtime keeps addresses as numbers.
+    // The runtime stores addresses as integers.
     const char* first = reinterpret_cast<const char*>(token->start);  // NOLINT(*-no-int-to-ptr)
     return std::string_view(first, static_cast<std::size_t>(end - token->start));
   }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The bridge from the recogniser runtime's strings and tokens to standard strings.
+// Converts the runtime's strings and tokens to standard strings.
 #pragma once
 
 #include <optional>
@@ -11,12 +11,12 @@
 
 namespace vexltags {
 
-/// A standard string that can also be made from the runtime's string object. A null runtime string
-/// gives an empty text.
+/// A standard string that converts implicitly from the runtime's string object. A null runtime
+/// string becomes an empty string.
 class stdString : public std::string {
  public:
   stdString() = default;
-  // Conversions, so that an action can assign whatever a rule has at hand.
+  // Implicit conversions, so that an action can assign any kind of string.
   stdString(const std::string& text) : std::string(text) {}
   stdString(std::string&& text) noexcept : std::string(std::move(text)) {}
   stdString(const char* text) : std::string(text) {}
@@ -31,19 +31,19 @@ class stdString : public std::string {
   stdString& operator+=(const char* text);
 };
 
-/// The text of `token` as the runtime reports it: its replaced text, "<EOF>" at the end of the
-/// file, else the input characters that it spans. Nothing for a null token or one without text. The
-/// characters belong to the input or to the runtime and live as long as the recogniser.
+/// Returns the text of `token` as the runtime reports it: its replaced text, "<EOF>" at the end of
+/// the file, or else the input characters that it spans; nothing for a null token or one without
+/// text. The characters belong to the input or the runtime and live as long as the recogniser.
 std::optional<std::string_view> TokenView(pANTLR3_COMMON_TOKEN token);
 
-/// Copies the text of `token` into `text`. Returns false, with `text` untouched, when there is
+/// Copies the text of `token` to `text`. Returns false and leaves `text` unchanged if there is
 /// none.
 bool TokenText(pANTLR3_COMMON_TOKEN token, std::string& text);
 
-/// The text of `token`; empty for a null token or one without text.
+/// Returns the text of `token`; empty for a null token or one without text.
 std::string TokenString(pANTLR3_COMMON_TOKEN token);
 
-/// The 1-based source line of `token`, -1 for a null token.
+/// Returns the 1-based source line of `token`, or -1 for a null token.
 int TokenLine(pANTLR3_COMMON_TOKEN token);
 
 }  // namespace vexltags

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of taking text out of the runtime's strings and tokens.
+// Tests of the conversion of the runtime's strings and tokens.
 #include "engine/std_string.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 namespace vexltags {
 namespace {
 
-// The text by way of the runtime's own operation.
+// Returns the text that the runtime's own function returns.
 std::string RuntimeText(pANTLR3_COMMON_TOKEN token) { return stdString(token->getText(token)); }
 
 std::string Text(pANTLR3_COMMON_TOKEN token) {
@@ -19,7 +19,7 @@ std::string Text(pANTLR3_COMMON_TOKEN token) {
   return TokenText(token, text) ? text : "(none)";
 }
 
-TEST(StdString, ComesFromTheRuntimesStrings) {
+TEST(StdString, ConvertsFromRuntimeStrings) {
   const pANTLR3_STRING_FACTORY factory = antlr3StringFactoryNew(ANTLR3_ENC_8BIT);
   std::string source("a\0b\xe4", 4);
   const pANTLR3_STRING text =
@@ -68,7 +68,7 @@ TEST(TokenText, IsTheRangeOfTheInput) {
   }
 }
 
-TEST(TokenText, TakesNoMemoryFromTheRuntime) {
+TEST(TokenText, AllocatesNoRuntimeString) {
   TokenMaker tokens("one two");
   const pANTLR3_COMMON_TOKEN token = tokens.Span(4, 3, 1);
   const unsigned before = tokens.Input()->strFactory->index;
@@ -76,12 +76,12 @@ TEST(TokenText, TakesNoMemoryFromTheRuntime) {
   EXPECT_EQ(tokens.Input()->strFactory->index, before);
 }
 
-TEST(TokenText, IsTheReplacedTextIfThereIsOne) {
+TEST(TokenText, PrefersTheReplacedText) {
   TokenMaker tokens("one");
   std::string made = "<missing ID>";
   const pANTLR3_COMMON_TOKEN token = tokens.WithText(made, 1);
   EXPECT_EQ(Text(token), made);
-  EXPECT_EQ(Text(token), made) << "the first question turns it into another form";
+  EXPECT_EQ(Text(token), made) << "the first call converts it to another form";
   const pANTLR3_COMMON_TOKEN spanning = tokens.Span(0, 3, 1);
   spanning->setText(spanning, token->getText(token));
   EXPECT_EQ(Text(spanning), made);
@@ -97,7 +97,7 @@ TEST(TokenText, AgreesWithTheRuntimeOnStartValues) {
   EXPECT_EQ(RuntimeText(fromFront), "on");
 }
 
-TEST(TokenText, IsAWordOfItsOwnAtTheEndOfTheFile) {
+TEST(TokenText, IsSpecialAtTheEndOfTheFile) {
   TokenMaker tokens("one");
   for (const std::size_t length : {0, 3}) {
     const pANTLR3_COMMON_TOKEN token = tokens.Span(0, length, 1);
@@ -121,7 +121,7 @@ TEST(TokenText, IsMissingWithoutATokenOrAnInput) {
   }
 }
 
-TEST(TokenLine, IsTheTokensLine) {
+TEST(TokenLine, IsTheLineOfTheToken) {
   TokenMaker tokens("one");
   EXPECT_EQ(TokenLine(tokens.Span(0, 1, 17)), 17);
   EXPECT_EQ(TokenLine(nullptr), -1);

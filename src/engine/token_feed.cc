@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Fills a token table from a file: a hand-written scanner for common ground, the generated lexer
-// for the rest.
+// Alternates between the scanner and the generated lexer.
 #include "engine/token_feed.h"
 
 #include "engine/std_string.h"
@@ -8,7 +7,7 @@
 namespace vexltags {
 namespace {
 
-/// One token of the generated lexer: the runtime's own loop, without making a token object.
+/// Reads one token with the generated lexer, like the runtime's loop but without a token object.
 void Step(pANTLR3_LEXER lexer, TokenTable& table) {
   pANTLR3_RECOGNIZER_SHARED_STATE state = lexer->rec->state;
   pANTLR3_INPUT_STREAM input = lexer->input;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Fills a token table from a file: a hand-written scanner for common ground, the generated lexer
-// for the rest.
+// Fills a token table: a hand-written scanner reads common tokens, the generated lexer the others.
 #pragma once
 
 #include <antlr3.h>
@@ -9,26 +8,27 @@
 
 namespace vexltags {
 
-/// Where a scanner stands in the characters of a file.
+/// The position of a scanner in a file.
 struct ScanCursor {
-  const unsigned char* begin;  ///< The file's first character.
-  const unsigned char* end;    ///< Behind its last.
+  const unsigned char* begin;  ///< The first character of the file.
+  const unsigned char* end;    ///< The end of the file.
   const unsigned char* at;     ///< The next character; always the start of a token.
   unsigned line;               ///< Its 1-based line.
-  /// The place from which columns count: `at - columnZero` is what the generated lexer calls the
-  /// position in the line. That is the line's first character, but for the first line the second.
+  /// The origin of columns: `at - columnZero` is the generated lexer's position in the line. It is
+  /// the first character of the line, except that it is the second character of the first line.
   const unsigned char* columnZero;
   unsigned errors;  ///< Lexer errors that the scanner counted.
-  /// The first place from which a scanner has looked in vain for the end of a comment; null before.
+  /// The first position from which the scanner searched for the end of a comment and found none;
+  /// null if there is no such position.
   const unsigned char* unclosedFrom = nullptr;
 };
 
-/// Reads tokens into `table` as the generated lexer would, as far as it knows how to, and stops
-/// with `at` at the start of the first token that it leaves to the generated lexer, or at `end`.
+/// Reads tokens into `table` exactly as the generated lexer would. Stops with `at` at the start of
+/// the first token that it cannot read, or at `end`.
 using Scanner = void (*)(ScanCursor& cursor, TokenTable& table);
 
-/// Reads the whole input of `lexer` into `table`. `scan` may be null: the generated lexer then
-/// reads everything. Both give the same table and the same count of errors in the lexer's state.
+/// Reads the whole input of `lexer` into `table`. If `scan` is null, the generated lexer reads
+/// everything. The table and the error count in the lexer's state are the same in both cases.
 void FillTokenTable(pANTLR3_LEXER lexer, Scanner scan, TokenTable& table);
 
 }  // namespace vexltags

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The runtime's token stream over a token table.
+// Implements the runtime's token stream interface on a token table.
 #include "engine/token_stream.h"
 
 #include <cstring>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The runtime's token stream over a token table.
+// Implements the runtime's token stream interface on a token table.
 #pragma once
 
 #include <map>
@@ -16,24 +16,25 @@ namespace vexltags {
 /// read their own token stream. A position in the stream counts visible tokens only.
 class TokenStream {
  public:
-  /// `table` and `lexer`, whose token source is named in messages, must outlive the stream.
+  /// `table` and `lexer` must outlive the stream. Messages name the token source of `lexer`.
   TokenStream(TokenTable& table, pANTLR3_LEXER lexer);
   TokenStream(const TokenStream&) = delete;
   TokenStream& operator=(const TokenStream&) = delete;
 
-  /// What a generated parser is built on.
+  /// Returns the stream from which a generated parser is constructed.
   pANTLR3_COMMON_TOKEN_STREAM Stream() { return &common; }
 
   TokenTable& Table() { return table; }
-  /// The follow sets of the rules that the parser is in.
+  /// Returns the follow sets of the active rules.
   FollowStack& Follows() { return follows; }
 
-  /// The text of a token that recovery makes up, by its type and name; lives as long as the stream.
+  /// Returns the text of an inserted token, given its type and name. It lives as long as the
+  /// stream.
   const char* MissingText(unsigned type, const unsigned char* name);
 
-  /// The stream behind the runtime's interface, which must have come from `Stream`.
+  /// Returns the object that implements `tokens`, which must originate from `Stream`.
   static TokenStream& Of(pANTLR3_TOKEN_STREAM tokens) {
-    // The one field of the stream object that nothing of the runtime uses in a parser.
+    // The only field of the stream object that the runtime never uses in a parser.
     return *static_cast<TokenStream*>(
         static_cast<pANTLR3_COMMON_TOKEN_STREAM>(tokens->super)->super);
   }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Remembers how trial parses ended: the places of those that reached far.
+// The hash table of outcomes that do not fit in the window.
 #include "engine/trial_table.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Remembers how the trial parses of one file ended, per predicate or rule, and token.
+// Memoises the outcomes of the speculative parses of a file.
 #pragma once
 
 #include <cstddef>
@@ -8,35 +8,35 @@
 
 namespace vexltags {
 
-/// Outcomes of trial parses. A trial runs no action, so what a predicate or a rule within a trial
-/// gives depends only on the token it starts at, and asking twice must give the same. Keeping it
-/// makes the cost of nested constructs linear where it would be exponential in their depth.
+/// The outcomes of trials, that is, speculative parses of a predicate or rule. A trial runs no
+/// actions, so its outcome depends only on its first token and is the same each time. Memoising it
+/// makes the cost of nested constructs linear instead of exponential in their depth.
 ///
-/// A trial that looked at fewer than kShort tokens, by itself or by what it tried on its way, is
-/// kept in a window of kWindow tokens, from which a trial kWindow tokens away may drive it out: it
-/// then costs its few tokens again, and while they are looked at none of them drives out another.
-/// All others are kept until the parse stands behind them for good. So memory stays small on flat
-/// input of any size and grows with the depth of nested input only.
+/// A trial that, including its nested trials, looks at fewer than kShort tokens is kept in a window
+/// of kWindow tokens, where a trial kWindow tokens away can evict it. Repeating it then costs only
+/// these few tokens, which do not evict each other. All other trials are kept until the parse has
+/// moved past them for good. Memory therefore stays small on flat input of any size and grows only
+/// with the depth of nested input.
 class TrialTable {
  public:
-  /// Predicates and remembered rules share the numbers from 0 to kNumbers - 1.
+  /// Predicates and memoised rules share the numbers from 0 to kNumbers - 1.
   static constexpr unsigned kNumbers = 256;
   static constexpr std::size_t kWindow = 64, kShort = 32;
 
-  /// How a trial ended. `matched` tells whether it matched any token on its way, which clears the
-  /// recogniser's "in error recovery" mark also when the trial fails; a kept outcome has to repeat
-  /// that, or error counts would depend on what was kept.
+  /// The outcome of a trial. `matched` says whether it matched any token, which clears the
+  /// recogniser's "in error recovery" flag even if the trial fails. A memoised outcome must repeat
+  /// that, or error counts would depend on which outcomes are kept.
   struct Outcome {
     bool known = false;
     bool success = false;
     bool matched = false;
-    std::size_t end = 0;    ///< The token at which it ended, behind the last one that it took.
-    std::size_t reach = 0;  ///< The furthest token that it or anything it tried came to.
+    std::size_t end = 0;    ///< The token after the last one that it consumed.
+    std::size_t reach = 0;  ///< The furthest token that it or a nested trial reached.
   };
 
   TrialTable() : window(kWindow * kNumbers) {}
 
-  /// The outcome of `number` at token index `token`; `known` is false if none is kept.
+  /// Returns the outcome of `number` at token index `token`; `known` is false if none is kept.
   Outcome Find(unsigned number, std::size_t token) const {
     const std::uint64_t packed = window[Slot(number, token)];
     if ((packed & kKnown) != 0 && packed >> kLapShift == Lap(token)) {
@@ -58,26 +58,26 @@ class TrialTable {
     }
   }
 
-  /// Tells that the parse stands at token index `token` for good: it never asks about a token
-  /// before it again.
+  /// Declares that the parse has moved to token index `token` for good and will never ask about an
+  /// earlier one.
   void Commit(std::size_t token) {
     if (farCount != 0 && token > lastFar) ForgetFar();
   }
 
-  /// Empties the table for the next file.
+  /// Clears the table for the next file.
   void Reset() {
     Clear();
     givenUp = false;
   }
 
-  /// Tells whether the time limit has given the file up. A change forgets everything, since rules
-  /// answer otherwise from then on.
+  /// Sets whether the time limit has aborted the parse of the file. A change clears the table,
+  /// since from then on rules have different outcomes.
   void SetGivenUp(bool now) {
     if (now != givenUp) Clear();
     givenUp = now;
   }
 
-  /// The furthest token that the trial in progress came to so far.
+  /// The furthest token that the current trial has reached.
   std::size_t reach = 0;
 
  private:
@@ -87,7 +87,7 @@ class TrialTable {
 
   struct Far {
     std::uint32_t token, end, reach;
-    std::uint32_t time;  ///< An entry of another time than `now` is an empty place.
+    std::uint32_t time;  ///< An entry whose time is not `now` is vacant.
     std::uint16_t number;
     std::uint16_t bits;
   };
@@ -96,10 +96,10 @@ class TrialTable {
     return kKnown | (outcome.success ? kSuccess : 0) | (outcome.matched ? kMatched : 0);
   }
   static std::size_t Slot(unsigned number, std::size_t token) {
-    // A predicate is mostly asked at one token after the other.
+    // Predicates are mostly evaluated at consecutive tokens.
     return number * kWindow + token % kWindow;
   }
-  /// Tells the tokens apart that share a place of the window, also those of earlier files.
+  /// Distinguishes tokens that share a slot of the window, including those of earlier files.
   std::uint64_t Lap(std::size_t token) const { return firstLap + token / kWindow; }
   std::size_t FarPlace(unsigned number, std::size_t token) const;
   Outcome FindFar(unsigned number, std::size_t token) const;
@@ -110,10 +110,10 @@ class TrialTable {
   bool givenUp = false;
   std::vector<std::uint64_t> window;
   std::uint64_t firstLap = 0;
-  std::vector<Far> far;  ///< Open addressing; its size is a power of two.
+  std::vector<Far> far;  ///< A hash table with open addressing; its size is a power of two.
   std::uint32_t now = 1;
   std::size_t farCount = 0;
-  std::size_t lastFar = 0;  ///< The largest token index among them.
+  std::size_t lastFar = 0;  ///< The largest token index in `far`.
 };
 
 }  // namespace vexltags

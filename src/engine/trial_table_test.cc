@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the kept trial outcomes.
+// Tests of the memoised outcomes.
 #include "engine/trial_table.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@ namespace {
 
 using Outcome = TrialTable::Outcome;
 
-/// A trial that succeeded, having looked at `tokens` tokens from `token` on.
+/// The outcome of a trial that succeeded after `tokens` tokens from `token` on.
 Outcome Success(std::size_t token, std::size_t tokens, bool matched = true) {
   return {true, true, matched, token + tokens, token + tokens};
 }
@@ -25,13 +25,13 @@ void ExpectSame(const Outcome& found, const Outcome& kept) {
   EXPECT_EQ(found.reach, kept.reach);
 }
 
-TEST(TrialTable, KnowsNothingAtFirst) {
+TEST(TrialTable, IsInitiallyEmpty) {
   TrialTable table;
   EXPECT_FALSE(table.Find(0, 0).known);
   EXPECT_FALSE(table.Find(TrialTable::kNumbers - 1, 1000000).known);
 }
 
-TEST(TrialTable, KeepsEachOutcomeApart) {
+TEST(TrialTable, DistinguishesNumbersAndTokens) {
   for (const std::size_t length : {std::size_t{0}, std::size_t{3}, TrialTable::kShort - 1,
                                    TrialTable::kShort, std::size_t{1000000}}) {
     TrialTable table;
@@ -49,7 +49,7 @@ TEST(TrialTable, KeepsEachOutcomeApart) {
   }
 }
 
-TEST(TrialTable, KeepsShortOnesOverAWholeWindow) {
+TEST(TrialTable, KeepsAWholeWindowOfShortTrials) {
   TrialTable table;
   for (unsigned number = 0; number < TrialTable::kNumbers; ++number) {
     for (std::size_t token = 0; token < TrialTable::kWindow; ++token) {
@@ -63,7 +63,7 @@ TEST(TrialTable, KeepsShortOnesOverAWholeWindow) {
   }
 }
 
-TEST(TrialTable, KeepsFarOnesUntilTheParseIsBehindAll) {
+TEST(TrialTable, KeepsLongTrialsUntilTheParseHasPassedAll) {
   TrialTable table;
   for (std::size_t token = 0; token < 10000; ++token) table.Keep(7, token, Failure(token, 100));
   table.Commit(9999);
@@ -78,7 +78,7 @@ TEST(TrialTable, KeepsFarOnesUntilTheParseIsBehindAll) {
   ExpectSame(table.Find(7, 10000), Success(10000, 200));
 }
 
-TEST(TrialTable, CommitBackwardsChangesNothing) {
+TEST(TrialTable, IgnoresACommitToAnEarlierToken) {
   TrialTable table;
   table.Commit(1000);
   table.Keep(0, 1000, Success(1000, 500));
@@ -86,7 +86,7 @@ TEST(TrialTable, CommitBackwardsChangesNothing) {
   EXPECT_TRUE(table.Find(0, 1000).known);
 }
 
-TEST(TrialTable, ResetForgetsAll) {
+TEST(TrialTable, ResetClearsTheTable) {
   TrialTable table;
   for (int file = 0; file < 3; ++file) {
     EXPECT_FALSE(table.Find(0, 7).known);
@@ -99,7 +99,7 @@ TEST(TrialTable, ResetForgetsAll) {
   }
 }
 
-TEST(TrialTable, GivingTheFileUpForgetsOnce) {
+TEST(TrialTable, AbortingTheFileClearsTheTableOnce) {
   TrialTable table;
   table.Keep(0, 7, Success(7, 1));
   table.Keep(0, 8, Success(8, 100));

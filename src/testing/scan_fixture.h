@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Lets a test see what a scanner makes of a text.
+// Runs a scanner on a text for unit tests.
 #pragma once
 
 #include <antlr3.h>
@@ -13,15 +13,15 @@
 
 namespace vexltags::testing_support {
 
-/// What a scanner gave for a text.
+/// The result of a scanner.
 struct Scanned {
   std::vector<std::string> tokens;  ///< "type:line:text" for each visible token.
-  std::size_t stopped = 0;          ///< Where it stopped; the length of the text when it read all.
-  unsigned line = 0;                ///< The line at that place.
+  std::size_t stopped = 0;  ///< Where it stopped; the length of the text if it read all of it.
+  unsigned line = 0;        ///< The 1-based line at that position.
   unsigned errors = 0;
 };
 
-/// Runs `scan` once over `text`.
+/// Runs `scan` once on `text`.
 inline Scanned ScanText(Scanner scan, const std::string& text) {
   std::vector<unsigned char> bytes(text.begin(), text.end());
   bytes.push_back(0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What unit tests need of the system: scratch folders, environment variables, child processes.
+// Scratch folders, environment variables and child processes for unit tests.
 #pragma once
 
 #include <sys/types.h>
@@ -17,7 +17,7 @@
 
 namespace vexltags::testing_support {
 
-/// An empty folder that goes away with the object. Its path holds no symbolic link.
+/// A temporary folder; removed on destruction. Its path contains no symbolic link.
 class ScratchFolder {
  public:
   ScratchFolder() {
@@ -32,7 +32,7 @@ class ScratchFolder {
   ScratchFolder(const ScratchFolder&) = delete;
   ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-  /// The path of `name` in the folder; of the folder itself for an empty name.
+  /// Returns the path of `name` in the folder, or of the folder itself if `name` is empty.
   std::string Path(const std::string& name = "") const {
     return name.empty() ? folder.string() : (folder / name).string();
   }
@@ -45,14 +45,14 @@ inline void WriteFile(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
-/// The bytes of a file; nothing if it cannot be opened.
+/// Returns the bytes of a file, or nothing if it cannot be opened.
 inline std::optional<std::string> ReadFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) return std::nullopt;
   return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
-/// Sets an environment variable, or unsets it for a null value, until the object goes away.
+/// Sets an environment variable, or unsets it if the value is null, until destruction.
 class ScopedVariable {
  public:
   ScopedVariable(const char* variable, const char* value) : name(variable) {
@@ -76,7 +76,7 @@ class ScopedVariable {
   std::optional<std::string> former;
 };
 
-/// Changes the working directory until the object goes away. `PWD` stays as it is.
+/// Changes the working directory until destruction. Does not change `PWD`.
 class ScopedDirectory {
  public:
   explicit ScopedDirectory(const std::string& path) : former(std::filesystem::current_path()) {
@@ -90,8 +90,8 @@ class ScopedDirectory {
   std::filesystem::path former;
 };
 
-/// Runs `body` in a child process, where statics, limits and descriptors may be changed freely.
-/// Returns what it returned (0 to 255), or minus the number of the signal that ended the child.
+/// Runs `body` in a child process, where it can change statics, limits and descriptors. Returns its
+/// result (0 to 255), or the negative number of the signal that terminated the child.
 inline int RunInChild(const std::function<int()>& body) {
   std::fflush(nullptr);
   const pid_t child = fork();

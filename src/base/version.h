@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The version of the program: the only place where it is written down.
+// The version of the program, defined only here.
 #pragma once
 
 namespace vexltags {
 
-/// Shown by `--version`, by the usage text and in the header of every tags file.
+/// Printed by `--version`, in the usage text and in the header of every tags file.
 inline constexpr char kVersion[] = "0.78a3";
 
 }  // namespace vexltags

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One ordered table of options, and the loop that compares each argument with it.
+// Implements the command line with an ordered table of options.
 #include "driver/command_line.h"
 
 #include <algorithm>
@@ -14,20 +14,20 @@
 namespace vexltags {
 namespace {
 
-/// How an argument that begins with a row's spelling is taken.
+/// The handling of an argument that matches a row of the table.
 enum class Take : std::uint8_t {
   kFlag,     ///< Sets `flag`.
-  kSwitch,   ///< Sets `flag` too, but only for an argument that is the spelling and no more.
+  kSwitch,   ///< Sets `flag`, but only if the argument equals the spelling.
   kYesNo,    ///< Sets `flag`, or clears it for "=no".
-  kSeconds,  ///< Stores the number behind `=` in `limit`.
+  kSeconds,  ///< Stores the number after `=` in `limit`.
   kWord,     ///< Calls `action` with the argument itself.
-  kValue,    ///< Calls `action` with the next argument; without one there is `complaint`.
-  kIgnored,  ///< Does nothing more.
+  kValue,    ///< Calls `action` with the next argument, or fails with `complaint` if there is none.
+  kIgnored,  ///< Does nothing.
 };
 
 using Action = ScanResult (*)(CommandLine& commandLine, const std::string& text);
 
-/// One row of the table of options, made by the functions below.
+/// A row of the table of options, constructed by the functions below.
 struct Row {
   std::vector<std::string> spellings;
   Take take;
@@ -62,7 +62,7 @@ ScanResult Fail(const std::string& message) {
   return ScanResult::kFailed;
 }
 
-/// True for a value that is an option by mistake; a lone `-` is none.
+/// Returns whether a value was probably meant as an option. `-` alone is a value.
 bool LooksLikeOption(const std::string& value) { return value.starts_with('-') && value != "-"; }
 
 ScanResult ShowUsage(CommandLine&, const std::string&) {
@@ -86,7 +86,7 @@ ScanResult SetSort(CommandLine& commandLine, const std::string& arg) {
   return Fail("--sort(=yes|=no|=foldcase) expected, " + arg);
 }
 
-/// Splits at commas. Empty pieces count, but not one behind a comma at the very end.
+/// Splits `value` at commas. Empty pieces count, except after a comma at the end.
 ScanResult AddFilterTokens(CommandLine& commandLine, const std::string& value) {
   std::vector<std::string>& tokens = commandLine.options.filterTokens;
   std::size_t start = 0;
@@ -137,9 +137,9 @@ ScanResult AddInputPath(CommandLine& commandLine, const std::string& arg) {
   return ScanResult::kRun;
 }
 
-/// The options in the order of comparison: an argument belongs to the first row with a spelling
-/// that it begins with, or, for a switch, that it is. So a longer name stands above its own
-/// beginning, and the row that takes everything, input paths included, comes last.
+/// Returns the options in the order of comparison. An argument matches the first row with a
+/// spelling that is a prefix of it or, for a switch, equal to it. A name therefore precedes its own
+/// prefixes, and the row that matches every argument, for input paths, is the last.
 const std::vector<Row>& Table() {
   static const std::vector<Row> rows = {
       Word({"-h", "--help"}, ShowUsage),
@@ -174,7 +174,7 @@ bool Matches(const Row& row, const std::string& arg, const std::string& spelling
   return row.take == Take::kSwitch ? arg == spelling : MatchArg(arg, spelling);
 }
 
-/// The first row that `arg` belongs to, with the spelling that it begins with.
+/// Returns the first row that matches `arg`, and the spelling that matches.
 std::pair<const Row*, const std::string*> FindRow(const std::string& arg) {
   const Row* row = nullptr;
   const std::string* spelling = nullptr;
@@ -187,7 +187,7 @@ std::pair<const Row*, const std::string*> FindRow(const std::string& arg) {
   return {row, spelling};
 }
 
-/// Whole microseconds, cut towards zero; beyond 64 bits the nearest limit, and 0 for no number.
+/// Converts to microseconds, truncated towards zero and clamped to 64 bits. NaN gives 0.
 std::int64_t ToMicroseconds(double seconds) {
   const double result = seconds * 1000000;
   if (result != result) return 0;

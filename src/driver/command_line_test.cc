@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the scan: every option, every refusal, and the order in which options are compared.
+// Tests of the command line: every option, every error, and the order of comparison.
 #include "driver/command_line.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-/// What a scan left behind.
+/// The result of a scan.
 struct Scan {
   explicit Scan(const Strings& arguments) {
     testing::internal::CaptureStdout();
@@ -29,7 +29,7 @@ struct Scan {
   std::string err;
 };
 
-/// A scan that goes on to the run without a word.
+/// Scans `arguments`, expecting success without a message.
 CommandLine Accepted(const Strings& arguments) {
   const Scan scan(arguments);
   EXPECT_EQ(scan.result, ScanResult::kRun) << testing::PrintToString(arguments);
@@ -38,7 +38,7 @@ CommandLine Accepted(const Strings& arguments) {
   return scan.line;
 }
 
-TEST(MatchArg, TestsABeginning) {
+TEST(MatchArg, MatchesAPrefix) {
   const struct {
     const char* arg;
     const char* option;
@@ -65,7 +65,7 @@ TEST(MatchArg, NeverClearsTheFlag) {
   EXPECT_TRUE(flag);
 }
 
-TEST(MatchYesNoArg, IsFalseForNoAlone) {
+TEST(MatchYesNoArg, IsFalseOnlyForNo) {
   const struct {
     const char* arg;
     bool expected;
@@ -83,7 +83,7 @@ TEST(MatchYesNoArg, IsFalseForNoAlone) {
   }
 }
 
-TEST(MatchYesNoArg, LeavesTheFlagWithoutAMatch) {
+TEST(MatchYesNoArg, KeepsTheFlagWithoutAMatch) {
   for (bool flag : {false, true}) {
     const bool before = flag;
     EXPECT_FALSE(MatchYesNoArg("--time=no", "--append", flag));
@@ -91,7 +91,7 @@ TEST(MatchYesNoArg, LeavesTheFlagWithoutAMatch) {
   }
 }
 
-TEST(EndsWithEqualsNumber, ReadsBehindTheLastEquals) {
+TEST(EndsWithEqualsNumber, ReadsTheNumberAfterTheLastEqualsSign) {
   const struct {
     const char* arg;
     double expected;
@@ -112,7 +112,7 @@ TEST(EndsWithEqualsNumber, ReadsBehindTheLastEquals) {
   }
 }
 
-TEST(EndsWithEqualsNumber, NeedsSomethingBehindAnEquals) {
+TEST(EndsWithEqualsNumber, RequiresAValueAfterTheEqualsSign) {
   for (const char* arg : {"", "--abortIfLonger", "=", "--abortIfLonger=", "x=1="}) {
     double number = -7;
     EXPECT_FALSE(EndsWithEqualsNumber(arg, number)) << arg;
@@ -170,7 +170,7 @@ constexpr FlagRow kYesNo[] = {
     {"--append", &Options::append},
 };
 
-/// Expects `options` to be the defaults but for `flag`, which is `value`.
+/// Expects `options` to be the defaults except that `flag` is `value`.
 void ExpectOnly(const Options& options, bool Options::*flag, bool value, const std::string& arg) {
   Options expected;
   expected.*flag = value;
@@ -204,11 +204,11 @@ TEST(ScanCommandLine, SetsAndClearsYesNoFlags) {
   }
 }
 
-TEST(ScanCommandLine, TriesLongerNamesBeforeTheirBeginnings) {
+TEST(ScanCommandLine, TriesNamesBeforeTheirPrefixes) {
   EXPECT_FALSE(Accepted({"--debugDumpFilenames"}).options.debugDump);
   EXPECT_FALSE(Accepted({"--debugDumpFilesWithHugeOutput"}).options.debugDump);
   EXPECT_TRUE(Accepted({"--debugDumpFiles"}).options.debugDump);
-  // A short option takes every longer word with its letter, known or not.
+  // A short option matches every argument that begins with it, known or not.
   EXPECT_EQ(Accepted({"-filterToken", "x"}).outputPath, "x");
   EXPECT_EQ(Accepted({"-Lfoo", "bar"}).listPath, "bar");
   EXPECT_EQ(Accepted({"-foo", "bar"}).outputPath, "bar");
@@ -227,7 +227,7 @@ TEST(ScanCommandLine, SortsByTheEndOfTheArgument) {
   EXPECT_EQ(Accepted({"--sort=no", "--sort=yes"}).options.sort, 1);
 }
 
-TEST(ScanCommandLine, CutsSecondsToWholeMicroseconds) {
+TEST(ScanCommandLine, TruncatesSecondsToMicroseconds) {
   const struct {
     const char* value;
     std::int64_t expected;
@@ -247,7 +247,7 @@ TEST(ScanCommandLine, CutsSecondsToWholeMicroseconds) {
   EXPECT_EQ(options.abortIfLonger, 2000000);
 }
 
-/// The tokens that `arguments` add to the built-in ones, sorted.
+/// Returns the filter tokens that `arguments` add to the built-in ones, sorted.
 Strings AddedTokens(const Strings& arguments) {
   Strings result = Accepted(arguments).options.filterTokens;
   for (const std::string& token : Options().filterTokens) std::erase(result, token);
@@ -271,13 +271,14 @@ TEST(ScanCommandLine, SplitsFilterTokensAtCommas) {
   EXPECT_EQ(AddedTokens({"-Ix", "y", "-I", "z"}), (Strings{"y", "z"}));
 }
 
-TEST(ScanCommandLine, SortsFilterTokensAndDropsDoubles) {
+TEST(ScanCommandLine, SortsFilterTokensAndRemovesDuplicates) {
   const Strings tokens =
       Accepted({"-I", "b,a,a", "-I", "DEPRECATED_IN_MAC_OS_X_VERSION_10_5_AND_LATER,b"})
           .options.filterTokens;
   ASSERT_EQ(tokens.size(), 17U);
   EXPECT_TRUE(std::is_sorted(tokens.begin(), tokens.end()));
-  // By bytes, "..._AND_LATER" sorts before its own continuation and capitals before the rest.
+  // By bytes, "..._AND_LATER" sorts before longer tokens that begin with it, and capitals sort
+  // first.
   EXPECT_EQ(tokens[0], "AVAILABLE_MAC_OS_X_VERSION_10_0_AND_LATER");
   EXPECT_EQ(tokens[1],
             "AVAILABLE_MAC_OS_X_VERSION_10_0_AND_LATER_BUT_DEPRECATED_IN_MAC_OS_X_VERSION_10_5");
@@ -285,7 +286,7 @@ TEST(ScanCommandLine, SortsFilterTokensAndDropsDoubles) {
   EXPECT_EQ(tokens[16], "b");
 }
 
-TEST(ScanCommandLine, TakesTheListFile) {
+TEST(ScanCommandLine, AcceptsAListFile) {
   const CommandLine file = Accepted({"a.c", "-L", "list"});
   EXPECT_TRUE(file.hasListFile);
   EXPECT_EQ(file.listPath, "list");
@@ -298,7 +299,7 @@ TEST(ScanCommandLine, TakesTheListFile) {
   EXPECT_FALSE(Accepted({"a.c"}).hasListFile);
 }
 
-TEST(ScanCommandLine, TakesTheOutputFile) {
+TEST(ScanCommandLine, AcceptsAnOutputFile) {
   const CommandLine file = Accepted({"-f", "tags"});
   EXPECT_TRUE(file.hasOutputFile);
   EXPECT_EQ(file.outputPath, "tags");
@@ -308,7 +309,7 @@ TEST(ScanCommandLine, TakesTheOutputFile) {
   EXPECT_EQ(Accepted({"-f", "-", "-f", "tags"}).outputPath, "tags");
 }
 
-TEST(ScanCommandLine, IgnoresFourOptionsThatTakeNoValue) {
+TEST(ScanCommandLine, IgnoresFourOptionsWithoutValues) {
   for (const char* option : {"--c-kinds", "--c-kinds=+p", "--excmd=number", "--excmd=numbers",
                              "--language-force", "--language-force=C"}) {
     EXPECT_EQ(Accepted({option, "foo"}).inputPaths, Strings{"foo"}) << option;
@@ -322,7 +323,7 @@ TEST(ScanCommandLine, IgnoresFourOptionsThatTakeNoValue) {
   }
 }
 
-TEST(ScanCommandLine, TakesEverythingElseAsInputPath) {
+TEST(ScanCommandLine, TreatsEverythingElseAsAnInputPath) {
   const Strings paths = {
       "a.c", "--foo", "-",  "",   "-x",    "--excmd=pattern", "--Sort", "--canonical-paths",
       "-i",  "-l",    "-F", "--", "dir/b", "--dumperrors",    " -h"};
@@ -354,7 +355,7 @@ TEST(ScanCommandLine, ShowsUsageAndVersionAndStops) {
   EXPECT_NE(Scan({"-h", "-v"}).out.find("Usage"), std::string::npos);
 }
 
-TEST(ScanCommandLine, RefusesWithAMessage) {
+TEST(ScanCommandLine, RejectsWithAMessage) {
   const struct {
     Strings arguments;
     const char* message;
@@ -401,12 +402,12 @@ TEST(ScanCommandLine, StopsAtTheFirstBadArgument) {
   EXPECT_EQ(scan.out, "");
 }
 
-TEST(ScanCommandLine, AsksForTheOutputFileOnlyWhenAppendStaysOn) {
+TEST(ScanCommandLine, RequiresAnOutputFileOnlyIfAppendIsOn) {
   EXPECT_FALSE(Accepted({"--append", "--append=no", "a.c"}).options.append);
   EXPECT_TRUE(Accepted({"--append", "a.c", "-f", "tags"}).options.append);
 }
 
-TEST(ScanCommandLine, TakesThoroughInItsExactSpellingOnly) {
+TEST(ScanCommandLine, MatchesThoroughExactly) {
   EXPECT_FALSE(Accepted({"a.c"}).options.thorough);
   EXPECT_TRUE(Accepted({"--thorough", "a.c"}).options.thorough);
   for (const char* path : {"--thoroughly", "--thorough=yes", "--thorough ", "--thoroug"}) {
@@ -416,7 +417,7 @@ TEST(ScanCommandLine, TakesThoroughInItsExactSpellingOnly) {
   }
 }
 
-TEST(ScanCommandLine, GathersMacroPaths) {
+TEST(ScanCommandLine, CollectsMacroPaths) {
   EXPECT_EQ(Accepted({"a.c"}).options.macroPaths, Strings{});
   const CommandLine line = Accepted({"--macros=include", "a.c", "--macros=x=y.h"});
   EXPECT_EQ(line.options.macroPaths, (Strings{"include", "x=y.h"}));

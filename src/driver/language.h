@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The languages that are built in, and which file is of which.
+// Selects the language of a file.
 #pragma once
 
 #include <string>
@@ -11,15 +11,15 @@ namespace vexltags {
 
 /// One row of the language table.
 struct Language {
-  const char* suffix;  ///< Exact end of the path; empty for the row that takes everything else.
+  const char* suffix;  ///< The exact suffix of the path; empty for the row that matches every path.
   const char* name;
   NewLanguageReader newReader;
-  /// What gives a file its reading for `--thorough`; null for a language that has none.
+  /// Returns the `Reading` of a file for `--thorough`; null if the language has none.
   Reading* (thorough::Session::*reading)(const std::string& path) = nullptr;
 };
 
-/// The language of a file, by the end of its path as it was given, exact and case-sensitive. What
-/// is neither Python nor Swift is of the C family.
+/// Returns the language of a file by the suffix of its path as given, case-sensitively. Files that
+/// are neither Python nor Swift belong to the C family.
 const Language& LanguageOf(const std::string& path);
 
 }  // namespace vexltags

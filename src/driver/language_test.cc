@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the choice of language.
+// Tests of language selection.
 #include "driver/language.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 namespace vexltags {
 namespace {
 
-TEST(LanguageOf, GoesByTheExactEndOfThePath) {
+TEST(LanguageOf, ComparesTheExactSuffix) {
   const struct {
     const char* path;
     const char* name;

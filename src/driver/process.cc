@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Indexes files, one by one: path, language by suffix, recogniser, reports.
+// Indexes a file: resolves its path, reads it, runs the recogniser and reports.
 #include "driver/process.h"
 
 #include <sys/stat.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Indexes files, one by one: language by suffix, recogniser, start rule, report.
+// Indexes the files of a run.
 #pragma once
 
 #include <cstdint>
@@ -19,40 +19,39 @@
 
 namespace vexltags {
 
-/// Finds the highest source line that got a tag, by looking at every complete line of the sink.
+/// Determines the highest source line with a tag from the lines that are added to the sink.
 struct LastLineObserver {
   std::int32_t* lastLine;  ///< Largest 1-based line so far; not owned.
 
-  /// Raises `*lastLine` to the number between the last tab before the first `;` of `line` and that
-  /// `;`, counting nothing as 0. A header line, and one without such a tab or with anything but
-  /// digits there, changes nothing.
+  /// Raises `*lastLine` to the number between the first `;` of `line` and the last tab before it;
+  /// an empty number is 0. Ignores header lines and lines with no such tab or with other characters
+  /// there.
   void operator()(const std::string& line);
 };
 
-/// Indexes the files of one run, one after the other. What one file leaves for the next to use
-/// again lives here: the folder last resolved, the buffer, the recognisers of each language.
+/// Indexes the files of one run, one after the other. Owns everything that is reused for later
+/// files: the last resolved folder, the buffer, the recognisers of each language.
 class Indexer {
  public:
-  /// `paths` are all files of the run; only `--thorough` looks at them. `options` must outlive the
+  /// `paths` are all files of the run; only `--thorough` uses them. `options` must outlive the
   /// object.
   Indexer(const Options& options, const std::vector<std::string>& paths);
 
-  /// Indexes the file at `path` and hands its tag lines to `dumper`. The language follows from the
-  /// suffix of `path` as given. Returns 0 when the file could be read and its grammar was run,
-  /// however the parse went, and -1 after a message on standard error when it could not, or when
-  /// `path` is empty.
+  /// Indexes the file at `path` and adds its tag lines to `dumper`. The suffix of `path` as given
+  /// selects the language. Returns 0 if the file could be read, whatever the result of the parse.
+  /// Otherwise, or if `path` is empty, prints a message to standard error and returns -1.
   int Process(const std::string& path, Dumper& dumper);
 
  private:
-  /// The reader of `language`, made when its first file comes.
+  /// Returns the reader of `language`, which is created for its first file.
   LanguageReader& ReaderOf(const Language& language);
 
   const Options& options;
   PathResolver resolver;
   SourceFile source;
-  /// By the function that made them. They read the input stream of `source`, so they go first.
+  /// Keyed by constructor. Declared after `source`, since they read its input stream.
   std::vector<std::pair<NewLanguageReader, std::unique_ptr<LanguageReader>>> readers;
-  std::optional<thorough::Session> session;  ///< With `--thorough` alone.
+  std::optional<thorough::Session> session;  ///< Only with `--thorough`.
 };
 
 }  // namespace vexltags

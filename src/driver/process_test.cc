@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the observer that finds the last tagged line, and of indexing file after file.
+// Tests of the last-line observer and of indexing several files.
 #include "driver/process.h"
 
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ TEST(LastLineObserver, KeepsTheLargestNumber) {
   EXPECT_EQ(LastLineOf({"a\tf\t7;\"\tf\n", "b\tf\t30;\"\tf\n", "c\tf\t9;\"\tf\n"}), 30);
 }
 
-TEST(LastLineObserver, TakesNoNumberFromWhatIsNoTagLine) {
+TEST(LastLineObserver, IgnoresLinesThatAreNotTags) {
   EXPECT_EQ(LastLineOf({"!_TAG\t2\t5;\n"}), -1);
   EXPECT_EQ(LastLineOf({"a\tf\t7\n"}), -1);
   EXPECT_EQ(LastLineOf({"a f 7;\"\n"}), -1);
@@ -38,11 +38,9 @@ TEST(LastLineObserver, TakesNoNumberFromWhatIsNoTagLine) {
   EXPECT_EQ(LastLineOf({""}), -1);
 }
 
-TEST(LastLineObserver, TakesNothingBetweenTabAndSemicolonAsZero) {
-  EXPECT_EQ(LastLineOf({"a\tf\t;\"\n"}), 0);
-}
+TEST(LastLineObserver, TreatsAnEmptyNumberAsZero) { EXPECT_EQ(LastLineOf({"a\tf\t;\"\n"}), 0); }
 
-/// The names of the tags that one `Indexer` finds in files of these names and texts.
+/// Returns the names of the tags that one `Indexer` finds in files with these names and texts.
 std::vector<std::string> NamesIn(const std::vector<std::pair<std::string, std::string>>& files,
                                  bool thorough) {
   const testing_support::ScratchFolder scratch;
@@ -65,7 +63,7 @@ std::vector<std::string> NamesIn(const std::vector<std::pair<std::string, std::s
 
 using Names = std::vector<std::string>;
 
-TEST(Indexer, KeepsTheFilesOfARunApart) {
+TEST(Indexer, SeparatesTheFilesOfARun) {
   const std::pair<std::string, std::string> c = {"a.c", "namespace open { int in;"};
   const std::pair<std::string, std::string> python = {"b.py", "class C:\n  def f(): pass\n"};
   const std::pair<std::string, std::string> other = {"d.c", "int out;\n"};
@@ -73,7 +71,7 @@ TEST(Indexer, KeepsTheFilesOfARunApart) {
             (Names{"open", "in", "C", "f", "out", "C", "f", "open", "in"}));
 }
 
-TEST(Indexer, ResumesAfterAStrayTokenOnlyWhenThorough) {
+TEST(Indexer, ResumesAfterAStrayTokenOnlyIfThorough) {
   const std::pair<std::string, std::string> c = {"a.c", "int a;\n)\nint b;\n) ) int c;\n"};
   EXPECT_EQ(NamesIn({c}, false), Names{"a"});
   EXPECT_EQ(NamesIn({c}, true), (Names{"a", "b", "c"}));

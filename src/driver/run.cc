@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The steps of a run, and what the process needs around them.
+// The steps of a run.
 #include "driver/run.h"
 
 #include <fcntl.h>
@@ -19,15 +19,15 @@
 namespace vexltags {
 namespace {
 
-/// Turns signals about failed writes into plain errors, which the writer reports.
+/// Ignores the signals of failed writes. The writes then return errors, which the writer reports.
 void IgnoreWriteSignals() {
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
 }
 
-/// Fills the places of standard streams that the caller closed, with descriptors on which every
-/// read or write fails. Otherwise the next file opened would take the place, and messages would
-/// land in the tags file.
+/// Replaces standard streams that the caller closed by descriptors on which every read or write
+/// fails. Otherwise the next opened file would get their number, and messages would end up in the
+/// tags file.
 void FillStandardStreams() {
   for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(fd, F_GETFD) != -1) continue;
@@ -35,8 +35,7 @@ void FillStandardStreams() {
   }
 }
 
-/// Ends the run where memory has ended, as any failed run ends: nothing that could go on is left,
-/// and nothing here may ask for memory.
+/// Ends the run when memory runs out, with the status of any failed run. Must not allocate.
 [[noreturn]] void EndWithoutMemory() {
   static constexpr std::string_view kMessage = "out of memory\n";
   const ssize_t written = write(STDERR_FILENO, kMessage.data(), kMessage.size());
@@ -44,7 +43,7 @@ void FillStandardStreams() {
   _exit(255);
 }
 
-/// Indexes all paths in order. Returns 0 if at least one succeeded, else the result of the last.
+/// Indexes all paths in order. Returns 0 if at least one succeeded, otherwise the last result.
 int IndexFiles(const std::vector<std::string>& paths, const Options& options, Dumper& dumper,
                const FileIndexer& indexFile) {
   bool anySucceeded = false;
@@ -57,7 +56,7 @@ int IndexFiles(const std::vector<std::string>& paths, const Options& options, Du
   return anySucceeded ? 0 : result;
 }
 
-/// Reports text that standard output did not take, unless the run has failed already.
+/// Reports a failed write to standard output, unless the run has already failed.
 int FinishStandardOutput(int status) {
   const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
   if (written || status != 0) return status;
@@ -90,7 +89,7 @@ int RunToStatus(const std::vector<std::string>& arguments, FileIndexer indexFile
   }
   Dumper dumper;
   if (commandLine.hasOutputFile) dumper.SetOutput(commandLine.outputPath);
-  // Without any path, the one empty path makes the indexer say that there is nothing to read.
+  // If there are no paths, an empty path makes the indexer print the appropriate message.
   const int status =
       paths.empty() ? indexFile("", dumper) : IndexFiles(paths, options, dumper, indexFile);
   return status == 0 ? dumper.Dump(options) : status;

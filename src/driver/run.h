@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The run from argv to exit status, step by step.
+// Runs the program, from argv to the exit status.
 #pragma once
 
 #include <functional>
@@ -9,12 +9,12 @@
 
 namespace vexltags {
 
-/// What indexes one file, see `Indexer::Process`.
+/// A function that indexes one file, like `Indexer::Process`.
 using FileIndexer = std::function<int(const std::string& path, Dumper& dumper)>;
 
-/// Does everything that the arguments ask for and returns the exit status, 0 or -1. A closed pipe
-/// and a file size limit are made to show up as failed writes for the whole process. `indexFile`
-/// takes the place of an `Indexer`; only tests give one.
+/// Executes the command line and returns the exit status, 0 or -1. Ignores, for the whole process,
+/// the signals of a closed pipe and a file size limit, so that writes fail instead. Tests can pass
+/// `indexFile` to replace the `Indexer`.
 int Run(int argc, const char* const* argv, FileIndexer indexFile = nullptr);
 
 }  // namespace vexltags

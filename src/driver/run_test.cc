@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the steps of a run, with a function in place of the indexing of a file.
+// Tests of the steps of a run, with a fake indexer.
 #include "driver/run.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 Strings indexedPaths;
 
-/// Gives one tag named after each path that begins with "good"; fails with minus its length else.
+/// Adds a tag named like the path if it begins with "good"; otherwise fails with minus its length.
 int FakeProcess(const std::string& path, Dumper& dumper) {
   indexedPaths.push_back(path);
   if (!path.starts_with("good")) return -static_cast<int>(path.size());
@@ -37,7 +37,7 @@ class RunTest : public testing::Test {
   }
   void TearDown() override { fs::remove_all(folder); }
 
-  /// Runs with `arguments` behind the program's name.
+  /// Runs with the program name followed by `arguments`.
   int RunWith(const Strings& arguments) {
     std::vector<const char*> argv = {"vexltags"};
     for (const std::string& argument : arguments) argv.push_back(argument.c_str());
@@ -87,11 +87,11 @@ TEST_F(RunTest, ReturnsTheLastResultIfAllFail) {
   EXPECT_EQ(out, "");
 }
 
-TEST_F(RunTest, IndexesTheEmptyPathWhenThereIsNoOther) {
+TEST_F(RunTest, IndexesAnEmptyPathIfThereAreNone) {
   EXPECT_EQ(RunWith({"--sort=yes", "--debugDumpFilenames"}), 0);
   EXPECT_EQ(indexedPaths, Strings{""});
   EXPECT_EQ(err, "") << "no file is named when there is none";
-  // A result of 0 leads to the output here too.
+  // A result of 0 writes the output here, too.
   EXPECT_TRUE(out.starts_with("!_TAG_FILE_FORMAT"));
 }
 
@@ -102,13 +102,13 @@ TEST_F(RunTest, TreatsAnEmptyOrMissingListAsNoPath) {
   EXPECT_EQ(indexedPaths, (Strings{"", ""}));
 }
 
-TEST_F(RunTest, AddsTheListBehindTheArguments) {
+TEST_F(RunTest, AppendsTheListToTheArguments) {
   const std::string list = File("list", std::string("goodB\0goodC\n\n", 13));
   EXPECT_EQ(RunWith({"goodA", "-L", list}), 0);
   EXPECT_EQ(indexedPaths, (Strings{"goodA", "goodB", "goodC"}));
 }
 
-TEST_F(RunTest, NamesListAndFilesOnRequest) {
+TEST_F(RunTest, PrintsListAndFilesOnRequest) {
   const std::string list = File("list", "goodB\n");
   EXPECT_EQ(RunWith({"--debugDumpFilenames", "bad", "-L", list}), 0);
   EXPECT_EQ(err, "Indexing: " + list + "\nIndexing: bad\nIndexing: goodB\n");
@@ -136,7 +136,7 @@ TEST_F(RunTest, IndexesNothingAfterABadArgumentOrHelp) {
   EXPECT_EQ(indexedPaths, Strings{});
 }
 
-TEST_F(RunTest, TakesAnArgumentVectorWithoutAName) {
+TEST_F(RunTest, AcceptsAnEmptyArgumentVector) {
   testing::internal::CaptureStdout();
   EXPECT_EQ(vexltags::Run(0, nullptr, FakeProcess), 0);
   EXPECT_NE(testing::internal::GetCapturedStdout().find("Usage: vexltags"), std::string::npos);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A source file in memory, as the recognisers read it.
+// Reads source files.
 #include "driver/source_file.h"
 
 #include <fcntl.h>
@@ -12,7 +12,7 @@
 namespace vexltags {
 namespace {
 
-/// A file descriptor that closes itself.
+/// Owns a file descriptor.
 class Descriptor {
  public:
   explicit Descriptor(int number) : number(number) {}
@@ -27,16 +27,17 @@ class Descriptor {
   int number;
 };
 
-/// True for the device that reads as an empty file. Anything else that is no regular file may block
-/// or never end.
+/// Returns whether the file is the null device, which reads as an empty file. Reading other special
+/// files could block or never end.
 bool IsNullDevice(const struct stat& status) {
   struct stat null;
   return S_ISCHR(status.st_mode) && stat("/dev/null", &null) == 0 && S_ISCHR(null.st_mode) &&
          status.st_rdev == null.st_rdev;
 }
 
-/// Reads to the end, whatever the size was said to be: the file may grow or shrink meanwhile. There
-/// is always room for one character more, so that `bytes` has an address also for an empty file.
+/// Reads to the end of the file, which can grow or shrink meanwhile; `expected` is its size
+/// according to the file system. `bytes` always has room for one more character, so that it is
+/// never empty.
 bool ReadAll(int file, std::size_t expected, std::vector<ANTLR3_UINT8>& bytes,
              std::size_t& length) {
   constexpr std::size_t kLargest = UINT32_MAX - 1;
@@ -49,8 +50,8 @@ bool ReadAll(int file, std::size_t expected, std::vector<ANTLR3_UINT8>& bytes,
     if (count < 0) return false;
     if (count == 0) break;
     size += static_cast<std::size_t>(count);
-    // A regular file that gives less than there is room for, and what was expected, has ended. Not
-    // so those of the kernel, which all say that they are empty.
+    // The expected size without filling the buffer means the end of the file. This saves a read,
+    // but does not apply to kernel files, whose reported size is 0.
     if (size == expected && size < bytes.size()) break;
     if (size > kLargest) return false;
   }
@@ -61,7 +62,7 @@ bool ReadAll(int file, std::size_t expected, std::vector<ANTLR3_UINT8>& bytes,
 }  // namespace
 
 bool SourceFile::Read(const std::string& path) {
-  // Without O_NONBLOCK opening a FIFO waits for a writer.
+  // Without O_NONBLOCK, opening a FIFO waits for a writer.
   const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (file.Number() < 0) return false;
   struct stat status;
@@ -78,7 +79,7 @@ bool SourceFile::Read(const std::string& path) {
     input.reset(antlr3StringStreamNew(bytes.data(), ANTLR3_ENC_8BIT, size, name.data()));
     return input != nullptr;
   }
-  // The strings that the last file's recognisers asked for live in the stream's factory.
+  // Frees the strings of the last file, which belong to the stream's factory.
   input->strFactory->close(input->strFactory);
   input->strFactory = antlr3StringFactoryNew(ANTLR3_ENC_8BIT);
   input->istream->streamName = nullptr;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A source file in memory, as the recognisers read it.
+// A source file in memory.
 #pragma once
 
 #include <antlr3.h>
@@ -10,16 +10,17 @@
 
 namespace vexltags {
 
-/// Holds the bytes of one regular file and the runtime's input stream over them, one character per
-/// byte with no decoding. Can read one file after the other; buffer and stream are then used again.
+/// The bytes of a file and the runtime's input stream over them, with one character per byte and no
+/// decoding. Can read several files in turn, reusing buffer and stream.
 class SourceFile {
  public:
-  /// Reads the file at `path` whole; the null device is an empty file. False when the path names a
-  /// directory, FIFO, socket or any other device, cannot be opened or read, or has 4 GiB or more.
+  /// Reads the file at `path`; the null device is an empty file. Returns false if the path names a
+  /// directory, FIFO, socket or other device, cannot be opened or read, or has 4 GiB or more.
   bool Read(const std::string& path);
 
-  /// The input stream at the start of the file; null before the first successful `Read`. After a
-  /// parse its `line` is the number of newlines that the lexer went past, plus 1.
+  /// Returns the input stream, positioned at the start of the file; null before the first
+  /// successful `Read`. After a parse, its `line` is 1 plus the number of newlines that the lexer
+  /// has read.
   pANTLR3_INPUT_STREAM Input() const { return input.get(); }
 
  private:

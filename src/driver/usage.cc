@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The text of the help page, and the date of the build.
+// The usage text and the version line.
 #include "driver/usage.h"
 
 #include <cstdio>
 
 #include "base/version.h"
 
-// The build passes its own date, so that a build can be repeated byte for byte.
+// The build system passes the date, so that builds are reproducible.
 #ifndef VEXLTAGS_BUILD_DATE
 #define VEXLTAGS_BUILD_DATE __DATE__
 #endif
@@ -28,7 +28,7 @@ void Usage() {
       --cannonical-paths(=yes|=no) Use ~ for home.
       --sort(=yes|=no|=foldcase)   Sort resulting tags.
 )"
-      // A literal of its own, for the blanks at the end of its first line.
+      // A separate literal, because the line ends in blanks.
       "  -I <token>                       \n"
       R"(      --filterToken <token>        Add a comma-separated list of tokens to ignore by the parser.
   -L <fileName>                    Read a list of file paths to tag from a specified file. Use "-" to read the paths from <stdin>.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the help page and the version line, and of their agreement with the scan.
+// Tests of the usage text and the version line, and of their agreement with the command line.
 #include "driver/usage.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ std::string OutputOf(void (*print)()) {
   return testing::internal::GetCapturedStdout();
 }
 
-/// The text between `before`, which must begin `text`, and `after`.
+/// Returns the text between `before`, which must be at the start of `text`, and `after`.
 std::string Between(const std::string& text, const std::string& before, const std::string& after) {
   EXPECT_TRUE(text.starts_with(before)) << text;
   const std::size_t end = text.find(after, before.size());
@@ -29,7 +29,7 @@ std::string Between(const std::string& text, const std::string& before, const st
   return text.substr(before.size(), end - before.size());
 }
 
-/// True for a date of the form "Mar 16 2025" or "Mar  6 2025".
+/// Returns whether `text` is a date of the form "Mar 16 2025" or "Mar  6 2025".
 bool IsDate(const std::string& text) {
   const std::string form = "Aaa 99 9999";
   if (text.size() != form.size() || text[4] == '0') return false;
@@ -61,7 +61,7 @@ TEST(Usage, BeginsWithBannerLanguagesAndBuildDate) {
   EXPECT_TRUE(IsDate(date)) << date;
 }
 
-TEST(Usage, DatesTheBuildAsTheVersionLineDoes) {
+TEST(Usage, HasTheBuildDateOfTheVersionLine) {
   const std::string version = OutputOf(Version);
   const std::string date = version.substr(version.find(", ") + 2);
   EXPECT_NE(OutputOf(Usage).find("\nBuilt: " + date), std::string::npos);
@@ -74,8 +74,7 @@ TEST(Usage, KeepsBlanksAtLineEnds) {
   EXPECT_TRUE(text.ends_with("Print indexed file name to stderr\n"));
 }
 
-/// The options that `text` names at the heads of its lines: `-x` and `--word`, without what
-/// follows.
+/// Returns the options at the beginning of the lines of `text`: `-x` and `--word`, without values.
 std::vector<std::string> NamedOptions(const std::string& text) {
   std::vector<std::string> result;
   std::istringstream lines(text);
@@ -91,7 +90,7 @@ std::vector<std::string> NamedOptions(const std::string& text) {
   return result;
 }
 
-TEST(Usage, NamesTheOptionsOfTheScanButNine) {
+TEST(Usage, ListsAllOptionsExceptNine) {
   std::vector<std::string> expected = OptionSpellings();
   for (const char* silent :
        {"--time", "--debugDumpFilesWithHugeOutput", "--checkForFilesWithAbortedParse", "--exclude",

@@ -35,7 +35,7 @@ TEST_F(FollowStackTest, SetsContainTokenTypes) {
   EXPECT_TRUE(FollowStack::Has(set, 1));
 }
 
-TEST_F(FollowStackTest, UnitesSetsOfDifferentLengths) {
+TEST_F(FollowStackTest, UnitesSetsOfAnyLength) {
   stack.Push(&low);
   EXPECT_EQ(stack.All(), (FollowStack::Union{0x12, 0, 0}));
   stack.Push(&high);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The items of one grammar, as a `Reading` asks for them.
+// Implements `ItemParser` for a generated parser.
 #pragma once
 
 #include <any>
@@ -14,7 +14,7 @@ namespace vexltags {
 template <class Grammar>
 class GrammarItems final : public ItemParser {
  public:
-  /// `parser` is ready to read its first token.
+  /// `parser` must be ready to read its first token.
   explicit GrammarItems(typename Grammar::Parser* parser) : parser(parser) {}
 
   TokenTable& Tokens() override { return *parser->tokens; }
@@ -26,9 +26,9 @@ class GrammarItems final : public ItemParser {
   bool ReadItem() override {
     if (StopsAtTimeLimit()) return false;
     const pANTLR3_RECOGNIZER_SHARED_STATE state = parser->pParser->rec->state;
-    state->errorRecovery = ANTLR3_FALSE;  // Or an error directly after another would not count.
+    state->errorRecovery = ANTLR3_FALSE;  // So that an error directly after another one counts.
     const ANTLR3_UINT32 errorsBefore = state->errorCount;
-    // Any token may come after an item, so recovery stops where the error is.
+    // Any token can follow an item, so recovery stops at the error.
     parser->follows->Push(FollowStack::AllTypes());
     Grammar::ReadItem(parser);
     parser->follows->Pop();
@@ -40,7 +40,8 @@ class GrammarItems final : public ItemParser {
  private:
   std::any AnyTagBuilder() override { return parser->builder; }
 
-  /// True if the file is over its time limit. Its rules then fail everywhere, so its end is next.
+  /// If the file has exceeded its time limit, seeks to its end and returns true. All rules would
+  /// fail.
   bool StopsAtTimeLimit() {
     if (!parser->fileState->Aborted()) return false;
     Tokens().Seek(Tokens().Count());

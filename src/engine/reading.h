@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The hook by which a file can be read in another way than by its grammar alone.
+// The hook for reading a file differently from its grammar alone.
 #pragma once
 
 #include <antlr3.h>
@@ -10,32 +10,33 @@
 
 namespace vexltags {
 
-/// What a `Reading` drives: the parser of one file, item by item. An item is what the grammar's
-/// start rule repeats: a declaration, a brace, a directive.
+/// The parser of one file, driven item by item by a `Reading`. An item is one repetition in the
+/// grammar's start rule: a declaration, a brace, a directive.
 class ItemParser {
  public:
   virtual ~ItemParser() = default;
 
-  /// The tokens of the file. Its position is that of the parser.
+  /// Returns the tokens of the file, whose position is that of the parser.
   virtual TokenTable& Tokens() = 0;
-  /// Reads items from the current token on, as the grammar does, until none can begin: the start
-  /// rule without the end of the file. Where the file is over its time limit, goes to the end.
+  /// Reads items from the current token until none can begin, like the start rule without the end
+  /// of the file. If the file has exceeded its time limit, seeks to its end.
   virtual void ReadItems() = 0;
-  /// Reads one item. True if no syntax error was met. After an error the position is anywhere
+  /// Reads one item and returns whether it had no syntax error. After an error the position is
   /// within the item or directly after it.
   virtual bool ReadItem() = 0;
-  /// True if an item parses from the current token on. The parse is speculative: no action runs and
-  /// the position stays. Its outcome may be kept, so tokens must not change any more.
+  /// Returns whether an item parses at the current token. The parse is speculative: it runs no
+  /// actions and keeps the position. Its outcome can be memoised, so tokens must not change
+  /// afterwards.
   virtual bool ItemParses() = 0;
 
-  /// The tag builder of the file, which must be a `Builder`.
+  /// Returns the tag builder of the file, which must be a `Builder`.
   template <class Builder>
   Builder& TagBuilder() {
     return *std::any_cast<Builder*>(AnyTagBuilder());
   }
 
  private:
-  /// A pointer to the tag builder, of its own type.
+  /// Returns a pointer to the tag builder with its actual type.
   virtual std::any AnyTagBuilder() = 0;
 };
 
@@ -45,12 +46,12 @@ class Reading {
  public:
   virtual ~Reading() = default;
 
-  /// Called before the first token. May replace characters in place, or point the stream at a
-  /// changed copy that outlives the run of this file.
+  /// Called before the first token. Can replace characters in place or let the stream read a
+  /// changed copy, which must outlive the run of this file.
   virtual void PrepareText(pANTLR3_INPUT_STREAM input) = 0;
   /// Called when all tokens are there and the parser has read none yet.
   virtual void PrepareTokens(TokenTable& tokens) = 0;
-  /// Takes the place of the grammar's start rule.
+  /// Replaces the grammar's start rule.
   virtual void Parse(ItemParser& parser) = 0;
 };
 

@@ -8,11 +8,15 @@
 #include <utility>
 #include <vector>
 
+#include "parserstate/line_pieces_test_support.h"
 #include "parserstate/token_test_support.h"
 
 namespace vexltags {
 namespace {
 
+using testing_support::ExpectSamePieces;
+using testing_support::Shown;
+using testing_support::TagTexts;
 using Type = ParserStateBase::TypeDescriptor;
 using Curly = ParserStateBase::CurlyType;
 using Curlies = std::vector<std::pair<Curly, std::int32_t>>;
@@ -292,6 +296,42 @@ TEST(TypeDescriptor, StartsAsNoScope) {
   EXPECT_EQ(named.name, "E");
   EXPECT_EQ(named.kind, kEnumKind);
   EXPECT_EQ(named.line, 4);
+}
+
+// Writes a tag by `action` inside the scope of the texts, which is a class.
+template <class Action>
+auto InsideAClass(Action action) {
+  return [action](Dumper& dumper, const TagTexts& texts) {
+    const Options options;
+    Builder builder(options, dumper, texts.path);
+    builder.PushClass(Type(texts.scope, kClassKind, 1));
+    action(builder, texts);
+  };
+}
+
+TEST(EnumLinePieces, AnEnum) {
+  ExpectSamePieces(InsideAClass([](Builder& builder, const TagTexts& texts) {
+                     builder.DumpEnum(Name(texts.name, 12));
+                   }),
+                   [](Dumper& dumper, const TagTexts& texts) {
+                     dumper.Print(Shown(texts.name));
+                     dumper.PrintFormat("\t%s\t%d;\"\t%c", texts.path.c_str(), 12, 'g');
+                     if (!texts.scope.empty()) {
+                       dumper.PrintFormat("\t%s:%s", "class", Shown(texts.scope).c_str());
+                     }
+                     dumper.Print("\n");
+                   });
+}
+
+TEST(EnumLinePieces, AnEnumeratorIsOnePieceAfterItsName) {
+  ExpectSamePieces(InsideAClass([](Builder& builder, const TagTexts& texts) {
+                     builder.DumpEnumerator(Name(texts.name, 12));
+                   }),
+                   [](Dumper& dumper, const TagTexts& texts) {
+                     dumper.Print(Shown(texts.name));
+                     dumper.PrintFormat("\t%s\t%d;\"\t%c\tenum:%s\n", texts.path.c_str(), 12, 'e',
+                                        Shown(texts.scope).c_str());
+                   });
 }
 
 }  // namespace

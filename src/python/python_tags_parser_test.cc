@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
+#include "parserstate/line_pieces_test_support.h"
+
 namespace vexltags {
 namespace {
 
@@ -67,6 +70,30 @@ TEST(PythonTagsParserDebugDump, WritesNothingButKeepsTheScopes) {
   builder.DumpFuncDef("g", 8, 3);
   ASSERT_EQ(dumper.Lines().size(), 1U);
   EXPECT_EQ(dumper.Lines()[0], "g\ta.py\t3;\"\tf\tfunction:A.f\n");
+}
+
+TEST(PythonLinePieces, NothingIsCut) {
+  using testing_support::ExpectSamePieces;
+  using testing_support::TagTexts;
+  // A Python name is a word of the source, so it has no white space that could be collapsed.
+  const auto isWord = [](const std::string& text) { return !HasWhitespace(text); };
+  ExpectSamePieces(
+      [&](Dumper& dumper, const TagTexts& texts) {
+        if (!isWord(texts.name) || !isWord(texts.scope)) return;
+        const Options options;
+        PythonTagsParser builder(options, dumper, texts.path);
+        if (!texts.scope.empty()) builder.PushNamespace(texts.scope, 0, 1);
+        builder.DumpFuncDef(texts.name, 4, 12);
+      },
+      [&](Dumper& dumper, const TagTexts& texts) {
+        if (!isWord(texts.name) || !isWord(texts.scope)) return;
+        dumper.Print(texts.name);
+        dumper.Print("\t");
+        dumper.Print(texts.path);
+        dumper.PrintFormat("\t%d;\"\t%c", 12, texts.scope.empty() ? 'f' : 'm');
+        if (!texts.scope.empty()) dumper.Print("\tclass:" + texts.scope);
+        dumper.Print("\n");
+      });
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ bool HasWhitespace(std::string_view text) {
   });
 }
 
-std::string CollapseWhitespace(const std::string& text, const std::string& separator) {
+std::string CollapseWhitespace(std::string_view text, const std::string& separator) {
   std::string result;
   result.reserve(text.size());
   bool afterBlank = false;

@@ -23,6 +23,6 @@ bool HasWhitespace(std::string_view text);
 
 /// Returns `text` with each run of white space (tab, newline, carriage return, blank) replaced by
 /// one `separator`. A run at the end is removed, one at the start is not.
-std::string CollapseWhitespace(const std::string& text, const std::string& separator);
+std::string CollapseWhitespace(std::string_view text, const std::string& separator);
 
 }  // namespace vexltags

@@ -139,11 +139,6 @@ void NameEnum(TypeDescriptor& descriptor, int nextTokenLine) {
   }
 }
 
-void OpenEnum(VexlTagsParser& builder, const TypeDescriptor& descriptor) {
-  if (!descriptor.isAnonymous) builder.DumpEnum(Name(descriptor.name, descriptor.line));
-  builder.PushClass(descriptor);
-}
-
 void CloseEnum(VexlTagsParser& builder, int braceLine) { builder.PopRCurly(true, braceLine); }
 
 void DeclareEnumName(VexlTagsParser& builder, const TypeDescriptor& descriptor, const Name& name) {

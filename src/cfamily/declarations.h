@@ -82,8 +82,6 @@ void CloseScopeWithDeclarators(VexlTagsParser& builder, const VectorOfName& name
 /// Settles the name of an enum behind its head: one without a name gets a made-up one and the line
 /// of the next token.
 void NameEnum(TypeDescriptor& descriptor, int nextTokenLine);
-/// Tags an enum, unless its name is made up, and opens it as the scope of its enumerators.
-void OpenEnum(VexlTagsParser& builder, const TypeDescriptor& descriptor);
 /// Closes the enum's brace.
 void CloseEnum(VexlTagsParser& builder, int braceLine);
 /// Declares the variable or typedef named behind an enum.

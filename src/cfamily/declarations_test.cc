@@ -228,7 +228,7 @@ TEST_F(DeclarationsTest, AnEnumIsTheScopeOfItsEnumerators) {
   NameEnum(descriptor, 9);
   EXPECT_FALSE(descriptor.isAnonymous);
   EXPECT_EQ(descriptor.line, 1);
-  OpenEnum(builder, descriptor);
+  builder.OpenEnum(descriptor);
   builder.DumpEnumerator(Name("A", 2));
   CloseEnum(builder, 3);
   EXPECT_EQ(Tags(), "E\ta.h\t1;\"\tg\nA\ta.h\t2;\"\te\tenum:E\n");
@@ -240,7 +240,7 @@ TEST_F(DeclarationsTest, AnUnnamedEnumHasNoTagOfItsOwn) {
   NameEnum(descriptor, 9);
   EXPECT_TRUE(descriptor.isAnonymous);
   EXPECT_EQ(descriptor.line, 9);
-  OpenEnum(builder, descriptor);
+  builder.OpenEnum(descriptor);
   builder.DumpEnumerator(Name("A", 2));
   EXPECT_EQ(Tags(), "A\ta.h\t2;\"\te\tenum:" + descriptor.name + "\n");
 }

@@ -3,7 +3,6 @@
 #include "cfamily/function_prototype.h"
 
 #include <cstdio>
-#include <tuple>
 
 #include "base/text.h"
 #include "cfamily/type_text.h"
@@ -33,39 +32,28 @@ void FunctionPrototype::DumpDeclDef(const VexlTagsParser& parser, int tagLine) c
     DebugDump(parser, tagLine);
     return;
   }
-  std::string scope, plainName;
-  const bool isPlain = qualifier.empty() && !VexlTagsParser::HasQualifier(name.text);
-  if (!isPlain) std::tie(scope, plainName) = parser.GetNamespaceAndName(name.text);
-  Dumper& dumper = *parser.dumper;
-  if (isOperator) dumper.Print("operator ");
-  parser.PrintCollapsed(isPlain ? name.text : plainName);
-  dumper.Print("\t");
-  dumper.Print(parser.FileField());
-  const char letter =
-      isDefinition ? kind_letter::kFunctionDefinition : kind_letter::kFunctionDeclaration;
-  dumper.PrintPiece({"\t", std::to_string(tagLine), ";\"\t", {&letter, 1}});
-
-  if (isPlain) {
-    if (parser.HasScope()) {
-      dumper.Print("\t");
-      dumper.Print(VexlTagsParser::NameSpaceKindName(parser.classStack.back().kind));
-      dumper.Print(":");
-      dumper.Print(parser.CollapsedScope());
-    }
-    dumper.Print("\n");
+  Tag tag{
+      .name = name.text,
+      .line = tagLine,
+      .kind = isDefinition ? kind_letter::kFunctionDefinition : kind_letter::kFunctionDeclaration,
+      .pieces = Tag::Pieces::kPlainFile,
+      .prefix = isOperator ? "operator " : ""};
+  if (qualifier.empty() && !VexlTagsParser::HasQualifier(name.text)) {
+    tag.fields[0] = Plain(parser.InnermostScopeField());
+    parser.Emit(tag);
     return;
   }
+  const auto [scope, plainName] = parser.GetNamespaceAndName(name.text);
   const std::string field =
       AppendQualifier(CollapseWhitespace(scope, " "), CollapseWhitespace(qualifier, " "), false);
+  tag.name = plainName;
   if (!field.empty()) {
-    // A member defined outside its class has nothing but its qualifier to tell the class by.
+    // The qualifier of a member defined outside its class is all that says which class it is.
     const bool scopeOpen = !scope.empty() && !parser.classStack.empty();
-    dumper.Print("\t");
-    dumper.Print(scopeOpen ? parser.CurrentNamespaceKindName() : "class");
-    dumper.Print(":");
-    dumper.Print(field);
+    const long kind = scopeOpen ? parser.CurrentNamespaceKind() : kClassKind;
+    tag.fields[0] = Plain(ScopeField(ScopeKindName(kind), field));
   }
-  dumper.Print("\n");
+  parser.Emit(tag);
 }
 
 void FunctionPrototype::DebugDump(const VexlTagsParser& parser, int tagLine) const {
@@ -78,7 +66,7 @@ void FunctionPrototype::DebugDump(const VexlTagsParser& parser, int tagLine) con
   std::printf("(%s)", VexlTagsParser::FlattenParamList(params).c_str());
   if (!constQualifier.empty()) std::printf(" %s", constQualifier.c_str());
   if (isPure) std::printf(" = 0");
-  parser.DebugPosition(tagLine);
+  parser.PrintReadablePosition(tagLine);
 }
 
 }  // namespace vexltags

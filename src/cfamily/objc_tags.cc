@@ -32,14 +32,10 @@ void VexlTagsParser::DumpMethod(const MethodPrototype& method) const {
     std::printf("implement %s:%d\n", "ParserState", 198);
     return;
   }
-  PrintTagHead(method.name, method.line,
-               MethodKindLetter(method.isProperty, method.isDefinition, method.isClassMethod));
-  std::string field = "\t";
-  field += CurrentNamespaceKindName();
-  field += ':';
-  field += CollapsedScope();
-  field += '\n';
-  dumper->Print(field);
+  Emit({.name = method.name,
+        .line = method.line,
+        .kind = MethodKindLetter(method.isProperty, method.isDefinition, method.isClassMethod),
+        .fields = {Plain(ScopeField(ScopeKindName(CurrentNamespaceKind()), CollapsedScope()))}});
 }
 
 void PopulatePropertyMethodPrototypeList(const MethodPrototype& proto,

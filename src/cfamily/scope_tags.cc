@@ -83,38 +83,28 @@ std::pair<std::string, std::string> VexlTagsParser::GetNamespaceAndName(
 void VexlTagsParser::DumpClass(const TypeDescriptor& descriptor, int line) const {
   if (options->debugDump) {
     std::printf("class: %s", descriptor.name.c_str());
-    DebugPosition(line);
+    PrintReadablePosition(line);
     return;
   }
-  const std::string word = HasScope() ? NameSpaceKindName(classStack.back().kind) : "class";
+  Tag tag{.name = descriptor.name, .line = line, .kind = ScopeKindLetter(descriptor.kind)};
   if (!HasQualifier(descriptor.name)) {
-    PrintCollapsed(descriptor.name);
-    PrintPosition(line, NameSpaceSelector(descriptor.kind));
-    if (HasScope()) PrintScope(word);
-  } else {
-    const auto [scope, plainName] = GetNamespaceAndName(descriptor.name);
-    PrintCollapsed(plainName);
-    PrintPosition(line, NameSpaceSelector(descriptor.kind));
-    if (!scope.empty()) dumper->PrintPiece({"\t", word, ":", CollapseWhitespace(scope, " ")});
+    tag.fields[0] = InnermostScopeField();
+    Emit(tag);
+    return;
   }
-  dumper->Print("\n");
+  const auto [scope, plainName] = GetNamespaceAndName(descriptor.name);
+  const std::string shownScope = CollapseWhitespace(scope, " ");
+  tag.name = plainName;
+  if (!scope.empty()) tag.fields[0] = ScopeField(ScopeWord(), shownScope);
+  Emit(tag);
 }
 
 bool VexlTagsParser::HasQualifier(const std::string& name) {
   return name.find("::") != std::string::npos;
 }
 
-void VexlTagsParser::PrintScopeField() const {
-  if (HasScope()) PrintScope(NameSpaceKindName(classStack.back().kind));
-}
-
-void VexlTagsParser::PrintTagHead(const std::string& name, int line, char letter) const {
-  PrintCollapsed(name);
-  PrintPosition(line, {&letter, 1});
-}
-
-void VexlTagsParser::DebugPosition(int line) const {
-  std::printf("| %s:%d\n", FileField().c_str(), line);
+const char* VexlTagsParser::ScopeWord() const {
+  return ScopeKindName(HasScope() ? classStack.back().kind : kClassKind);
 }
 
 }  // namespace vexltags

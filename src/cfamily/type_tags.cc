@@ -41,12 +41,10 @@ std::string VexlTagsParser::FlattenParamList(const ParamList& list) {
 void VexlTagsParser::DumpMacro(const std::string& name, int line) const {
   if (options->debugDump) {
     std::printf("macro: %s", name.c_str());
-    DebugPosition(line);
+    PrintReadablePosition(line);
     return;
   }
-  PrintCollapsed(name);
-  dumper->PrintPiece(
-      {"\t", FileField(), "\t", std::to_string(line), ";\"\t", {&kind_letter::kMacro, 1}, "\n"});
+  Emit({.name = name, .line = line, .kind = kind_letter::kMacro, .pieces = Tag::Pieces::kOne});
 }
 
 void VexlTagsParser::DumpTypedef(const std::string& name, const TypeDescriptor& type,
@@ -54,16 +52,19 @@ void VexlTagsParser::DumpTypedef(const std::string& name, const TypeDescriptor& 
   assert(line >= 0 && "name.fLine >= 0");
   if (options->debugDump) {
     std::printf("typedef: %s", name.c_str());
-    DebugPosition(line);
+    PrintReadablePosition(line);
     return;
   }
-  PrintTagHead(name, line, kind_letter::kTypedef);
+  std::string typeText;
+  TagField typeref;
   if (IsTypeKind(type.kind)) {
-    std::string typeText = type.name;
-    dumper->PrintFormat("\ttyperef:%s", ReplaceAll(typeText, " ", ":").c_str());
+    typeText = type.name;
+    typeref = TyperefField(ReplaceAll(typeText, " ", ":"));
   }
-  PrintScopeField();
-  dumper->Print("\n");
+  Emit({.name = name,
+        .line = line,
+        .kind = kind_letter::kTypedef,
+        .fields = {typeref, InnermostScopeField()}});
 }
 
 void VexlTagsParser::DumpConstraint(const std::string& name, const TypeDescriptor& /*type*/,
@@ -71,12 +72,13 @@ void VexlTagsParser::DumpConstraint(const std::string& name, const TypeDescripto
   assert(line >= 0 && "n.fLine >= 0");
   if (options->debugDump) {
     std::printf("constraint: %s", name.c_str());
-    DebugPosition(line);
+    PrintReadablePosition(line);
     return;
   }
-  PrintTagHead(name, line, kind_letter::kConstraint);
-  PrintScopeField();
-  dumper->Print("\n");
+  Emit({.name = name,
+        .line = line,
+        .kind = kind_letter::kConstraint,
+        .fields = {InnermostScopeField()}});
 }
 
 void VexlTagsParser::DumpDeclDef(bool isMember, const std::string& name, const TypeDescriptor& type,
@@ -84,27 +86,27 @@ void VexlTagsParser::DumpDeclDef(bool isMember, const std::string& name, const T
   DumpTrackPerFileDeclVolume();
   if (options->debugDump) {
     std::printf("%s: %s %s", isMember ? "member" : "global", type.name.c_str(), name.c_str());
-    DebugPosition(line);
+    PrintReadablePosition(line);
     return;
   }
-  std::string plainName, qualifier;
+  std::string plainName, qualifier, scope;
   SplitNameQualifier(name, plainName, qualifier);
-  PrintCollapsed(plainName);
-  dumper->Print("\t");
-  dumper->Print(FileField());
-  const char letter = VariableLetter(isMember);
-  dumper->PrintPiece({"\t", std::to_string(line), ";\"\t", {&letter, 1}});
+  TagField field;
   const long kind = CurrentNamespaceKind();
   if (qualifier.empty()) {
-    PrintScopeField();
+    field = InnermostScopeField();
   } else if (HoldsVariables(kind)) {
-    const std::string scope = AppendQualifier(CurrentNamespaceName(), qualifier, false);
-    dumper->PrintPiece({"\t", NameSpaceKindName(kind), ":", CollapsedForPiece(scope)});
+    scope = CollapsedForPiece(AppendQualifier(CurrentNamespaceName(), qualifier, false));
+    field = ScopeField(ScopeKindName(kind), scope);
   } else {
-    dumper->Print("\tclass:");
-    dumper->Print(CollapseWhitespace(qualifier, " "));
+    scope = CollapseWhitespace(qualifier, " ");
+    field = Plain(ScopeField(ScopeKindName(kClassKind), scope));
   }
-  dumper->Print("\n");
+  Emit({.name = plainName,
+        .line = line,
+        .kind = VariableLetter(isMember),
+        .pieces = Tag::Pieces::kPlainFile,
+        .fields = {field}});
 }
 
 void VexlTagsParser::DumpDeclaration(bool isMember, bool isTypedef, const std::string& name,
@@ -114,18 +116,22 @@ void VexlTagsParser::DumpDeclaration(bool isMember, bool isTypedef, const std::s
   DumpTrackPerFileDeclVolume();
   if (options->debugDump) {
     std::printf("%s: %s %s", isMember ? "member" : "global", typeName.c_str(), name.c_str());
-    DebugPosition(line);
+    PrintReadablePosition(line);
     return;
   }
-  PrintTagHead(name, line, isTypedef ? kind_letter::kTypedef : VariableLetter(isMember));
+  std::string scope, type;
+  Tag tag{.name = name,
+          .line = line,
+          .kind = isTypedef ? kind_letter::kTypedef : VariableLetter(isMember)};
   if (isMember) {
-    dumper->PrintPiece({"\t", NameSpaceKindName(scopeKind), ":", CollapsedForPiece(scopeName)});
+    scope = CollapsedForPiece(scopeName);
+    tag.fields[0] = ScopeField(ScopeKindName(scopeKind), scope);
   }
   if (!typeName.empty()) {
-    dumper->PrintPiece(
-        {"\ttyperef:", NameSpaceKindName(typeKind), ":", CollapsedForPiece(typeName)});
+    type = CollapsedForPiece(typeName);
+    tag.fields[1] = TyperefField(ScopeKindName(typeKind), type);
   }
-  dumper->Print("\n");
+  Emit(tag);
 }
 
 }  // namespace vexltags

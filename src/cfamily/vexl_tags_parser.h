@@ -89,12 +89,8 @@ class VexlTagsParser : public ParserStateBase {
   static bool HasQualifier(const std::string& name);
   /// True when `CurrentNamespaceName` is not empty.
   bool HasScope() const;
-  /// Writes the field of the open scopes, or nothing outside any.
-  void PrintScopeField() const;
-  /// Writes name, file, line and letter.
-  void PrintTagHead(const std::string& name, int line, char letter) const;
-  /// Ends a readable line.
-  void DebugPosition(int line) const;
+  /// The word of the innermost scope, "class" outside any: a qualifier is taken for a class.
+  const char* ScopeWord() const;
 };
 
 }  // namespace vexltags

@@ -296,7 +296,7 @@ enum_specifier
       ( w = ID { descriptor.ResetNameAndLine($w); } )? ( COLON type )?
       { NameEnum(descriptor, NextLine(ctx)); }
     )
-    ( LCURLY { OpenEnum(*ctx->builder, descriptor); }
+    ( LCURLY { ctx->builder->OpenEnum(descriptor); }
       ( enumerator_definition ( COMMA )? )*
       brace = RCURLY { CloseEnum(*ctx->builder, TokenLine($brace)); }
     )?

@@ -58,23 +58,24 @@ void ParserStateBase::PushClass(const TypeDescriptor& descriptor) {
 }
 
 void ParserStateBase::PopClass(int line) {
-  if (!classStack.empty()) {
-    classStack.pop_back();
-    scopeText.Close();
-  } else if (options->dumpErrors) {
-    std::fprintf(stderr, "error -- no class to close, %s:%d\n", FileField().c_str(), line);
+  if (classStack.empty()) {
+    ReportError("no class to close,", line);
+    return;
   }
+  classStack.pop_back();
+  scopeText.Close();
 }
 
 void ParserStateBase::DumpEnum(const Name& name) {
   if (options->debugDump) {
-    std::printf("enum: %s| %s:%d\n", name.text.c_str(), FileField().c_str(), name.line);
+    std::printf("enum: %s", name.text.c_str());
+    PrintReadablePosition(name.line);
     return;
   }
-  PrintCollapsed(name.text);
-  PrintPosition(name.line, {&kind_letter::kEnum, 1});
-  if (!CurrentNamespaceName().empty()) PrintScope(CurrentNamespaceKindName());
-  dumper->Print("\n");
+  Emit({.name = name.text,
+        .line = name.line,
+        .kind = kind_letter::kEnum,
+        .fields = {InnermostScopeField()}});
 }
 
 void ParserStateBase::DumpEnumerator(const Name& name) {
@@ -86,20 +87,20 @@ void ParserStateBase::DumpEnumerator(const Name& name) {
     return;
   }
   if (options->debugDump) {
-    std::printf("enumerator: %s, enum:%s| %s:%d\n", name.text.c_str(),
-                CurrentNamespaceName().c_str(), FileField().c_str(), name.line);
+    std::printf("enumerator: %s, enum:%s", name.text.c_str(), CurrentNamespaceName().c_str());
+    PrintReadablePosition(name.line);
     return;
   }
-  PrintCollapsed(name.text);
-  dumper->PrintPiece({"\t",
-                      FileField(),
-                      "\t",
-                      std::to_string(name.line),
-                      ";\"\t",
-                      {&kind_letter::kEnumerator, 1},
-                      "\tenum:",
-                      CollapsedScopeForPiece(),
-                      "\n"});
+  Emit({.name = name.text,
+        .line = name.line,
+        .kind = kind_letter::kEnumerator,
+        .pieces = Tag::Pieces::kOne,
+        .fields = {EnumField(CollapsedScope())}});
+}
+
+void ParserStateBase::OpenEnum(const TypeDescriptor& descriptor) {
+  if (!descriptor.isAnonymous) DumpEnum(Name(descriptor.name, descriptor.line));
+  PushClass(descriptor);
 }
 
 long ParserStateBase::CurrentNamespaceKind() const {
@@ -117,27 +118,17 @@ std::string ParserStateBase::NameSpaceSelector(long kind) {
 }
 
 ParserStateBase::CurlyType ParserStateBase::PopRCurly(bool semicolonFollows, int line) {
-  if (curlyStack.empty()) {
-    if (options->dumpErrors) {
-      std::fprintf(stderr, "error -- } imballance %s:%d\n", FileField().c_str(), line);
-    }
+  const std::optional<CurlyType> type = PopCurly();
+  if (!type) {
+    ReportError("} imballance", line);
     return CurlyType::Function;
   }
-  const CurlyType type = curlyStack.back().first;
-  if (--curlyStack.back().second == 0) curlyStack.pop_back();
-
-  if (type == CurlyType::Namespace || (type == CurlyType::Class && semicolonFollows)) {
-    PopClass(line);
-    return type;
-  }
-  if (type == CurlyType::Class) {
-    if (options->dumpErrors) {
-      std::fprintf(stderr, "error -- class terminator }; expected, missing semicolon %s:%d\n",
-                   FileField().c_str(), line);
-    }
+  if (*type == CurlyType::Class && !semicolonFollows) {
+    ReportError("class terminator }; expected, missing semicolon", line);
     return CurlyType::Function;
   }
-  return type;
+  if (*type == CurlyType::Class || *type == CurlyType::Namespace) PopClass(line);
+  return *type;
 }
 
 void ParserStateBase::DumpTrackPerFileDeclVolume() {
@@ -155,10 +146,11 @@ void ParserStateBase::PushCurly(CurlyType type) {
   }
 }
 
-const std::string& ParserStateBase::FileField() const {
-  // A relative one is asked for each time: while there is no $HOME, each tag says so.
-  if (fileField.empty() || options->tagRelative) fileField = dumper->FileName(*options, fileName);
-  return fileField;
+std::optional<ParserStateBase::CurlyType> ParserStateBase::PopCurly() {
+  if (curlyStack.empty()) return std::nullopt;
+  const CurlyType type = curlyStack.back().first;
+  if (--curlyStack.back().second == 0) curlyStack.pop_back();
+  return type;
 }
 
 void ParserStateBase::OpenScope(const TypeDescriptor& descriptor) {
@@ -166,27 +158,37 @@ void ParserStateBase::OpenScope(const TypeDescriptor& descriptor) {
   scopeText.Open(descriptor.name);
 }
 
-void ParserStateBase::PrintCollapsed(const std::string& name) const {
-  if (HasWhitespace(name)) {
-    dumper->Print(CollapseWhitespace(name, " "));
-  } else {
-    dumper->Print(name);
-  }
+const std::string& ParserStateBase::FileField() const {
+  // A relative one is asked for each time: while $HOME is unset, each tag reports that.
+  if (fileField.empty() || options->tagRelative) fileField = dumper->FileName(*options, fileName);
+  return fileField;
+}
+
+void ParserStateBase::Emit(Tag tag) const {
+  tag.file = FileField();
+  WriteTag(*dumper, tag);
+}
+
+TagField ParserStateBase::InnermostScopeField() const {
+  if (CurrentNamespaceName().empty()) return {};
+  return ScopeField(ScopeKindName(CurrentNamespaceKind()), CollapsedScope());
 }
 
 std::string ParserStateBase::CollapsedForPiece(const std::string& text) {
   if (text.size() <= Dumper::kLongestPiece) return CollapseWhitespace(text, " ");
-  // White space only shrinks, so what was too long may still be, or fit after all.
-  std::string collapsed = CollapseWhitespace(text.substr(0, 4 * Dumper::kLongestPiece), " ");
+  // Collapsing only shortens a text, so a long one may need all of its bytes to fill a piece.
+  const std::string_view start = std::string_view(text).substr(0, 4 * Dumper::kLongestPiece);
+  std::string collapsed = CollapseWhitespace(start, " ");
   return collapsed.size() > Dumper::kLongestPiece ? collapsed : CollapseWhitespace(text, " ");
 }
 
-void ParserStateBase::PrintPosition(int line, std::string_view letter) const {
-  dumper->PrintPiece({"\t", FileField(), "\t", std::to_string(line), ";\"\t", letter});
+void ParserStateBase::PrintReadablePosition(int line) const {
+  std::printf("| %s:%d\n", FileField().c_str(), line);
 }
 
-void ParserStateBase::PrintScope(std::string_view word) const {
-  dumper->PrintPiece({"\t", word, ":", CollapsedScopeForPiece()});
+void ParserStateBase::ReportError(const char* message, int line) const {
+  if (!options->dumpErrors) return;
+  std::fprintf(stderr, "error -- %s %s:%d\n", message, FileField().c_str(), line);
 }
 
 }  // namespace vexltags

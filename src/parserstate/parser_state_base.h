@@ -3,8 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,6 +14,7 @@
 #include "parserstate/name.h"
 #include "parserstate/param.h"
 #include "parserstate/scope_text.h"
+#include "parserstate/tag.h"
 
 namespace vexltags {
 
@@ -63,6 +64,8 @@ class ParserStateBase {
   virtual void DumpEnum(const Name& name);
   /// Writes the tag of an enumerator; outside any scope it writes nothing.
   virtual void DumpEnumerator(const Name& name);
+  /// Writes the tag of an enum, unless its name is made up, and opens it as a scope.
+  void OpenEnum(const TypeDescriptor& descriptor);
 
   /// The kind of the innermost scope, `kNoKind` when `CurrentNamespaceName` is empty.
   long CurrentNamespaceKind() const;
@@ -82,27 +85,28 @@ class ParserStateBase {
  protected:
   /// Pushes a brace, merging it with an equal one on top.
   void PushCurly(CurlyType type);
-  /// The file field of this file's tags.
-  const std::string& FileField() const;
+  /// Pops the innermost brace and returns its type; nothing when none is open.
+  std::optional<CurlyType> PopCurly();
   /// Opens a scope without a brace.
   void OpenScope(const TypeDescriptor& descriptor);
+
+  /// Writes `tag` with the file field of this file. Every tag line comes from here; see `Tag`.
+  void Emit(Tag tag) const;
+  /// The file field of this file's tags.
+  const std::string& FileField() const;
+  /// The field that names the innermost scope; an absent field outside any.
+  TagField InnermostScopeField() const;
   /// The names of the open scopes, joined by the separator of the language.
   const std::string& JoinedScope() const { return scopeText.Joined(); }
   /// The same with white space collapsed.
   const std::string& CollapsedScope() const { return scopeText.Collapsed(); }
-  /// As much of it as a formatted piece can hold: thousands of scopes in each other have long
-  /// names.
-  std::string_view CollapsedScopeForPiece() const {
-    return std::string_view(CollapsedScope()).substr(0, Dumper::kLongestPiece);
-  }
-  /// Prints a name with white space collapsed.
-  void PrintCollapsed(const std::string& name) const;
-  /// `text` with white space collapsed, as far as a formatted piece can hold it.
+  /// `text` with white space collapsed, or as much of it as a formatted piece can hold.
   static std::string CollapsedForPiece(const std::string& text);
-  /// Prints the file field, `line` and the kind letter, each with its tab.
-  void PrintPosition(int line, std::string_view letter) const;
-  /// Prints the field that names the innermost scope: its word and `CollapsedScope`.
-  void PrintScope(std::string_view word) const;
+
+  /// Ends a line of `--debugDump` with the file and the 1-based line.
+  void PrintReadablePosition(int line) const;
+  /// Reports an error on standard error, under `--dumpErrors` only.
+  void ReportError(const char* message, int line) const;
 
   const Options* options;
   Dumper* dumper;

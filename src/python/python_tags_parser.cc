@@ -16,25 +16,25 @@ PythonTagsParser::~PythonTagsParser() = default;
 
 void PythonTagsParser::DumpClassDef(const std::string& name, int indent, int line) {
   PopNamespace(indent);
-  DumpLine(name, line, kind_letter::kClass);
+  DumpDefinition(name, line, kind_letter::kClass);
   PushNamespace(name, indent, 1);
 }
 
 void PythonTagsParser::DumpFuncDef(const std::string& name, int indent, int line) {
   PopNamespace(indent);
   const bool isMethod = !namespaces.empty() && namespaces.back().isClass == 1;
-  DumpLine(name, line, isMethod ? kind_letter::kMember : kind_letter::kFunctionDefinition);
+  DumpDefinition(name, line, isMethod ? kind_letter::kMember : kind_letter::kFunctionDefinition);
   PushNamespace(name, indent, 0);
 }
 
-void PythonTagsParser::DumpLine(const std::string& name, int line, char letter) {
+void PythonTagsParser::DumpDefinition(const std::string& name, int line, char letter) const {
   if (options->debugDump) return;
-  dumper->Print(name);
-  dumper->Print("\t");
-  dumper->Print(FileField());
-  dumper->PrintPiece({"\t", std::to_string(line), ";\"\t", {&letter, 1}});
-  DumpNamespace();
-  dumper->Print("\n");
+  const std::string scope = ScopePath();
+  Emit({.name = name,
+        .line = line,
+        .kind = letter,
+        .pieces = Tag::Pieces::kPlainFile,
+        .fields = {Plain({.opening = ScopeKey(), .text = scope})}});
 }
 
 void PythonTagsParser::PopNamespace(int indent) {
@@ -46,9 +46,17 @@ void PythonTagsParser::PushNamespace(const std::string& name, int indent, int is
 }
 
 void PythonTagsParser::DumpNamespace() {
-  if (namespaces.empty()) return;
-  dumper->Print(namespaces.back().isClass == 1 ? "\tclass:" : "\tfunction:");
-  dumper->Print(ConcatenateNamesUsingSeparator(namespaces, "."));
+  dumper->Print(ScopeKey());
+  dumper->Print(ScopePath());
+}
+
+std::string_view PythonTagsParser::ScopeKey() const {
+  if (namespaces.empty()) return "";
+  return namespaces.back().isClass == 1 ? "\tclass:" : "\tfunction:";
+}
+
+std::string PythonTagsParser::ScopePath() const {
+  return ConcatenateNamesUsingSeparator(namespaces, ".");
 }
 
 int IndentWidth(pANTLR3_COMMON_TOKEN token) { return static_cast<int>(TokenString(token).size()); }

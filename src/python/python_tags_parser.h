@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "parserstate/parser_state_base.h"
@@ -32,11 +33,17 @@ class PythonTagsParser : public ParserStateBase {
   /// Closes every scope from the innermost on whose indentation is at least `indent`.
   void PopNamespace(int indent);
   void PushNamespace(const std::string& name, int indent, int isClass);
-  /// Prints the scope field of the tag in the making; nothing at the top level.
+  /// Prints the scope field alone; nothing at the top level. Nothing calls it: a `Tag` carries its
+  /// field.
   void DumpNamespace();
 
  private:
-  void DumpLine(const std::string& name, int line, char letter);
+  /// Writes a tag, except under `--debugDump`.
+  void DumpDefinition(const std::string& name, int line, char letter) const;
+  /// What opens the scope field; empty at the top level.
+  std::string_view ScopeKey() const;
+  /// The names of the open definitions, outermost first.
+  std::string ScopePath() const;
 
   std::vector<Namespace> namespaces;
 };

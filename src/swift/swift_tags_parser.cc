@@ -2,10 +2,11 @@
 // Builds the tag lines of Swift declarations and keeps track of the open types.
 #include "swift/swift_tags_parser.h"
 
-#include <cstdio>
+#include <optional>
 #include <utility>
 
 #include "engine/std_string.h"
+#include "output/kinds.h"
 
 namespace vexltags {
 
@@ -19,11 +20,13 @@ const std::string& SwiftTagsParser::CurrentNamespaceName() const { return Joined
 void SwiftTagsParser::DumpSwiftFunction(const std::string& name, const ParamList& params,
                                         int line) {
   DumpTrackPerFileDeclVolume();
-  PrintCollapsed(name);
-  if (name != "deinit") {
-    dumper->Print("(" + ConcatenateNamesUsingSeparator(params.params, ",") + ")");
-  }
-  DumpRest(line, "f");
+  std::string labels;
+  if (name != "deinit") labels = "(" + ConcatenateNamesUsingSeparator(params.params, ",") + ")";
+  Emit({.name = name,
+        .line = line,
+        .kind = kind_letter::kFunctionDefinition,
+        .suffix = labels,
+        .fields = {DottedScopeField()}});
 }
 
 void SwiftTagsParser::DumpKeywordFunction(pANTLR3_COMMON_TOKEN keyword) {
@@ -32,15 +35,16 @@ void SwiftTagsParser::DumpKeywordFunction(pANTLR3_COMMON_TOKEN keyword) {
 
 void SwiftTagsParser::Dump(const TypeDescriptor& descriptor) {
   DumpTrackPerFileDeclVolume();
-  PrintCollapsed(descriptor.name);
-  DumpRest(descriptor.line, NameSpaceSelector(descriptor.kind));
+  Emit({.name = descriptor.name,
+        .line = descriptor.line,
+        .kind = ScopeKindLetter(descriptor.kind),
+        .fields = {DottedScopeField()}});
 }
 
 void SwiftTagsParser::DumpClass(const TypeDescriptor& descriptor) {
-  DumpTrackPerFileDeclVolume();
-  PrintCollapsed(descriptor.name);
-  DumpRest(descriptor.line,
-           NameSpaceSelector(descriptor.kind == kClassKind ? kClassKind : kStructKind));
+  TypeDescriptor shown = descriptor;
+  if (shown.kind != kClassKind) shown.kind = kStructKind;
+  Dump(shown);
 }
 
 void SwiftTagsParser::DumpNamed(long kind, const Name& name) { Dump(TypeDescriptor(kind, name)); }
@@ -56,30 +60,21 @@ void SwiftTagsParser::OpenType(long kind, const Name& name) {
 }
 
 void SwiftTagsParser::OpenEnum(const Name& name) {
-  TypeDescriptor descriptor;
-  descriptor.kind = kEnumKind;
-  descriptor.ResetNameAndLine(name);
-  DumpEnum(name);
-  PushClass(descriptor);
+  ParserStateBase::OpenEnum(TypeDescriptor(kEnumKind, name));
 }
 
 ParserStateBase::CurlyType SwiftTagsParser::PopRCurly(int line) {
-  if (curlyStack.empty()) {
-    if (options->dumpErrors) {
-      std::fprintf(stderr, "error -- } imbalance %s:%d\n", FileField().c_str(), line);
-    }
+  const std::optional<CurlyType> type = PopCurly();
+  if (!type) {
+    ReportError("} imbalance", line);
     return CurlyType::Function;
   }
-  const CurlyType type = curlyStack.back().first;
-  if (--curlyStack.back().second == 0) curlyStack.pop_back();
   PopClass(line);
-  return type;
+  return *type;
 }
 
-void SwiftTagsParser::DumpRest(int line, const std::string& letter) {
-  PrintPosition(line, letter);
-  if (!CollapsedScope().empty()) dumper->PrintPiece({"\t", CollapsedScopeForPiece()});
-  dumper->Print("\n");
+TagField SwiftTagsParser::DottedScopeField() const {
+  return CollapsedScope().empty() ? TagField() : BareScopeField(CollapsedScope());
 }
 
 }  // namespace vexltags

@@ -47,8 +47,8 @@ class SwiftTagsParser : public ParserStateBase {
   CurlyType PopRCurly(int line);
 
  private:
-  /// Prints what stands behind the name: file field, line, letter and scope.
-  void DumpRest(int line, const std::string& letter);
+  /// The dotted names of the open types as a field; an absent field outside any.
+  TagField DottedScopeField() const;
 };
 
 }  // namespace vexltags

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The steps at the end of each C and C++ construct, on top of the tag builder.
+// What the end of each C and C++ construct means for the tag builder.
 #include "cfamily/declarations.h"
 
 namespace vexltags {
 namespace {
 
-/// False for a name that no token filled, see declarations.h.
+/// False for a name that no token has set, see declarations.h.
 bool HasLine(const Name& name) { return name.line >= 0; }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of what the grammar calls at the end of each C and C++ construct.
+// Tests of the actions at the end of each C and C++ construct.
 #include "cfamily/declarations.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ class DeclarationsTest : public TagBuilderTest {
   const TypeDescriptor kInt{"int", 0, 1};
 };
 
-TEST_F(DeclarationsTest, AFriendIsTaggedOnlyWhereItIsDefined) {
+TEST_F(DeclarationsTest, AFriendIsTaggedOnlyIfItIsDefined) {
   const struct {
     bool isFriend, isDefinition;
     const char* tag;
@@ -61,7 +61,7 @@ TEST_F(DeclarationsTest, NothingIsTaggedInAFunctionBody) {
   EXPECT_EQ(Tags(), "");
 }
 
-TEST_F(DeclarationsTest, ADeclarationIsAVariableAMemberOrTheRestOfATypedef) {
+TEST_F(DeclarationsTest, ADeclarationIsAVariableAMemberOrATypedef) {
   EndSimpleDeclaration(builder, kInt, Names({"a", "b"}));
   EXPECT_EQ(Tags(), "a\ta.h\t1;\"\tv\nb\ta.h\t2;\"\tv\n");
   builder.inTypedef = true;
@@ -76,7 +76,7 @@ TEST_F(DeclarationsTest, ADeclarationIsAVariableAMemberOrTheRestOfATypedef) {
   EXPECT_EQ(Tags(), "a\ta.h\t1;\"\tv\tclass:C\n");
 }
 
-TEST_F(DeclarationsTest, ATypedefEndsThePendingOneAndAnAliasDoesNot) {
+TEST_F(DeclarationsTest, ATypedefEndsAPendingOneAndAnAliasDoesNot) {
   builder.inTypedef = true;
   EndAlias(builder, Name("A", 4), kInt);
   EXPECT_EQ(Tags(), "A\ta.h\t4;\"\tt\n");
@@ -91,7 +91,7 @@ TEST_F(DeclarationsTest, AConcept) {
   EXPECT_EQ(Tags(), "C\ta.h\t4;\"\tC\n");
 }
 
-TEST_F(DeclarationsTest, ANameThatNoTokenFilledIsDropped) {
+TEST_F(DeclarationsTest, ANameWithoutALineIsDropped) {
   VectorOfName names;
   names.Add(Name("", -1));
   names.Add(Name("b", 2));
@@ -138,7 +138,7 @@ TEST_F(DeclarationsTest, TheTextOfAFunctionPointer) {
   EXPECT_EQ(FunctionPointerType(pointer).line, 6);
 }
 
-TEST_F(DeclarationsTest, ATemplatesTextGoesBehindTheNameUnlessItHasArguments) {
+TEST_F(DeclarationsTest, TemplateTextIsAppendedUnlessTheNameHasArguments) {
   const struct {
     const char *name, *head, *result;
   } cases[] = {
@@ -163,7 +163,7 @@ TEST_F(DeclarationsTest, AClassIsTaggedInTheScopeAroundIt) {
   EXPECT_TRUE(builder.InClassCurlies());
 }
 
-TEST_F(DeclarationsTest, AnUnnamedClassOpensAScopeButHasNoTag) {
+TEST_F(DeclarationsTest, AnUnnamedClassOpensAScopeWithoutATag) {
   TypeDescriptor descriptor;
   descriptor.kind = kStructKind;
   NameAnonymousClass(descriptor, 8);
@@ -184,7 +184,7 @@ TEST_F(DeclarationsTest, TheMacroForNamespaceStdHasNoTag) {
   EXPECT_EQ(builder.PopRCurly(false, 4), ParserStateBase::CurlyType::Namespace);
 }
 
-TEST_F(DeclarationsTest, NamesBehindABraceHaveTheClosedTypeAndTheScopeAroundIt) {
+TEST_F(DeclarationsTest, NamesAfterABraceHaveTheClosedTypeAndTheScopeAroundIt) {
   Open("N", kNamespaceKind);
   OpenClass(builder, TypeDescriptor("S", kStructKind, 1));
   OpenClass(builder, TypeDescriptor("U", kUnionKind, 2));
@@ -245,7 +245,7 @@ TEST_F(DeclarationsTest, AnUnnamedEnumHasNoTagOfItsOwn) {
   EXPECT_EQ(Tags(), "A\ta.h\t2;\"\te\tenum:" + descriptor.name + "\n");
 }
 
-TEST_F(DeclarationsTest, ANameBehindAnEnumIsAVariableOrATypedefButNoMember) {
+TEST_F(DeclarationsTest, ANameAfterAnEnumIsAVariableOrTypedefButNotAMember) {
   TypeDescriptor descriptor("E", kEnumKind, 1);
   Open("C", kClassKind);
   DeclareEnumName(builder, descriptor, Name("x", 2));
@@ -255,7 +255,7 @@ TEST_F(DeclarationsTest, ANameBehindAnEnumIsAVariableOrATypedefButNoMember) {
   EXPECT_EQ(Tags(), "T\ta.h\t2;\"\tt\ttyperef:enum:E\n");
 }
 
-TEST_F(DeclarationsTest, AClosedTypesLongNameIsShownAsFarAsALineHoldsIt) {
+TEST_F(DeclarationsTest, TheLongNameOfAClosedTypeIsCut) {
   const std::string name(3000, 'N');
   Open(name, kStructKind);
   CloseScopeWithDeclarators(builder, Names({"a"}), 2);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// From a function's head to its tag line or its readable form.
+// Turns the head of a function into its tag or its readable form.
 #include "cfamily/function_prototype.h"
 
 #include <cstdio>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of function tags: letters, names, scope fields and the readable form.
+// Tests of the tags of functions: letters, names, scope fields, readable form.
 #include "cfamily/function_prototype.h"
 
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ class FunctionTagTest : public TagBuilderTest {
   }
 };
 
-TEST_F(FunctionTagTest, AWholeLine) {
+TEST_F(FunctionTagTest, WholeLine) {
   FunctionPrototype function = Function("foo");
   EXPECT_EQ(TagOf(function), "foo\ta.h\t3;\"\tp\n");
   function.isDefinition = true;
@@ -38,14 +38,14 @@ TEST_F(FunctionTagTest, AWholeLine) {
   EXPECT_EQ(Tags(), "foo\ta.h\t12;\"\tf\n");
 }
 
-TEST_F(FunctionTagTest, NoNameNoTagNorReadableForm) {
+TEST_F(FunctionTagTest, WithoutANameThereIsNoTag) {
   FunctionPrototype function;
   function.returnType = "int";
   EXPECT_EQ(TagOf(function), "");
   EXPECT_EQ(Readable([&] { function.DumpDeclDef(builder, 3); }), "");
 }
 
-TEST_F(FunctionTagTest, OnlyTheNameShowsInATagLine) {
+TEST_F(FunctionTagTest, ATagLineShowsOnlyTheName) {
   FunctionPrototype function = Function("max");
   function.templateText = "T";
   function.linkage = "static inline";
@@ -56,7 +56,7 @@ TEST_F(FunctionTagTest, OnlyTheNameShowsInATagLine) {
   EXPECT_EQ(TagOf(function), "max\ta.h\t3;\"\tp\n");
 }
 
-TEST_F(FunctionTagTest, TheFieldComesFromTheNameOutsideAnyScope) {
+TEST_F(FunctionTagTest, OutsideAnyScopeTheQualifierIsTheClass) {
   EXPECT_EQ(TagOf(Function("A::f")), "f\ta.h\t3;\"\tp\tclass:A\n");
   EXPECT_EQ(TagOf(Function("A::B::~B")), "~B\ta.h\t3;\"\tp\tclass:A::B\n");
   EXPECT_EQ(TagOf(Function("A<B::C>::f")), "f\ta.h\t3;\"\tp\tclass:A<B::C>\n");
@@ -84,14 +84,14 @@ TEST_F(FunctionTagTest, TheFieldNamesTheKindOfTheInnermostScope) {
   }
 }
 
-TEST_F(FunctionTagTest, OpenScopesStandInFrontOfTheQualifier) {
+TEST_F(FunctionTagTest, OpenScopesPrecedeTheQualifier) {
   Open("N", kNamespaceKind);
   EXPECT_EQ(TagOf(Function("A::f")), "f\ta.h\t3;\"\tp\tnamespace:N::A\n");
   Open("S", kStructKind);
   EXPECT_EQ(TagOf(Function("f")), "f\ta.h\t3;\"\tp\tstruct:N::S\n");
 }
 
-TEST_F(FunctionTagTest, OperatorsCarryTheWordAndTheirOwnQualifier) {
+TEST_F(FunctionTagTest, OperatorsHaveTheWordAndTheirQualifier) {
   EXPECT_EQ(TagOf(Operator("", "+")), "operator +\ta.h\t3;\"\tp\n");
   EXPECT_EQ(TagOf(Operator("A::B", "->")), "operator ->\ta.h\t3;\"\tp\tclass:A::B\n");
   EXPECT_EQ(TagOf(Operator("", "<")), "operator <\ta.h\t3;\"\tp\n");
@@ -106,13 +106,13 @@ TEST_F(FunctionTagTest, AllocationOperatorsKeepTheBlankOfTheirSymbol) {
   EXPECT_EQ(TagOf(Operator("A", " delete[]")), "operator  delete[]\ta.h\t3;\"\tp\tclass:A\n");
 }
 
-TEST_F(FunctionTagTest, AConversionIsCutLikeAnyQualifiedName) {
+TEST_F(FunctionTagTest, AConversionIsSplitLikeAnyQualifiedName) {
   EXPECT_EQ(TagOf(Operator("", "const char*")), "operator const char*\ta.h\t3;\"\tp\n");
   Open("A", kClassKind);
   EXPECT_EQ(TagOf(Operator("", "std::string")), "operator string\ta.h\t3;\"\tp\tclass:A::std\n");
 }
 
-TEST_F(FunctionTagTest, WhiteSpaceNeverBreaksTheLine) {
+TEST_F(FunctionTagTest, WhiteSpaceIsCollapsed) {
   EXPECT_EQ(TagOf(Function("A<int,\n\tchar>::f< x >")),
             "f< x >\ta.h\t3;\"\tp\tclass:A<int, char>\n");
   EXPECT_EQ(TagOf(Operator("A<int,\t  char>", "\n int")),
@@ -138,7 +138,7 @@ TEST_F(FunctionTagTest, ReadableForm) {
   EXPECT_EQ(Readable([&] { plus.DumpDeclDef(builder, 4); }), "fdef: [A::operator+]()| a.h:4\n");
 }
 
-TEST_F(FunctionTagTest, NullEmptiesTheRecord) {
+TEST_F(FunctionTagTest, NullClearsTheRecord) {
   FunctionPrototype function = Operator("A", "+");
   function.isFriend = function.isPure = function.isDefinition = true;
   function = nullptr;
@@ -152,7 +152,7 @@ TEST_F(FunctionTagTest, NullEmptiesTheRecord) {
   EXPECT_EQ(made.line, -1);
 }
 
-TEST(FlattenParamList, TypeThenNameBetweenAtSigns) {
+TEST(FlattenParamList, PutsTheNameAfterTheTypeBetweenAtSigns) {
   ParamList list;
   EXPECT_EQ(VexlTagsParser::FlattenParamList(list), "");
   list.Add(Param("", "a", 1));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Small steps of the C family's rules: text from tokens, and types put together word by word.
+// Reads text from tokens and builds types word by word.
 #include "cfamily/grammar_actions.h"
 
 #include "cfamily/type_text.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Small steps that the rules of the C family take while a construct is being read.
+// Actions of the C-family grammar within a construct.
 #pragma once
 
 #include <antlr3.h>
@@ -14,7 +14,7 @@
 
 namespace vexltags {
 
-/// A stretch of the token stream by the indices of its first and last token; empty at the start.
+/// The part of the token stream between two token indices, inclusive; empty by default.
 struct TokenRange {
   ANTLR3_MARKER first = 0;
   ANTLR3_MARKER last = -1;
@@ -32,7 +32,7 @@ std::string TextOf(Context* ctx, const TokenRange& range) {
 /// The text and line of `token`.
 Name NameOf(pANTLR3_COMMON_TOKEN token);
 
-/// Tells the file's watchdog which line and token the parser has come to.
+/// Reports the line and token that the parser has reached to the watchdog of the file.
 template <class Context>
 void ReportProgress(Context* ctx) {
   ctx->fileState->CheckWatchdog([ctx] {
@@ -41,18 +41,18 @@ void ReportProgress(Context* ctx) {
   });
 }
 
-/// Adds one word to a type of several, such as "long" to "unsigned", and takes its line.
+/// Appends a word to a type of several words, such as "long" to "unsigned", and copies its line.
 void AppendTypeWord(Name& type, pANTLR3_COMMON_TOKEN word);
-/// Adds the name of a type to the qualifiers in front of it, and takes its line.
+/// Appends the name of a type to the qualifiers before it, and copies its line.
 void AppendTypeName(TypeDescriptor& type, const Name& name);
-/// Adds further specifiers to a type, and takes their line.
+/// Appends further specifiers to a type, and copies their line.
 void AppendSpecifiers(TypeDescriptor& type, const TypeDescriptor& specifiers);
 
-/// The names of the parameters in parentheses, without their types: "(a, b)".
+/// The names of the parameters in parentheses, without types: "(a, b)".
 std::string ParenthesizedNames(const ParamList& list);
 
-/// Ends one name of `@interface` or `@protocol`: tags and opens it, unless it is only declared
-/// forward.
+/// Ends a name in `@interface` or `@protocol`: tags and opens it, unless it is a forward
+/// declaration.
 void EndObjcInterfacePart(VexlTagsParser& builder, const Name& name, const Name& category,
                           bool isInterface, bool isForward);
 

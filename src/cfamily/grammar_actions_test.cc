@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the small steps that the rules of the C family take.
+// Tests of the actions within a construct.
 #include "cfamily/grammar_actions.h"
 
 #include <gtest/gtest.h>
@@ -10,20 +10,20 @@
 namespace vexltags {
 namespace {
 
-TEST(GrammarActions, ANameOfATokenHasItsTextAndLine) {
+TEST(GrammarActions, TheNameOfATokenHasItsTextAndLine) {
   TokenMaker tokens("enum kRed");
   const Name name = NameOf(tokens.Span(5, 4, 7));
   EXPECT_EQ(name.text, "kRed");
   EXPECT_EQ(name.line, 7);
 }
 
-TEST(GrammarActions, ANameOfNoTokenIsEmpty) {
+TEST(GrammarActions, TheNameOfNoTokenIsEmpty) {
   const Name name = NameOf(nullptr);
   EXPECT_EQ(name.text, "");
   EXPECT_EQ(name.line, -1);
 }
 
-TEST(GrammarActions, TypeWordsStandInTheOrderWrittenOnTheLineOfTheLast) {
+TEST(GrammarActions, TypeWordsKeepTheirOrderAndTheLastLine) {
   TokenMaker tokens("long unsigned int");
   Name type;
   AppendTypeWord(type, tokens.Span(0, 4, 3));
@@ -33,7 +33,7 @@ TEST(GrammarActions, TypeWordsStandInTheOrderWrittenOnTheLineOfTheLast) {
   EXPECT_EQ(type.line, 4);
 }
 
-TEST(GrammarActions, ATypeNameGoesBehindItsQualifiers) {
+TEST(GrammarActions, ATypeNameFollowsItsQualifiers) {
   TypeDescriptor type;
   AppendTypeName(type, Name("T::type", 2));
   EXPECT_EQ(type.name, "T::type");
@@ -44,7 +44,7 @@ TEST(GrammarActions, ATypeNameGoesBehindItsQualifiers) {
   EXPECT_EQ(qualified.kind, 0);
 }
 
-TEST(GrammarActions, FurtherSpecifiersMoveTheLine) {
+TEST(GrammarActions, FurtherSpecifiersSetTheLine) {
   TypeDescriptor type("const", 0, 1);
   AppendSpecifiers(type, TypeDescriptor("int", 0, 2));
   EXPECT_EQ(type.name, "const int");
@@ -75,7 +75,7 @@ TEST_F(GrammarActionsOnScopes, AProtocolHasItsOwnLetter) {
   EXPECT_EQ(builder.CurrentNamespaceKindName(), "protocol");
 }
 
-TEST_F(GrammarActionsOnScopes, AForwardDeclarationLeavesNothing) {
+TEST_F(GrammarActionsOnScopes, AForwardDeclarationHasNoTag) {
   EndObjcInterfacePart(builder, Name("Foo", 3), Name(), true, true);
   EXPECT_EQ(Tags(), "");
   EXPECT_EQ(builder.CurrentNamespaceName(), "");

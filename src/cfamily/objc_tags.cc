@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tags of Objective-C: methods, the accessors of properties, and the scopes that hold them.
+// The tags of Objective-C methods, accessors and scopes.
 #include <cstdio>
 #include <string>
 
@@ -13,7 +13,7 @@ namespace {
 /// `setCount:` for a property `count`.
 std::string SetterName(const std::string& property) {
   std::string name = "set" + property + ":";
-  char& first = name[3];  // the colon, where the property has no name
+  char& first = name[3];  // the colon if the property has no name
   if (first >= 'a' && first <= 'z') first = static_cast<char>(first - 'a' + 'A');
   return name;
 }

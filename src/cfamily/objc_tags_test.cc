@@ -25,7 +25,7 @@ class ObjcTagsTest : public TagBuilderTest {
 
 const Name ObjcTagsTest::kNoCategory;
 
-TEST_F(ObjcTagsTest, SixLetters) {
+TEST_F(ObjcTagsTest, AMethodHasOneOfSixLetters) {
   Open("Foo", kInterfaceKind);
   const struct {
     bool isProperty, isDefinition, isClassMethod;
@@ -68,7 +68,7 @@ TEST_F(ObjcTagsTest, AccessorsOfAProperty) {
   const struct {
     const char *property, *getter, *setter;
     bool readonly;
-    const char *first, *second;  // the accessors' names; no second one for null
+    const char *first, *second;  // names of the accessors; null for no second one
   } cases[] = {
       {"count", "", "", false, "count", "setCount:"},
       {"count", "", "", true, "count", nullptr},
@@ -131,13 +131,13 @@ TEST_F(ObjcTagsTest, LaterAttributesAreMerged) {
   EXPECT_TRUE(all.readonly);
 }
 
-TEST_F(ObjcTagsTest, ASelectorWithoutAnyKeywordIsTaggedWithoutALine) {
+TEST_F(ObjcTagsTest, ASelectorWithoutAKeywordHasNoLine) {
   Open("Foo", kInterfaceKind);
   builder.DumpMethod(Method(":", -1));
   EXPECT_EQ(Tags(), ":\ta.h\t-1;\"\to\tinterface:Foo\n");
 }
 
-TEST_F(ObjcTagsTest, MethodsAreTaggedInObjcScopesOnly) {
+TEST_F(ObjcTagsTest, MethodsAreOnlyTaggedInObjcScopes) {
   MethodPrototypeList list;
   MethodPrototype make = Method("make", 3);
   make.isClassMethod = true;
@@ -177,7 +177,7 @@ TEST_F(ObjcTagsTest, ScopesAndCategories) {
   EXPECT_EQ(builder.CurrentNamespaceKindName(), "implementation");
 }
 
-TEST_F(ObjcTagsTest, AnEndLeavesTheBraceSoAVariableBehindItIsAMember) {
+TEST_F(ObjcTagsTest, AnEndLeavesTheBraceOpenSoAVariableAfterItIsAMember) {
   OpenObjcInterface(builder, Name("Foo", 1), kNoCategory, true);
   builder.PopClass(2);
   Tags();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The C family's scopes and braces, the tags of class-like scopes, and the cutting of names.
+// Scopes, braces and qualified names of the C family, and the tags of class-like scopes.
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
@@ -18,11 +18,6 @@ std::string VexlTagsParser::NamespaceNameToShow() const {
 }
 
 bool VexlTagsParser::HasScope() const { return !JoinedScope().empty(); }
-
-void VexlTagsParser::PushClass(const TypeDescriptor& descriptor) {
-  OpenScope(descriptor);
-  PushCurly(descriptor.kind == kNamespaceKind ? CurlyType::Namespace : CurlyType::Class);
-}
 
 void VexlTagsParser::PushFunctionLCurly() { PushCurly(CurlyType::Function); }
 

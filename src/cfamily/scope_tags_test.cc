@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the C family's scopes, braces, made-up names and class tags.
+// Tests of the scopes, braces, made-up names and class tags of the C family.
 #include <cstdlib>
 #include <string>
 #include <utility>
@@ -30,7 +30,7 @@ TEST_F(ScopeTagsTest, ANamespaceClosesWithoutASemicolonAndAClassWithOne) {
   EXPECT_EQ(builder.CurrentNamespaceName(), "");
 }
 
-TEST_F(ScopeTagsTest, AnotherBraceClosesNoScope) {
+TEST_F(ScopeTagsTest, AnyOtherBraceClosesNoScope) {
   Open("N", kNamespaceKind);
   builder.PushOtherLCurly();
   builder.PushOtherLCurly();
@@ -52,7 +52,7 @@ TEST_F(ScopeTagsTest, OnlyTheInnermostBraceCountsAsAClass) {
   EXPECT_FALSE(builder.InClassCurlies());
 }
 
-TEST_F(ScopeTagsTest, EveryScopeButANamespaceCountsAsAClass) {
+TEST_F(ScopeTagsTest, EveryScopeExceptANamespaceCountsAsAClass) {
   for (const long kind : {kClassKind, kStructKind, kUnionKind, kEnumKind, kInterfaceKind,
                           kProtocolKind, kImplementationKind}) {
     Open("S", kind);
@@ -61,7 +61,7 @@ TEST_F(ScopeTagsTest, EveryScopeButANamespaceCountsAsAClass) {
   }
 }
 
-TEST_F(ScopeTagsTest, AFunctionBraceIsSeenThroughInnerOnes) {
+TEST_F(ScopeTagsTest, AFunctionBraceIsFoundBelowInnerOnes) {
   Open("C", kClassKind);
   EXPECT_FALSE(builder.InFunctionCurliesDeep());
   builder.PushFunctionLCurly();
@@ -76,7 +76,7 @@ TEST_F(ScopeTagsTest, AFunctionBraceIsSeenThroughInnerOnes) {
   EXPECT_EQ(builder.CurrentNamespaceName(), "C");
 }
 
-TEST_F(ScopeTagsTest, ObjcIsTheInnermostScopeOnly) {
+TEST_F(ScopeTagsTest, OnlyTheInnermostScopeCountsAsObjc) {
   EXPECT_FALSE(builder.InObjc());
   const std::pair<long, bool> cases[] = {
       {kClassKind, false},   {kNamespaceKind, false},     {kInterfaceKind, true},
@@ -88,7 +88,7 @@ TEST_F(ScopeTagsTest, ObjcIsTheInnermostScopeOnly) {
   }
 }
 
-TEST_F(ScopeTagsTest, TheTypedefMarkIsThatOfTheInnermostScope) {
+TEST_F(ScopeTagsTest, OnlyTheInnermostScopeCountsAsATypedef) {
   EXPECT_FALSE(builder.CurrentNamespaceIsTyperef());
   TypeDescriptor marked("S", kStructKind, 1);
   marked.isTypedef = true;
@@ -98,14 +98,14 @@ TEST_F(ScopeTagsTest, TheTypedefMarkIsThatOfTheInnermostScope) {
   EXPECT_FALSE(builder.CurrentNamespaceIsTyperef());
 }
 
-TEST_F(ScopeTagsTest, AMarkedScopeWithoutAnyNameDoesNotCount) {
+TEST_F(ScopeTagsTest, ATypedefWithoutANameDoesNotCount) {
   TypeDescriptor marked("", kStructKind, 1);
   marked.isTypedef = true;
   builder.PushClass(marked);
   EXPECT_FALSE(builder.CurrentNamespaceIsTyperef());
 }
 
-TEST_F(ScopeTagsTest, MadeUpNamesAreCountedOverAllFiles) {
+TEST_F(ScopeTagsTest, MadeUpNamesAreNumberedAcrossFiles) {
   VexlTagsParser other(options, dumper, "b.h");
   const std::string first = builder.NextAnonName();
   const std::string second = other.NextAnonName();
@@ -113,8 +113,8 @@ TEST_F(ScopeTagsTest, MadeUpNamesAreCountedOverAllFiles) {
   EXPECT_EQ(second, "__anon" + std::to_string(std::stoi(first.substr(6)) + 1));
 }
 
-TEST(MadeUpNamesDeathTest, TheFirstOfARunIsNumberOne) {
-  testing::FLAGS_gtest_death_test_style = "threadsafe";  // a fresh process, whatever ran before
+TEST(MadeUpNamesDeathTest, TheFirstOneOfARunIsNumber1) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";  // a new process
   EXPECT_EXIT(
       {
         std::fputs(VexlTagsParser::NextAnonName().c_str(), stderr);
@@ -123,7 +123,7 @@ TEST(MadeUpNamesDeathTest, TheFirstOfARunIsNumberOne) {
       testing::ExitedWithCode(0), "^__anon1$");
 }
 
-TEST_F(ScopeTagsTest, GetNamespaceAndNameRegardsAngleBrackets) {
+TEST_F(ScopeTagsTest, GetNamespaceAndNameSkipsAngleBrackets) {
   const struct {
     const char *text, *scope, *name;
   } cases[] = {
@@ -164,7 +164,7 @@ TEST_F(ScopeTagsTest, AClassTagHasTheLetterOfItsKind) {
   }
 }
 
-TEST_F(ScopeTagsTest, AClassTagSpeaksOfTheScopeAroundIt) {
+TEST_F(ScopeTagsTest, AClassTagNamesTheScopeAroundIt) {
   builder.DumpClass(TypeDescriptor("A::B<C::D>", kStructKind, 1), 4);
   EXPECT_EQ(Tags(), "B<C::D>\ta.h\t4;\"\ts\tclass:A\n");
   Open("N", kNamespaceKind);

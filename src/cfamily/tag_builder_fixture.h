@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A test fixture with a C-family tag builder for the file "a.h" and a look at what it wrote.
+// A test fixture: a C-family tag builder for the file "a.h", and what it writes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,19 +17,19 @@ class TagBuilderTest : public testing::Test {
   Dumper dumper;
   VexlTagsParser builder{options, dumper, "a.h"};
 
-  /// Opens a scope without a tag.
+  /// Opens a scope without writing a tag.
   void Open(const std::string& name, long kind) {
     builder.PushClass(TypeDescriptor(name, kind, 1));
   }
 
-  /// All tag lines since the last call, one text.
+  /// The tag lines written since the last call, as one text.
   std::string Tags() {
     std::string all;
     for (; seen < dumper.Lines().size(); ++seen) all += dumper.Lines()[seen];
     return all;
   }
 
-  /// What `action` prints to standard output under `--debugDump`. Fails if it stores a tag.
+  /// What `action` prints to standard output under `--debugDump`. Fails if it writes a tag.
   template <class Action>
   std::string Readable(Action action) {
     options.debugDump = true;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tags of macros, typedefs, concepts, variables, members, and names behind a closing brace.
+// The tags of macros, typedefs, concepts, variables, members, and names after a closing brace.
 #include <cassert>
 #include <cstdio>
 
@@ -11,13 +11,12 @@
 namespace vexltags {
 namespace {
 
-/// True for the kinds that a typeref names: class, struct, union, enum.
+/// True for the kinds of types that a typeref field names.
 bool IsTypeKind(long kind) {
   return kind == kClassKind || kind == kStructKind || kind == kUnionKind || kind == kEnumKind;
 }
 
-/// True for the kinds that a qualified variable can be a member of: class, struct, union,
-/// namespace.
+/// True for the kinds of scopes that can declare a variable with a qualified name.
 bool HoldsVariables(long kind) {
   return kind == kClassKind || kind == kStructKind || kind == kUnionKind || kind == kNamespaceKind;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the tags of macros, typedefs, concepts, variables and names behind a closing brace.
+// Tests of the tags of macros, typedefs, concepts, variables and names after a closing brace.
 #include <string>
 
 #include "cfamily/tag_builder_fixture.h"
@@ -25,7 +25,7 @@ TEST_F(TypeTagsTest, ATypedefOfAPlainTypeHasNoTyperef) {
   EXPECT_EQ(Tags(), "T\ta.h\t2;\"\tt\n");
 }
 
-TEST_F(TypeTagsTest, ATypedefOfAClassLikeKindNamesItInFrontOfTheScope) {
+TEST_F(TypeTagsTest, ATypedefOfAClassNamesItBeforeTheScope) {
   for (const long kind : {kClassKind, kStructKind, kUnionKind, kEnumKind}) {
     builder.DumpTypedef("T", TypeDescriptor("struct foo  bar", kind, 1), 2);
     EXPECT_EQ(Tags(), "T\ta.h\t2;\"\tt\ttyperef:struct:foo::bar\n") << kind;
@@ -44,7 +44,7 @@ TEST_F(TypeTagsTest, ATypedefInAScope) {
             "typedef: T| a.h:2\n");
 }
 
-TEST_F(TypeTagsTest, AConceptShowsItsScopeButNotItsHead) {
+TEST_F(TypeTagsTest, AConceptHasAScopeFieldButNotItsHead) {
   builder.DumpConstraint("C", TypeDescriptor("T", 0, 1), 2);
   EXPECT_EQ(Tags(), "C\ta.h\t2;\"\tC\n");
   Open("N", kNamespaceKind);
@@ -57,7 +57,7 @@ TEST_F(TypeTagsTest, AConceptShowsItsScopeButNotItsHead) {
 TEST_F(TypeTagsTest, TheScopeOfAVariable) {
   const TypeDescriptor type("int", 0, 1);
   const struct {
-    long kind;  // of the open scope S, 0 for none
+    long kind;  // of the open scope S; 0 for none
     bool isMember;
     const char *name, *tag;
   } cases[] = {
@@ -105,7 +105,7 @@ TEST_F(TypeTagsTest, ReadableVariables) {
       "global: S a| a.h:2\n");
 }
 
-TEST_F(TypeTagsTest, ANameBehindABrace) {
+TEST_F(TypeTagsTest, ANameAfterABrace) {
   const struct {
     bool isMember, isTypedef;
     long typeKind;
@@ -148,7 +148,7 @@ TEST_F(TypeTagsTest, TheTenThousandthDeclarationOfAFileIsReportedOnce) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-TEST_F(TypeTagsTest, NothingIsReportedUnasked) {
+TEST_F(TypeTagsTest, ManyDeclarationsAreOnlyReportedOnRequest) {
   const TypeDescriptor type("int", 0, 1);
   testing::internal::CaptureStderr();
   for (int i = 0; i < 10001; ++i) builder.DumpDeclDef(false, "a", type, 1);

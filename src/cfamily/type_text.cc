@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Helpers on the text of types and qualified names: joining, cutting, and telling words apart.
+// Joins, splits and classifies the text of types and names.
 #include "cfamily/type_text.h"
 
 #include <algorithm>

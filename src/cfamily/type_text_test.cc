@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the helpers on type text and qualified names.
+// Tests of the helpers for type text and qualified names.
 #include "cfamily/type_text.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 namespace vexltags {
 namespace {
 
-TEST(LooksLikeSimpleTypeName, TakesIdentifiersOnly) {
+TEST(LooksLikeSimpleTypeName, AcceptsOnlyIdentifiers) {
   for (const char* yes : {"a", "_", "Z9", "_x_1", "size_t", "int"}) {
     EXPECT_TRUE(LooksLikeSimpleTypeName(yes)) << yes;
   }
@@ -18,7 +18,7 @@ TEST(LooksLikeSimpleTypeName, TakesIdentifiersOnly) {
   }
 }
 
-TEST(IsBuiltInType, KnowsThirteenWords) {
+TEST(IsBuiltInType, KnowsThirteenTypes) {
   for (const char* yes : {"char", "char16_t", "char32_t", "wchar_t", "bool", "short", "int", "long",
                           "signed", "unsigned", "float", "double", "void"}) {
     EXPECT_TRUE(IsBuiltInType(yes)) << yes;
@@ -28,14 +28,14 @@ TEST(IsBuiltInType, KnowsThirteenWords) {
   }
 }
 
-TEST(IsWellKnownType, KnowsThreeWords) {
+TEST(IsWellKnownType, KnowsThreeTypes) {
   for (const char* yes : {"size_t", "ssize_t", "ptrdiff_t"}) EXPECT_TRUE(IsWellKnownType(yes));
   for (const char* no : {"", "int", "std::size_t", "intptr_t", "size_t "}) {
     EXPECT_FALSE(IsWellKnownType(no)) << no;
   }
 }
 
-TEST(SplitNameQualifier, CutsAtTheLastColons) {
+TEST(SplitNameQualifier, SplitsAtTheLastColons) {
   const struct {
     const char *text, *name, *qualifier;
   } cases[] = {
@@ -58,14 +58,14 @@ TEST(SplitNameQualifier, CutsAtTheLastColons) {
   }
 }
 
-TEST(SplitNameQualifier, MayWriteOverItsInput) {
+TEST(SplitNameQualifier, MayOverwriteItsInput) {
   std::string text = "A::b", qualifier;
   SplitNameQualifier(text, text, qualifier);
   EXPECT_EQ(text, "b");
   EXPECT_EQ(qualifier, "A");
 }
 
-TEST(AppendQualifier, JoinsBothOrMakesAPrefix) {
+TEST(AppendQualifier, JoinsBothOrBuildsAPrefix) {
   const struct {
     const char *text, *qualifier;
     bool always;
@@ -81,18 +81,18 @@ TEST(AppendQualifier, JoinsBothOrMakesAPrefix) {
   }
 }
 
-TEST(TemplateArgumentText, TurnsEachLineEndIntoABlank) {
+TEST(TemplateArgumentText, ReplacesEachLineEndByABlank) {
   EXPECT_EQ(TemplateArgumentText("< int ,\n char >"), "< int ,  char >");
   EXPECT_EQ(TemplateArgumentText("<\r\na\n\n>"), "<  a  >");
   EXPECT_EQ(TemplateArgumentText("<a\t/* b */>"), "<a\t/* b */>");
 }
 
-TEST(TemplateParameterText, FallsBackToAPlaceholder) {
+TEST(TemplateParameterText, HasAPlaceholder) {
   EXPECT_EQ(TemplateParameterText("T"), "T");
   EXPECT_EQ(TemplateParameterText(""), "anon_value");
 }
 
-TEST(ValueParameterText, PrefersTheNameAndTakesABareTypeForOne) {
+TEST(ValueParameterText, PrefersTheNameToABareType) {
   const struct {
     const char *type, *name, *result;
   } cases[] = {

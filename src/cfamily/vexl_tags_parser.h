@@ -13,83 +13,79 @@
 
 namespace vexltags {
 
-/// Keeps the scopes of one file and writes its tags. What a construct of the grammar asks of it in
-/// several steps stands in declarations.h as one call.
+/// Tracks the scopes of a file and writes its tags. declarations.h combines these steps into one
+/// call for each construct of the grammar.
 ///
-/// Under `--debugDump` each `Dump…` prints a readable line to standard output and stores no tag.
+/// Under `--debugDump` each `Dump…` prints a readable line to standard output instead of a tag.
 class VexlTagsParser : public ParserStateBase {
  public:
   using FunctionPrototype = vexltags::FunctionPrototype;
   using ParserStateBase::ParserStateBase;
 
-  /// A `typedef` was read as an item of its own; the declaration that comes is its rest.
+  /// A `typedef` was read as an item of its own; the next declaration belongs to it.
   bool inTypedef = false;
 
   /// The names of the open scopes from the outermost, joined by "::".
   const std::string& CurrentNamespaceName() const override;
-  /// A copy of it for use behind the scope's end, no longer than a tag line shows.
+  /// A copy of it for use after the scope is closed, no longer than a tag line can show.
   std::string NamespaceNameToShow() const;
-  /// Opens a scope and its brace; a namespace has a brace of its own kind.
-  void PushClass(const TypeDescriptor& descriptor) override;
-  /// Opens the brace of a function body. Bodies are skipped as balanced text, so nobody calls it
-  /// yet.
+  /// Opens the brace of a function body. Nothing calls it: bodies are skipped as balanced text.
   void PushFunctionLCurly();
-  /// Opens a brace that is no scope, such as that of `extern "C"`.
+  /// Opens a brace without a scope, such as that of `extern "C"`.
   void PushOtherLCurly();
 
-  /// True when the innermost open brace is a function's.
+  /// True if the innermost open brace is that of a function. Nothing calls it.
   bool InFunctionCurlies() const;
-  /// True when any open brace is a function's. Declarations get no tag there.
+  /// True if any open brace is that of a function. Declarations have no tags there.
   bool InFunctionCurliesDeep() const;
-  /// True when the innermost open brace is that of a class, struct, union, enum or Objective-C
-  /// scope.
+  /// True if the innermost open brace is that of a scope other than a namespace.
   bool InClassCurlies() const;
-  /// True when the innermost scope is an interface, protocol or implementation.
+  /// True if the innermost scope is an interface, protocol or implementation.
   bool InObjc() const;
-  /// True when the innermost scope began with `typedef`.
+  /// True if the innermost scope began with `typedef`.
   bool CurrentNamespaceIsTyperef() const;
 
-  /// True under `--debugDump`, whose lines are all that shows the text of a whole type.
+  /// True under `--debugDump`: nothing else shows the text of a whole type.
   bool ShowsTypeText() const { return options->debugDump; }
 
-  /// Writes the tag of a class, namespace or Objective-C scope; the letter follows from its kind.
-  /// To be called before the scope itself is opened.
+  /// Writes the tag of a class, namespace or Objective-C scope with the letter of its kind. Call it
+  /// before the scope is opened.
   void DumpClass(const TypeDescriptor& descriptor, int line) const;
   /// Writes the tag of a macro, which never has a scope.
   void DumpMacro(const std::string& name, int line) const;
-  /// Writes the tag of a typedef or alias. A type of a class-like kind is named in a typeref field.
+  /// Writes the tag of a typedef or alias, with a typeref field for a class, struct, union or enum.
   void DumpTypedef(const std::string& name, const TypeDescriptor& type, int line) const;
-  /// Writes the tag of a concept. `type` holds the text of its template head.
+  /// Writes the tag of a concept. `type` holds the text of its template head, which no tag shows.
   void DumpConstraint(const std::string& name, const TypeDescriptor& type, int line) const;
-  /// Writes the tag of a variable or member. A qualifier in the name becomes its scope.
+  /// Writes the tag of a variable or member. A qualifier in the name becomes part of the scope.
   void DumpDeclDef(bool isMember, const std::string& name, const TypeDescriptor& type, int line);
-  /// Writes the tag of a name declared behind a closing brace or an enum. `typeKind` and `typeName`
-  /// tell the type just closed, `scopeKind` and `scopeName` the scope that a member stands in.
+  /// Writes the tag of a name declared after a closing brace or an enum. `typeKind` and `typeName`
+  /// describe the type just closed, `scopeKind` and `scopeName` the scope of a member.
   void DumpDeclaration(bool isMember, bool isTypedef, const std::string& name, long typeKind,
                        const std::string& typeName, long scopeKind, const std::string& scopeName,
                        int line);
-  /// Writes the tag of an Objective-C method or accessor; to be called inside such a scope only.
+  /// Writes the tag of an Objective-C method or accessor. An Objective-C scope must be open.
   void DumpMethod(const MethodPrototype& method) const;
 
-  /// Cuts the qualifier off `name`, angle brackets regarded, and puts it behind the open scopes:
-  /// `A<B::C>::f` gives scope `A<B::C>` and name `f`. Returns scope text and plain name.
+  /// Splits `name` into scope and plain name, and adds the scope to the open ones: `A<B::C>::f` has
+  /// the scope `A<B::C>` and the plain name `f`. Ignores "::" inside angle brackets.
   std::pair<std::string, std::string> GetNamespaceAndName(const std::string& name) const;
 
-  /// The parameters on one line for the readable form: the type, then ` @name@`, joined by ", ".
+  /// The parameters for the readable form: type and ` @name@` of each, joined by ", ".
   static std::string FlattenParamList(const ParamList& list);
-  /// A new name for something unnamed: `__anon1`, `__anon2` and so on, counted over the whole run.
+  /// A made-up name: `__anon1`, `__anon2` and so on, numbered across the files of a run.
   static std::string NextAnonName();
-  /// See `vexltags::AppendWithSpace`.
+  /// Same as `vexltags::AppendWithSpace`. Nothing calls it.
   static const std::string& AppendWithSpace(std::string& text, std::string_view piece);
 
  private:
   friend struct vexltags::FunctionPrototype;
 
-  /// True for a name that `GetNamespaceAndName` may cut.
+  /// True for a name that `GetNamespaceAndName` may split.
   static bool HasQualifier(const std::string& name);
-  /// True when `CurrentNamespaceName` is not empty.
+  /// True if `CurrentNamespaceName` is not empty.
   bool HasScope() const;
-  /// The word of the innermost scope, "class" outside any: a qualifier is taken for a class.
+  /// The word of the innermost scope; "class" outside any, where a qualifier counts as a class.
   const char* ScopeWord() const;
 };
 

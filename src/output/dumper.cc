@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Assembles tag lines and writes them at the end of the run.
+// Assembles tag lines and writes them when the run ends.
 #include "output/dumper.h"
 
 #include <sys/stat.h>
@@ -26,6 +26,10 @@ void Dumper::SetPrintObserver(std::function<void(const std::string&)> observer) 
 
 void Dumper::Print(std::string_view text) {
   pending += text;
+  CompleteLine();
+}
+
+void Dumper::CompleteLine() {
   if (pending.empty() || pending.back() != '\n') return;
   if (printObserver) printObserver(pending);
   lines.Add(pending);
@@ -45,17 +49,17 @@ void Dumper::PrintPiece(std::initializer_list<std::string_view> parts) {
   const std::size_t start = pending.size();
   for (const std::string_view part : parts) pending += part;
   if (pending.find('\0', start) != std::string::npos) {
-    // Each part ends at its first NUL byte, as that of a C string would.
+    // A part ends at its first NUL byte, as a C string does.
     pending.resize(start);
     for (const std::string_view part : parts) pending += part.substr(0, part.find('\0'));
   }
   if (pending.size() - start > kLongestPiece) pending.resize(start + kLongestPiece);
-  Print("");
+  CompleteLine();
 }
 
 std::string Dumper::FileName(const Options& options, const std::string& path) const {
   if (!options.tagRelative) return path;
-  // The environment is read until it gives a value, and no more after that.
+  // The environment is read until it yields a value, and never again.
   static std::string home;
   static std::string cwd;
   if (home.empty()) {
@@ -90,7 +94,7 @@ int Dumper::Dump(const Options& options) {
   return -1;
 }
 
-// Takes over the lines of the existing file, without its header. False when it cannot be read.
+// Adds the lines of the existing file, except its header. False if it cannot be read.
 bool Dumper::ReadOldLines() {
   std::ifstream file(outputPath, std::ios::binary);
   if (!file) return false;

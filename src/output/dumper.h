@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one sink of a run: collects whole tag lines of all files, sorts and writes them once.
+// The one sink of a run: collects the tag lines of all files, sorts them and writes them once.
 #pragma once
 
 #include <cstddef>
@@ -14,44 +14,47 @@
 
 namespace vexltags {
 
-/// Collects the tag lines of a run. Tag builders hand over a line in pieces; a piece that ends in a
-/// newline completes the line. Lines stay in memory until `Dump`, which writes them all.
+/// Collects the tag lines of a run. A line arrives in pieces; a piece that ends in a newline
+/// completes it. Lines stay in memory until `Dump` writes them all.
 class Dumper {
  public:
-  /// Stores where `Dump` will write; empty (the start value) is standard output. Nothing is opened.
+  /// Sets the file that `Dump` writes; empty, the default, is standard output. Opens nothing.
   void SetOutput(const std::string& path);
 
-  /// Appends `text` to the line in the making. If the line now ends in a newline it is complete:
-  /// the observer sees it and it is stored. Newlines inside a piece split nothing.
+  /// Appends `text` to the pending line. If that now ends in a newline, the line is complete: it is
+  /// shown to the observer and stored. A newline inside a piece splits nothing.
   void Print(std::string_view text);
 
-  /// Formats as `vsnprintf` does into 1024 bytes and hands the result to the other form; a longer
-  /// result is cut to 1023 characters without a report, its final newline included.
-  /// Named apart from the text form, so that a C string can never be taken for a format by mistake.
+  /// Formats with `vsnprintf` into 1024 bytes and prints the result. A longer one is cut to 1023
+  /// bytes without a report, and a final newline goes with the rest. Not an overload of `Print`, so
+  /// that a C string is never taken for a format by mistake. Nothing calls it: tags print their
+  /// formatted pieces with `PrintPiece`, which tests compare with this function.
   void PrintFormat(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
-  /// The characters that a formatted piece can have.
+  /// The largest size of a formatted piece, in bytes.
   static constexpr std::size_t kLongestPiece = 1023;
 
-  /// Prints `parts` as one piece as a format with strings would: each ends at a NUL byte, and the
-  /// whole is cut to 1023 characters.
+  /// Prints `parts` as one formatted piece, as `PrintFormat` prints them with `%s` for each: a part
+  /// ends at its first NUL byte, and the whole is cut to `kLongestPiece` bytes.
   void PrintPiece(std::initializer_list<std::string_view> parts);
 
-  /// Replaces the function that sees every complete line as it is stored; empty for none.
+  /// Sets the function that is called with each complete line; empty for none.
   void SetPrintObserver(std::function<void(const std::string&)> observer);
 
-  /// The file field for a path as `Process` stored it. With `tagRelative` the path is rewritten
-  /// relative to the working directory (from `PWD`); without, it is returned as it is.
+  /// The file field for a path as `Process` stored it: the path itself, or with `tagRelative` the
+  /// path relative to the working directory, see relative_path.h.
   std::string FileName(const Options& options, const std::string& path) const;
 
-  /// Sorts and writes everything. Returns 0, or -1 after a message on standard error.
-  /// May be called once.
+  /// Sorts and writes all lines. Returns 0, or -1 after a message on standard error. Call it at
+  /// most once.
   int Dump(const Options& options);
 
-  /// The complete lines so far, in the order of emission; each ends in a newline.
+  /// The complete lines in the order of emission, each with its newline.
   std::vector<std::string> Lines() const { return {lines.Lines().begin(), lines.Lines().end()}; }
 
  private:
+  /// Stores the pending line if it ends in a newline.
+  void CompleteLine();
   bool ReadOldLines();
   const char* Write(const Options& options, bool append, bool header) const;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of the sink: assembling lines, file fields, and every way of writing them.
+// Tests of the sink: assembling lines, file fields, and all ways to write a file.
 #include "output/dumper.h"
 
 #include <fcntl.h>
@@ -53,9 +53,9 @@ TEST(DumperPrint, AssemblesLinesFromPieces) {
   }
 }
 
-TEST(DumperPrint, CutsFormattedTextAt1023Characters) {
+TEST(DumperPrint, CutsFormattedTextAt1023Bytes) {
   const struct {
-    std::size_t length;  // of the text in front of the newline
+    std::size_t length;  // of the text before the newline
     std::size_t kept;
     bool complete;
   } cases[] = {{1021, 1021, true}, {1022, 1022, true}, {1023, 1023, false}, {5000, 1023, false}};
@@ -76,7 +76,7 @@ TEST(DumperPrint, NeverCutsTextGivenAsAString) {
   EXPECT_EQ(dumper.Lines(), Lines{name + "\ta.c\t12;\"\tf\n"});
 }
 
-TEST(DumperPrint, TakesPercentSignsInTextLiterally) {
+TEST(DumperPrint, PrintsPercentSignsInTextAsTheyAre) {
   Dumper dumper;
   dumper.Print("operator%s\n");
   EXPECT_EQ(dumper.Lines(), Lines{"operator%s\n"});
@@ -106,7 +106,7 @@ TEST(DumperFileName, IsTheStoredPathByDefault) {
   EXPECT_EQ(Dumper().FileName(options, "/w/a.c"), "/w/a.c");
 }
 
-// In a child, because home and working directory are read once per process.
+// Runs in a child because home and working directory are read once per process.
 TEST(DumperFileName, IsRelativeOnRequest) {
   const ScratchFolder scratch;
   const std::string& root = scratch.Path();
@@ -185,7 +185,7 @@ TEST(DumperDump, WritesToStandardOutputByDefault) {
   }
 }
 
-TEST(DumperDump, WritesTheHeaderAloneWithoutLines) {
+TEST(DumperDump, WritesOnlyTheHeaderWithoutLines) {
   Dumper dumper;
   testing::internal::CaptureStdout();
   EXPECT_EQ(dumper.Dump(Options()), 0);
@@ -228,7 +228,7 @@ TEST(DumperDump, ReplacesMergesOrAppends) {
   }
 }
 
-TEST(DumperDump, DoublesEveryEntryWhenMergedTwice) {
+TEST(DumperDump, DuplicatesEveryEntryWhenMergedTwice) {
   const ScratchFolder scratch;
   Options options;
   options.append = true;
@@ -254,7 +254,7 @@ TEST(DumperDump, KeepsOddBytesOfOldLines) {
   EXPECT_EQ(ReadFile(scratch.Path("tags")), Header(1) + std::string(" \na\tx\r\nb\0\t\xe4\n", 12));
 }
 
-TEST(DumperDump, MakesTheParents) {
+TEST(DumperDump, CreatesParentDirectories) {
   const ScratchFolder scratch;
   Dumper dumper;
   dumper.SetOutput(scratch.Path("a/b/c/tags"));
@@ -263,7 +263,7 @@ TEST(DumperDump, MakesTheParents) {
   EXPECT_EQ(ReadFile(scratch.Path("a/b/c/tags")), Header(2));
 }
 
-TEST(DumperDump, ReportsATargetThatCannotBeOpened) {
+TEST(DumperDump, ReportsAFileThatCannotBeOpened) {
   const ScratchFolder scratch;
   WriteFile(scratch.Path("file"), "");
   for (const bool append : {false, true}) {
@@ -310,7 +310,7 @@ TEST(DumperDump, ReportsFullOrClosedStandardOutputOnce) {
   }
 }
 
-TEST(DumperDump, LeavesNoPartOfATagsFile) {
+TEST(DumperDump, LeavesNoPartialTagsFile) {
   const struct {
     const char* why;
     bool exists;

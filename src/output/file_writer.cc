@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Buffered writing with every failure noticed.
+// Buffered writing that checks every system call.
 #include "output/file_writer.h"
 
 #include <fcntl.h>
@@ -76,7 +76,7 @@ void FileWriter::Abandon() {
   const char* path = filePath.c_str();
   if (!S_ISREG(opened.st_mode) || stat(path, &now) != 0 || !SameFile(now, opened)) return;
   const int truncated = truncate(path, openMode == Mode::Append ? opened.st_size : 0);
-  static_cast<void>(truncated);  // If this fails too, there is nothing left to try.
+  static_cast<void>(truncated);  // If this fails too, nothing is left to try.
   const bool isLink = lstat(path, &now) != 0 || !SameFile(now, opened);
   if (openMode == Mode::Truncate && !isLink) unlink(path);
 }
@@ -101,7 +101,7 @@ bool FileWriter::WriteOut(const char* bytes, std::size_t count) {
 }
 
 void FileWriter::CloseDescriptor() {
-  // An interrupted close has closed the descriptor all the same.
+  // An interrupted close has closed the descriptor nevertheless.
   if (ownsDescriptor && close(descriptor) != 0 && errno != EINTR) failed = true;
   ownsDescriptor = false;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Puts bytes to a file or to standard output and reports every failure.
+// Writes bytes to a file or to standard output and reports every failure.
 #pragma once
 
 #include <signal.h>
@@ -11,34 +11,34 @@
 
 namespace vexltags {
 
-/// A buffered output. A failure shows in the result of the call that met it and of every later one,
-/// never as a signal: a closed pipe and a size limit fail the write and do not end the process.
+/// A buffered output. The call that meets a failure and every later call return false. A closed
+/// pipe or a size limit fails the write; no signal ends the process.
 class FileWriter {
  public:
   enum class Mode {
     Truncate,  ///< Start from an empty file.
-    Append,    ///< Write behind what is there.
+    Append,    ///< Write at the end of the file.
   };
 
   FileWriter();
-  /// Closes without a last flush; what `Close` has not confirmed may be lost.
+  /// Closes without a last flush. Without a successful `Close`, output may be lost.
   ~FileWriter();
   FileWriter(const FileWriter&) = delete;
   FileWriter& operator=(const FileWriter&) = delete;
 
-  /// Opens, creating the file if needed. Returns false when that fails.
+  /// Opens the file and creates it if needed. Returns false if that fails.
   bool OpenFile(const std::string& path, Mode mode);
-  /// Writes to standard output, behind all that was printed there before.
+  /// Writes to standard output, after everything printed there before.
   void OpenStandardOutput();
 
   /// Adds `text` to the output. Returns false once anything has failed.
   bool Write(std::string_view text);
-  /// Writes out what is buffered, then closes; standard output stays open. Returns false if this or
-  /// anything before failed.
+  /// Flushes the buffer and closes the file; standard output stays open. Returns false if this or
+  /// any earlier call failed.
   bool Close();
-  /// Closes and takes back what was written, so that no partial output can pass for a whole one: a
-  /// regular file gets its former length if it was appended to and is removed otherwise (behind a
-  /// symbolic link it is emptied). Anything else, such as a device, is left alone.
+  /// Closes and undoes the writing, so that partial output cannot pass for complete output. A
+  /// regular file is cut back to its former length in append mode; otherwise it is removed, or
+  /// emptied if the path is a symbolic link. Anything else, such as a device, is left alone.
   void Abandon();
 
  private:
@@ -51,7 +51,7 @@ class FileWriter {
   bool failed = false;
   Mode openMode = Mode::Truncate;
   std::string filePath;
-  struct stat opened = {};  // The file as it was right after opening; no type if there is none.
+  struct stat opened = {};  // The file when it was opened; without a type if that is unknown.
   std::string buffer;
   struct sigaction formerPipeAction;
   struct sigaction formerSizeAction;

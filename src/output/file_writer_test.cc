@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of writing, with devices and limits that fail.
+// Tests of writing to files, and to devices and limits that fail.
 #include "output/file_writer.h"
 
 #include <fcntl.h>
@@ -22,7 +22,7 @@ using testing_support::ScratchFolder;
 using testing_support::WriteFile;
 using Mode = FileWriter::Mode;
 
-// Lets no file of this process grow beyond `bytes`.
+// Limits the size of every file of this process.
 void LimitFileSize(rlim_t bytes) {
   struct rlimit limit;
   getrlimit(RLIMIT_FSIZE, &limit);
@@ -62,7 +62,7 @@ TEST(FileWriter, WritesPiecesOfEverySizeInOrder) {
   EXPECT_EQ(ReadFile(scratch.Path("f")), expected);
 }
 
-TEST(FileWriter, CannotOpenBelowAFileOrOnAFolder) {
+TEST(FileWriter, CannotOpenAPathBelowAFileOrADirectory) {
   const ScratchFolder scratch;
   WriteFile(scratch.Path("f"), "");
   for (const std::string& path : {scratch.Path("f/g"), scratch.Path(), std::string()}) {
@@ -73,7 +73,7 @@ TEST(FileWriter, CannotOpenBelowAFileOrOnAFolder) {
   }
 }
 
-TEST(FileWriter, NoticesAFullDeviceAtTheLastFlush) {
+TEST(FileWriter, ReportsAFullDeviceAtTheLastFlush) {
   FileWriter writer;
   ASSERT_TRUE(writer.OpenFile("/dev/full", Mode::Truncate));
   EXPECT_TRUE(writer.Write("buffered"));
@@ -81,7 +81,7 @@ TEST(FileWriter, NoticesAFullDeviceAtTheLastFlush) {
   EXPECT_FALSE(writer.Write("more"));
 }
 
-TEST(FileWriter, NoticesAFullDeviceAtALargeWrite) {
+TEST(FileWriter, ReportsAFullDeviceAtALargeWrite) {
   FileWriter writer;
   ASSERT_TRUE(writer.OpenFile("/dev/full", Mode::Append));
   EXPECT_FALSE(writer.Write(std::string(100000, 'x')));
@@ -89,7 +89,7 @@ TEST(FileWriter, NoticesAFullDeviceAtALargeWrite) {
   EXPECT_FALSE(writer.Close());
 }
 
-TEST(FileWriter, AbandonsNoDevice) {
+TEST(FileWriter, AbandonLeavesADeviceAlone) {
   FileWriter writer;
   ASSERT_TRUE(writer.OpenFile("/dev/full", Mode::Truncate));
   EXPECT_TRUE(writer.Write("x"));
@@ -98,7 +98,7 @@ TEST(FileWriter, AbandonsNoDevice) {
   EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
 }
 
-TEST(FileWriter, FailsAtASizeLimitWithoutASignal) {
+TEST(FileWriter, ReportsASizeLimitWithoutASignal) {
   const ScratchFolder scratch;
   const std::string path = scratch.Path("f");
   const int status = RunInChild([&path] {
@@ -111,7 +111,7 @@ TEST(FileWriter, FailsAtASizeLimitWithoutASignal) {
   EXPECT_EQ(ReadFile(path), "0123456789");
 }
 
-TEST(FileWriter, TakesBackWhatItWrote) {
+TEST(FileWriter, AbandonUndoesTheWriting) {
   const struct {
     const char* why;
     Mode mode;
@@ -143,7 +143,7 @@ TEST(FileWriter, TakesBackWhatItWrote) {
   }
 }
 
-TEST(FileWriter, LeavesAFileThatTookItsPlace) {
+TEST(FileWriter, AbandonLeavesAFileThatReplacedIt) {
   const ScratchFolder scratch;
   FileWriter writer;
   ASSERT_TRUE(writer.OpenFile(scratch.Path("f"), Mode::Truncate));
@@ -153,7 +153,7 @@ TEST(FileWriter, LeavesAFileThatTookItsPlace) {
   EXPECT_EQ(ReadFile(scratch.Path("f")), "other");
 }
 
-TEST(FileWriter, WritesToStandardOutputBehindWhatIsThere) {
+TEST(FileWriter, WritesToStandardOutputAfterEarlierText) {
   testing::internal::CaptureStdout();
   std::printf("before ");
   {
@@ -166,7 +166,7 @@ TEST(FileWriter, WritesToStandardOutputBehindWhatIsThere) {
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "before tags behind");
 }
 
-TEST(FileWriter, NoticesBrokenStandardOutputWithoutASignal) {
+TEST(FileWriter, ReportsBrokenStandardOutputWithoutASignal) {
   enum Kind { Full, Closed, ReaderGone };
   for (const Kind kind : {Full, Closed, ReaderGone}) {
     for (const bool printedBefore : {false, true}) {
@@ -183,13 +183,13 @@ TEST(FileWriter, NoticesBrokenStandardOutputWithoutASignal) {
         writer.Write("tags");
         return writer.Close() ? 3 : 0;
       });
-      // The child's own output is lost when it ends, which must not end it either.
+      // The child loses its own output when it exits, which must not kill it either.
       EXPECT_EQ(status, 0) << kind << printedBefore;
     }
   }
 }
 
-TEST(FileWriter, GivesSignalsBackTheirFormerMeaning) {
+TEST(FileWriter, RestoresSignalActions) {
   const int status = RunInChild([] {
     signal(SIGPIPE, SIG_DFL);
     { const FileWriter writer; }

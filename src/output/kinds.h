@@ -33,11 +33,10 @@ inline constexpr char kDeclaredAccessor = 'r';     ///< From `@property`.
 inline constexpr char kSynthesizedAccessor = 'R';  ///< From `@synthesize`.
 }  // namespace kind_letter
 
-/// The scope-like kinds by number. Grammar rules and `TypeDescriptor` hold the number as a `long`.
-/// Not every kind opens a scope: 5, 10 and 11 are those of Swift declarations without a body, and
-/// no rule uses 13.
+/// The scope-like kinds by number. Grammar rules and `TypeDescriptor` store the number as a `long`.
+/// Not every kind has scopes: 5, 10 and 11 are Swift declarations without a body; nothing uses 13.
 enum ScopeKind : long {
-  kNoKind = 0,  ///< Not scope-like; also the result of a rule that failed.
+  kNoKind = 0,  ///< Not scope-like.
   kClassKind = 1,
   kStructKind = 2,
   kUnionKind = 3,

@@ -16,7 +16,7 @@ namespace {
 
 std::size_t NameLength(std::string_view line) { return std::min(line.find('\t'), line.size()); }
 
-// How bytes are changed before they are compared, eight at a time.
+// What is done to bytes before they are compared, eight at a time.
 struct AsTheyAre {
   std::uint64_t operator()(std::uint64_t bytes) const { return bytes; }
 };
@@ -25,13 +25,13 @@ struct FoldAscii {
     constexpr std::uint64_t kEach = 0x0101010101010101;
     const std::uint64_t low = bytes & kEach * 0x7F;
     const std::uint64_t fromA = low + kEach * (0x80 - 'A');
-    const std::uint64_t behindZ = low + kEach * (0x80 - 'Z' - 1);
-    const std::uint64_t isUpper = fromA & ~behindZ & ~bytes & kEach * 0x80;
-    return bytes + (isUpper >> 2);  // 0x20, from an upper to a lower case letter.
+    const std::uint64_t aboveZ = low + kEach * (0x80 - 'Z' - 1);
+    const std::uint64_t isUpper = fromA & ~aboveZ & ~bytes & kEach * 0x80;
+    return bytes + (isUpper >> 2);  // 0x20, the distance from upper to lower case.
   }
 };
 
-// Eight bytes of a text from `from` on as a number, zeros behind its end: two different numbers
+// Eight bytes of `text` from offset `from` as a number, with zeros past its end. Different numbers
 // compare as the texts do, byte by byte and unsigned.
 template <class Map>
 std::uint64_t EightBytes(std::string_view text, std::size_t from, Map map) {
@@ -45,24 +45,24 @@ std::uint64_t EightBytes(std::string_view text, std::size_t from, Map map) {
   return map(bytes);
 }
 
-// A line while it is being sorted: eight bytes of it, its number, and how much of it the key is.
-// More lines than the numbers reach would not fit in memory beside their texts.
+// A line during sorting: eight bytes of it, its index, and the length of its key. More lines than
+// an index can count would not fit in memory.
 struct Keyed {
   std::uint64_t bytes;
   std::uint32_t line;
   std::uint32_t keyLength;
 };
 
-/// Sorts lines by a key that a line begins with, eight bytes of it at a time, so that most
-/// comparisons touch no line; lines of one key and short runs fall to `before`, which agrees with
-/// the order of the keys.
+/// Sorts lines by a key at their start, eight bytes at a time, so that most comparisons do not read
+/// the lines. Lines with equal keys and short runs are sorted by `before`, which agrees with the
+/// order of the keys.
 template <class Map, class Before>
 class KeySorter {
  public:
   KeySorter(const std::vector<std::string_view>& unsorted, Map keyMap, Before lineOrder)
       : lines(unsorted), map(keyMap), before(lineOrder) {}
 
-  /// `from` is a multiple of eight; the keys are known to agree in front of it.
+  /// `from` is a multiple of eight; the keys are known to agree up to it.
   void Sort(Keyed* first, Keyed* last, std::size_t from) const {
     for (Keyed* item = first; item != last; ++item) {
       item->bytes = EightBytes(lines[item->line].substr(0, item->keyLength), from, map);
@@ -94,7 +94,7 @@ class KeySorter {
   Before before;
 };
 
-// The bytes that line number `i` is first sorted by are its first `length`.
+// The key of line number `i` is its first `length` bytes.
 Keyed Key(std::size_t i, std::size_t length) {
   return {0, static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(length)};
 }
@@ -103,7 +103,7 @@ template <class Map, class Before>
 void SortByKey(std::vector<std::string_view>& lines, std::vector<Keyed>& keyed, Map map,
                Before before) {
   KeySorter<Map, Before>(lines, map, before).Sort(keyed.data(), keyed.data() + keyed.size(), 0);
-  // Each line goes to its place, one cycle after the other.
+  // Moves each line to its place, cycle by cycle.
   for (std::uint32_t start = 0; start < keyed.size(); ++start) {
     const std::string_view displaced = lines[start];
     std::uint32_t place = start;
@@ -125,15 +125,15 @@ void SortByBytes(std::vector<std::string_view>& lines) {
   SortByKey(lines, keyed, AsTheyAre(), std::less<>());
 }
 
-// The key is the folded name with its tab. Two lines that differ there differ within the longer
-// name, and that decides their folded order.
+// The key is the folded name with its tab. Lines whose keys differ do so within the longer name or
+// at the tab after the shorter one, which decides their folded order.
 void SortFolded(std::vector<std::string_view>& lines) {
   std::vector<Keyed> keyed;
   keyed.reserve(lines.size());
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const std::size_t name = NameLength(lines[i]);
-    // A line without a tab may end where the other line has its tab. That is no difference between
-    // the names, so case comes first, which keys cannot tell.
+    // A line without a tab may end where another has its tab. The names are then equal, and case
+    // decides before the rest of the line, which keys cannot express.
     if (name == lines[i].size()) return std::sort(lines.begin(), lines.end(), CaseCompare());
     keyed.push_back(Key(i, strnlen(lines[i].data(), name + 1)));
   }

@@ -8,19 +8,19 @@
 
 namespace vexltags {
 
-/// The order with case folded: true when line `a` comes before line `b`.
+/// The order with case folded: true if line `a` sorts before line `b`.
 ///
-/// Names (the text before the first tab) are compared without regard to case and then with it, the
-/// shorter one with its tab included, so that `abc` comes before `abc_d`; equal names fall to the
-/// bytes of the whole line. Letters outside ASCII are not folded. Text behind a NUL byte is
+/// Compares the names (the text before the first tab) first without regard to case, then with it.
+/// The tab after the shorter name takes part, so that `abc` sorts before `abc_d`. Lines with equal
+/// names are compared byte by byte. Only ASCII letters are folded. Text after a NUL byte is
 /// ignored.
 struct CaseCompare {
-  /// Both texts have a NUL byte behind them.
+  /// A NUL byte must follow each text.
   bool operator()(std::string_view a, std::string_view b) const;
 };
 
-/// Sorts by the sort option's number: 1 by the bytes of the whole line, 2 by `CaseCompare`; any
-/// other number leaves the lines as they are. Each line has a NUL byte behind it.
+/// Sorts by the value of the sort option: 1 sorts by the bytes of the whole line, 2 by
+/// `CaseCompare`, any other value not at all. A NUL byte must follow each line.
 void SortLines(std::vector<std::string_view>& lines, std::int32_t sort);
 
 }  // namespace vexltags

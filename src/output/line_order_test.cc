@@ -12,7 +12,7 @@
 namespace vexltags {
 namespace {
 
-// Sorts strings, which have the NUL byte that the order wants behind a line.
+// Sorts strings: the NUL byte that the order needs follows each of them.
 void Sort(std::vector<std::string>& lines, std::int32_t sort) {
   std::vector<std::string_view> views(lines.begin(), lines.end());
   SortLines(views, sort);
@@ -56,14 +56,14 @@ TEST(CaseCompare, IsFalseForEqualLines) {
   for (const char* line : {"", "abc", "abc\tx\n"}) EXPECT_FALSE(CaseCompare()(line, line));
 }
 
-TEST(SortLines, KeepsTheOrderForZero) {
+TEST(SortLines, KeepsTheOrderFor0) {
   const std::vector<std::string> lines = {"b\t\n", "a\t\n", "C\t\n"};
   std::vector<std::string> sorted = lines;
   Sort(sorted, 0);
   EXPECT_EQ(sorted, lines);
 }
 
-TEST(SortLines, SortsByBytesForOne) {
+TEST(SortLines, SortsByBytesFor1) {
   std::vector<std::string> lines = {"\xc3\xa4\t\n",
                                     "abcdefgh_\t\n",
                                     "b\t\n",
@@ -87,8 +87,8 @@ TEST(SortLines, KeepsDuplicates) {
   EXPECT_EQ(lines, (std::vector<std::string>{"a\t\n", "b\t\n", "b\t\n"}));
 }
 
-// Names around the eights of bytes that sorting looks at, from letters that are near each other
-// in one order and far in the other.
+// Names of lengths around multiples of eight, of letters that are close to each other in one order
+// and far apart in the other.
 TEST(SortLines, AgreesWithThePlainComparators) {
   std::mt19937 random(20250316);
   const std::string letters("aAbB_\t\n\xe4\0", 9);

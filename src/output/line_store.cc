@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Keeps text lines one behind the other in large blocks.
+// Allocates the blocks and copies lines into them.
 #include "output/line_store.h"
 
 #include <algorithm>

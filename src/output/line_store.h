@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Keeps text lines one behind the other in large blocks.
+// Keeps text lines one after another in large blocks.
 #pragma once
 
 #include <cstddef>
@@ -9,13 +9,13 @@
 
 namespace vexltags {
 
-/// Holds lines without an allocation for each. A stored line never moves and has a NUL byte behind
-/// it, so that C functions can read it where it lies.
+/// Stores lines without an allocation for each. A stored line never moves, and a NUL byte follows
+/// it, so that C functions can read it in place.
 class LineStore {
  public:
   void Add(std::string_view line);
 
-  /// The lines in the order of addition; sorting may change that order.
+  /// The lines in the order of their addition, until the caller sorts them.
   std::vector<std::string_view>& Lines() { return lines; }
   const std::vector<std::string_view>& Lines() const { return lines; }
 

@@ -10,7 +10,7 @@
 namespace vexltags {
 namespace {
 
-TEST(LineStore, KeepsLinesOfAnyLengthWhereTheyAre) {
+TEST(LineStore, NeverMovesALineOfAnyLength) {
   LineStore store;
   store.Add("first\n");
   const char* first = store.Lines()[0].data();

@@ -12,14 +12,14 @@ namespace vexltags {
 
 namespace {
 
-// The path without symbolic links, empty when it cannot be resolved.
+// The path without symbolic links; empty if it does not resolve.
 std::string Resolve(const char* path) {
   const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path, nullptr), &std::free);
   return resolved ? resolved.get() : "";
 }
 
-// How many steps lead up from the directory `tail`, which ends in `/`. Doubled separators count
-// once; none counts behind a backslash.
+// The number of steps up from the directory `tail`, which ends in `/`. A doubled separator counts
+// once; after a backslash none counts.
 std::size_t CountSteps(const std::string& tail) {
   std::size_t steps = 0;
   for (std::size_t i = 0; i < tail.size() && tail[i] != '\\'; ++i) {

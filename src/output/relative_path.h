@@ -13,11 +13,11 @@ std::string CommonSubpath(const std::string& a, const std::string& b);
 
 /// Rewrites `path`, in the form in which tag builders store it, relative to `cwd`.
 ///
-/// `home` is the home directory with a `/` behind it, to be put in for the first `~/` anywhere in
-/// the path; empty to leave the path alone. `cwd` ends in `/`. A path that shares only the root
-/// with `cwd` stays absolute. Backslash escapes are part of the path and the directory has none, so
-/// below a directory with a blank in its name the common part ends above that directory; and a
-/// directory with a backslash in its name stops the count of the steps up.
+/// `home` is the home directory with a `/` at its end; it replaces the first `~/` anywhere in the
+/// path, unless it is empty. `cwd` ends in `/`. A path that shares only the root with `cwd` stays
+/// absolute. The path has backslash escapes and `cwd` has none, so the common part ends above a
+/// directory with a blank in its name. A backslash in the name of a directory of `cwd` stops the
+/// count of the steps up.
 std::string RelativeToWorkingDirectory(const std::string& path, const std::string& home,
                                        const std::string& cwd);
 

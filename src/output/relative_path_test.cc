@@ -81,13 +81,13 @@ TEST(HomePrefix, ComesFromTheEnvironment) {
   EXPECT_EQ(HomePrefix(false), "");
 }
 
-TEST(HomePrefix, IsNothingWhereHomeIsNotSet) {
+TEST(HomePrefix, IsNothingIfHomeIsUnset) {
   const ScopedVariable home("HOME", nullptr);
   EXPECT_EQ(HomePrefix(true), std::nullopt);
   EXPECT_EQ(HomePrefix(false), std::nullopt);
 }
 
-TEST(WorkingDirectory, IsWherePwdSaysWithoutSymbolicLinks) {
+TEST(WorkingDirectory, IsThatOfPwdWithoutSymbolicLinks) {
   const ScratchFolder scratch;
   std::filesystem::create_directory(scratch.Path("real"));
   std::filesystem::create_symlink("real", scratch.Path("link"));
@@ -96,7 +96,7 @@ TEST(WorkingDirectory, IsWherePwdSaysWithoutSymbolicLinks) {
   EXPECT_EQ(WorkingDirectory(), scratch.Path("real") + "/");
 }
 
-TEST(WorkingDirectory, IsWherePwdSaysAlsoFromElsewhere) {
+TEST(WorkingDirectory, IsThatOfPwdEvenFromElsewhere) {
   const ScratchFolder scratch;
   std::filesystem::create_directory(scratch.Path("other"));
   const ScopedDirectory directory(scratch.Path());
@@ -108,7 +108,7 @@ TEST(WorkingDirectory, IsWherePwdSaysAlsoFromElsewhere) {
   EXPECT_EQ(WorkingDirectory(), "//");
 }
 
-TEST(WorkingDirectory, IsTheProcessesOwnWherePwdDoesNotResolve) {
+TEST(WorkingDirectory, IsThatOfTheProcessIfPwdDoesNotResolve) {
   const ScratchFolder scratch;
   const ScopedDirectory directory(scratch.Path());
   for (const std::string& wrong : {scratch.Path("missing"), std::string()}) {
@@ -119,7 +119,7 @@ TEST(WorkingDirectory, IsTheProcessesOwnWherePwdDoesNotResolve) {
   EXPECT_EQ(WorkingDirectory(), scratch.Path() + "/");
 }
 
-TEST(WorkingDirectory, IsEmptyWhereThereIsNone) {
+TEST(WorkingDirectory, IsEmptyIfNoneResolves) {
   const ScratchFolder scratch;
   std::filesystem::create_directory(scratch.Path("gone"));
   const ScopedVariable pwd("PWD", scratch.Path("gone").c_str());

@@ -7,9 +7,9 @@
 
 namespace vexltags {
 
-/// Appends `piece` to `text` with one blank between them. No blank is added to an empty text or
-/// behind one that ends in a blank, and an empty piece changes nothing. `piece` must not be part of
-/// `text`. Returns `text`.
+/// Appends `piece` to `text` with one blank between them. Adds no blank to an empty text or after
+/// one that ends in a blank; an empty piece changes nothing. `piece` must not point into `text`.
+/// Returns `text`.
 const std::string& AppendWithSpace(std::string& text, std::string_view piece);
 
 }  // namespace vexltags

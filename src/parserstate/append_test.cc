@@ -28,7 +28,7 @@ TEST(AppendWithSpace, JoinsWithOneBlank) {
   }
 }
 
-TEST(AppendWithSpace, TakesEveryKindOfString) {
+TEST(AppendWithSpace, AcceptsEveryKindOfString) {
   stdString text = "unsigned";
   AppendWithSpace(text, stdString("long"));
   AppendWithSpace(text, std::string("int"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What lexer and parser share for one file: its name, the words to hide, and the time limits.
+// What lexer and parser share for one file: its name, the words to hide, the time limits.
 #pragma once
 
 #include <cstddef>
@@ -10,14 +10,14 @@
 
 namespace vexltags {
 
-/// Per-file state, reachable from the contexts of lexer and parser. Times are in microseconds.
+/// State of one file; the contexts of lexer and parser point to it. Times are in microseconds.
 class TagsLexerState {
  public:
-  /// 64-bit FNV-1a over the characters up to the terminating NUL.
+  /// 64-bit FNV-1a of the characters up to the terminating NUL.
   struct constCharHash {
     std::size_t operator()(const char* text) const;
   };
-  /// Equality of the characters, not of the pointers.
+  /// Compares the characters, not the pointers.
   struct equstr {
     bool operator()(const char* a, const char* b) const;
   };
@@ -25,20 +25,20 @@ class TagsLexerState {
 
   /// Starts the clock. A limit of 0 is off.
   TagsLexerState(const std::string& fileName, long reportIfLonger, long abortIfLonger);
-  /// Reports on standard error a file that took longer than `reportIfLonger`, unless it was given
-  /// up.
+  /// Reports a file that took longer than `reportIfLonger` on standard error, unless parsing was
+  /// aborted.
   ~TagsLexerState();
   TagsLexerState(const TagsLexerState&) = delete;
   TagsLexerState& operator=(const TagsLexerState&) = delete;
 
-  /// True when the file is over `abortIfLonger`; says so once on standard error.
+  /// True if the file has taken longer than `abortIfLonger`; reports that once on standard error.
   bool CheckRunningTooLong() const;
-  /// True once `CheckRunningTooLong` gave the file up.
+  /// True once `CheckRunningTooLong` has returned true.
   bool Aborted() const { return aborted; }
-  /// Always false: the place where a watchdog would be told of progress.
+  /// Always false: the hook for a watchdog that follows the progress of the parser.
   bool CheckWatchdog(const std::string& position) const;
-  /// The same with a function that would form the position; as long as nobody listens it is not
-  /// called.
+  /// The same with a function that formats the position. It is never called, so that no text is
+  /// built for nothing.
   template <class Form>
   requires std::is_invocable_r_v<std::string, Form>
   bool CheckWatchdog(const Form&) const { return false; }

@@ -32,7 +32,7 @@ TEST(ConstCharHash, IsFnv1a) {
   for (const auto& c : cases) EXPECT_EQ(TagsLexerState::constCharHash()(c.text), c.hash) << c.text;
 }
 
-TEST(ConstCharHash, TakesCharactersAsUnsigned) {
+TEST(ConstCharHash, TreatsCharactersAsUnsigned) {
   // One round by hand: (start ^ 0xff) * prime, modulo 2 to the 64.
   const std::size_t expected = (0xcbf29ce484222325 ^ 0xff) * std::size_t{0x100000001b3};
   EXPECT_EQ(TagsLexerState::constCharHash()("\xff"), expected);
@@ -73,7 +73,7 @@ TEST(CheckRunningTooLong, IsFalseBelowTheLimit) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-TEST(CheckRunningTooLong, SaysSoOnceAndIsNotReportedAgain) {
+TEST(CheckRunningTooLong, IsReportedOnce) {
   testing::internal::CaptureStderr();
   {
     const TagsLexerState state("~/a b.c", 1, 1000);

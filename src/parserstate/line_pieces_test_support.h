@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Texts that bring a tag line to the limits of its pieces, and a comparison with the documented
-// formats of these pieces.
+// Texts that bring the pieces of a tag line to their limits, and a comparison with the documented
+// format of each piece.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How methods and property attributes are assigned.
+// Assignments to methods and property attributes.
 #include "parserstate/method_prototype.h"
 
 namespace vexltags {

@@ -16,15 +16,15 @@ namespace vexltags {
 struct MethodPrototype {
   std::string name;            ///< The whole selector.
   bool isClassMethod = false;  ///< Introduced by `+`.
-  bool isDefinition = true;    ///< Has a body, or comes from `@synthesize`.
+  bool isDefinition = true;    ///< It has a body or comes from `@synthesize`.
   bool isProperty = false;     ///< An accessor made from `@property` or `@synthesize`.
   std::int32_t line = -1;      ///< 1-based, -1 while unknown.
 
   MethodPrototype() = default;
-  /// Takes text and line; the flags have their defaults.
+  /// Copies text and line; the flags keep their defaults.
   explicit MethodPrototype(const Name& other) : name(other.text), line(other.line) {}
 
-  /// Takes text and line; the flags stay as they were.
+  /// Copies text and line; the flags do not change.
   MethodPrototype& operator=(const Name& other);
   MethodPrototype& operator=(const Param& other);
 };
@@ -44,7 +44,7 @@ struct PropertyAttributeInfo {
   std::string getter;
   std::string setter;
   bool readonly = false;
-  std::int32_t line = -1;
+  std::int32_t line = -1;  ///< Nothing sets or reads it.
 
   PropertyAttributeInfo() = default;
   PropertyAttributeInfo(std::nullptr_t) {}  // NOLINT

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How names are assigned and put together.
+// Assigns and appends to names.
 #include "parserstate/name.h"
 
 #include "engine/std_string.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A piece of source text with the line it came from: what most grammar rules return.
+// A piece of source text with its line: the result of most grammar rules.
 #pragma once
 
 #include <cstddef>
@@ -16,8 +16,8 @@ struct Param;
 
 /// A text and its 1-based source line, -1 while unknown.
 ///
-/// Assigning or appending a token or a `Name` takes the line along, so a name built from several
-/// tokens reports the line of its last one; appending plain text leaves the line alone.
+/// Assigning or appending a token or a `Name` also copies its line, so a name built from several
+/// tokens has the line of the last one. Appending plain text does not change the line.
 struct Name {
   std::string text;
   std::int32_t line = -1;
@@ -25,10 +25,10 @@ struct Name {
   Name() = default;
   Name(std::string newText, std::int32_t newLine) : text(std::move(newText)), line(newLine) {}
 
-  /// Takes the token's text and line. A null token empties the name; a token without text changes
-  /// the line only.
+  /// Copies the token's text and line. A null token clears the name; a token without text changes
+  /// only the line.
   Name& operator=(pANTLR3_COMMON_TOKEN token);
-  /// Takes the parameter's name and line; its type is dropped.
+  /// Copies the parameter's name and line.
   Name& operator=(const Param& param);
 
   Name& operator+=(pANTLR3_COMMON_TOKEN token);

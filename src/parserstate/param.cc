@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How parameters are assigned.
+// Assignments to parameters.
 #include "parserstate/param.h"
 
 namespace vexltags {

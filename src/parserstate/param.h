@@ -12,7 +12,7 @@
 
 namespace vexltags {
 
-/// A parameter as far as the grammars keep it. `line` is 1-based, -1 while unknown.
+/// What the grammars keep of a parameter. `line` is 1-based, -1 while unknown.
 struct Param {
   std::string type;
   std::string name;
@@ -23,9 +23,9 @@ struct Param {
   Param(std::string newType, std::string newName, std::int32_t newLine)
       : type(std::move(newType)), name(std::move(newName)), line(newLine) {}
 
-  /// Sets name and line; the type stays as it was.
+  /// Copies name and line; the type does not change.
   Param& operator=(const Name& other);
-  /// Back to the empty parameter.
+  /// Resets to the empty parameter.
   Param& operator=(std::nullptr_t);
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Keeps track of open scopes and braces, and writes the tags of enums.
+// Tracks open scopes and braces, and writes the tags of enums.
 #include "parserstate/parser_state_base.h"
 
 #include <cstdio>
@@ -68,8 +68,7 @@ void ParserStateBase::PopClass(int line) {
 
 void ParserStateBase::DumpEnum(const Name& name) {
   if (options->debugDump) {
-    std::printf("enum: %s", name.text.c_str());
-    PrintReadablePosition(name.line);
+    std::printf("enum: %s| %s:%d\n", name.text.c_str(), FileField().c_str(), name.line);
     return;
   }
   Emit({.name = name.text,
@@ -87,8 +86,8 @@ void ParserStateBase::DumpEnumerator(const Name& name) {
     return;
   }
   if (options->debugDump) {
-    std::printf("enumerator: %s, enum:%s", name.text.c_str(), CurrentNamespaceName().c_str());
-    PrintReadablePosition(name.line);
+    std::printf("enumerator: %s, enum:%s| %s:%d\n", name.text.c_str(),
+                CurrentNamespaceName().c_str(), FileField().c_str(), name.line);
     return;
   }
   Emit({.name = name.text,
@@ -159,7 +158,7 @@ void ParserStateBase::OpenScope(const TypeDescriptor& descriptor) {
 }
 
 const std::string& ParserStateBase::FileField() const {
-  // A relative one is asked for each time: while $HOME is unset, each tag reports that.
+  // A relative path is computed for each tag: while HOME is unset, each tag reports that.
   if (fileField.empty() || options->tagRelative) fileField = dumper->FileName(*options, fileName);
   return fileField;
 }

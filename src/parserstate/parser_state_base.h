@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What every tag builder holds for one file: open scopes, open braces, and the enum tags.
+// What all tag builders share: open scopes, open braces, and the tags of enums.
 #pragma once
 
 #include <cstdint>
@@ -18,15 +18,15 @@
 
 namespace vexltags {
 
-/// Base of the tag builders. Lives for one file; unbalanced scopes at its end are dropped silently.
+/// Base of the tag builders. Lives for one file; scopes still open at its end are dropped silently.
 class ParserStateBase {
  public:
-  /// A class-like scope, and in the C family any type as text with a line.
+  /// A class-like scope; in the C family also the text and line of any other type.
   struct TypeDescriptor {
     std::string name;
-    long kind = kNoKind;       ///< A `ScopeKind`; `kNoKind` where it is no scope.
+    long kind = kNoKind;       ///< A `ScopeKind`; `kNoKind` if it is not a scope.
     bool isAnonymous = false;  ///< The name was made up.
-    bool isScoped = false;     ///< `enum class` or `enum struct`.
+    bool isScoped = false;     ///< `enum class` or `enum struct`. Nothing reads it.
     bool isTypedef = false;    ///< The declaration began with `typedef`.
     std::int32_t line = -1;    ///< 1-based, -1 while unknown.
 
@@ -36,29 +36,30 @@ class ParserStateBase {
     TypeDescriptor(long newKind, const Name& other)
         : name(other.text), kind(newKind), line(other.line) {}
 
-    /// Each takes text and line and leaves kind and flags alone.
+    /// Copies text and line; kind and flags do not change.
     void ResetNameAndLine(const Name& other);
+    /// The same. Nothing calls it.
     void ResetNameAndLine(const Param& other);
     void ResetNameAndLine(pANTLR3_COMMON_TOKEN token);
-    /// Appends the text; the line becomes that of `other`.
+    /// Appends the text and copies the line.
     TypeDescriptor& operator+=(const Name& other);
   };
 
-  /// Which kind of brace stands open. The numbers are also what `PopRCurly` returns.
+  /// The kind of an open brace.
   enum class CurlyType : std::int32_t { Class = 1, Namespace = 2, Function = 3, Other = 4 };
 
-  /// `scopeSeparator` stands between the names of scopes in each other.
+  /// `scopeSeparator` separates the names of nested scopes.
   ParserStateBase(const Options& options, Dumper& dumper, std::string fileName,
                   std::string scopeSeparator = "::");
   virtual ~ParserStateBase();
   ParserStateBase(const ParserStateBase&) = delete;
   ParserStateBase& operator=(const ParserStateBase&) = delete;
 
-  /// The open scopes as one text; empty outside any. Builders that have scopes override it.
+  /// The names of the open scopes as one text; empty outside any. Builders with scopes override it.
   virtual const std::string& CurrentNamespaceName() const;
   /// Opens a scope and its brace.
   virtual void PushClass(const TypeDescriptor& descriptor);
-  /// Closes the innermost scope; with none open only `--dumpErrors` says so.
+  /// Closes the innermost scope; if none is open, only reports that under `--dumpErrors`.
   virtual void PopClass(int line);
   /// Writes the tag of an enum.
   virtual void DumpEnum(const Name& name);
@@ -69,30 +70,32 @@ class ParserStateBase {
 
   /// The kind of the innermost scope, `kNoKind` when `CurrentNamespaceName` is empty.
   long CurrentNamespaceKind() const;
-  /// Its word, such as "class"; empty for `kNoKind`.
+  /// The word of that kind, such as "class"; empty for `kNoKind`. Nothing calls it.
   std::string CurrentNamespaceKindName() const;
-  /// `ScopeKindName` as a string.
+  /// Same as `ScopeKindName`, as a string.
   static std::string NameSpaceKindName(long kind);
-  /// `ScopeKindLetter` as a string of one character.
+  /// Same as `ScopeKindLetter`, as a string of one character. Nothing calls it.
   static std::string NameSpaceSelector(long kind);
 
-  /// Handles a closing brace at 1-based `line`; `semicolonFollows` tells whether `;` stands behind.
+  /// Handles a closing brace at 1-based `line` and returns its type. The brace of a namespace
+  /// closes its scope; that of a class does so only before a semicolon, and counts as `Function`
+  /// otherwise, as does a brace that was never opened.
   CurlyType PopRCurly(bool semicolonFollows, int line);
 
-  /// Counts a declaration and warns once, at the 10000th, when the option asks for it.
+  /// Counts a declaration; at the 10000th, warns if `debugDumpFilesWithHugeOutput` is set.
   void DumpTrackPerFileDeclVolume();
 
  protected:
-  /// Pushes a brace, merging it with an equal one on top.
+  /// Pushes a brace. Equal neighbours on the stack share an entry.
   void PushCurly(CurlyType type);
-  /// Pops the innermost brace and returns its type; nothing when none is open.
+  /// Pops the innermost brace and returns its type, or nothing if none is open.
   std::optional<CurlyType> PopCurly();
   /// Opens a scope without a brace.
   void OpenScope(const TypeDescriptor& descriptor);
 
-  /// Writes `tag` with the file field of this file. Every tag line comes from here; see `Tag`.
+  /// Writes `tag` with the file field of this file. Every tag passes here; see `Tag`.
   void Emit(Tag tag) const;
-  /// The file field of this file's tags.
+  /// The file field of the tags of this file.
   const std::string& FileField() const;
   /// The field that names the innermost scope; an absent field outside any.
   TagField InnermostScopeField() const;
@@ -105,7 +108,7 @@ class ParserStateBase {
 
   /// Ends a line of `--debugDump` with the file and the 1-based line.
   void PrintReadablePosition(int line) const;
-  /// Reports an error on standard error, under `--dumpErrors` only.
+  /// Reports an error at 1-based `line` on standard error, but only under `--dumpErrors`.
   void ReportError(const char* message, int line) const;
 
   const Options* options;
@@ -120,7 +123,7 @@ class ParserStateBase {
   ScopeText scopeText;
 };
 
-/// The `name` of each record in order with `separator` between them; empty for an empty list.
+/// The `name` of each record, joined by `separator`; empty for an empty list.
 template <class List>
 std::string ConcatenateNamesUsingSeparator(const List& list, const std::string& separator) {
   std::string result;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tests of scope tracking and of the tags of enums.
+// Tests of tracking scopes and of the tags of enums.
 #include "parserstate/parser_state_base.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ using Curly = ParserStateBase::CurlyType;
 using Curlies = std::vector<std::pair<Curly, std::int32_t>>;
 using Names = std::vector<std::string>;
 
-// A builder whose scope is the open classes joined by "::", with its stacks laid open.
+// A builder that joins the open classes by "::" and shows its stacks.
 class Builder : public ParserStateBase {
  public:
   using ParserStateBase::ParserStateBase;
@@ -64,7 +64,7 @@ TEST_F(ParserStateBaseTest, NestedClassesShareOneCurlyEntry) {
   EXPECT_EQ(builder.poppedLines, (std::vector<int>{3, 4}));
 }
 
-TEST_F(ParserStateBaseTest, ANamespaceInAClassMakesTwoEntries) {
+TEST_F(ParserStateBaseTest, ANamespaceInAClassAddsAnEntry) {
   builder.PushClass(Type("A", kClassKind, 1));
   builder.PushClass(Type("n", kNamespaceKind, 2));
   builder.PushClass(Type("m", kNamespaceKind, 3));
@@ -74,7 +74,7 @@ TEST_F(ParserStateBaseTest, ANamespaceInAClassMakesTwoEntries) {
   EXPECT_EQ(builder.CurrentNamespaceName(), "A::n::m::B");
 }
 
-TEST_F(ParserStateBaseTest, ANamespacesBraceClosesItWithOrWithoutSemicolon) {
+TEST_F(ParserStateBaseTest, ABraceClosesANamespaceWithOrWithoutASemicolon) {
   for (const bool semicolonFollows : {false, true}) {
     builder.PushClass(Type("n", kNamespaceKind, 1));
     EXPECT_EQ(builder.PopRCurly(semicolonFollows, 2), Curly::Namespace);
@@ -103,7 +103,7 @@ TEST_F(ParserStateBaseTest, CurlyTypesHaveFixedNumbers) {
   EXPECT_EQ(static_cast<int>(Curly::Function), 3);
 }
 
-TEST_F(ParserStateBaseTest, ImbalanceIsReportedOnRequest) {
+TEST_F(ParserStateBaseTest, AnUnmatchedBraceIsReportedOnRequest) {
   for (const bool dumpErrors : {false, true}) {
     options.dumpErrors = dumpErrors;
     testing::internal::CaptureStderr();
@@ -129,7 +129,7 @@ TEST_F(ParserStateBaseTest, AClassWithoutItsSemicolonStaysOpen) {
   }
 }
 
-TEST_F(ParserStateBaseTest, ClosingAClassThatIsNotOpenIsReportedOnRequest) {
+TEST_F(ParserStateBaseTest, ClosingNoClassIsReportedOnRequest) {
   for (const bool dumpErrors : {false, true}) {
     options.dumpErrors = dumpErrors;
     testing::internal::CaptureStderr();
@@ -140,7 +140,7 @@ TEST_F(ParserStateBaseTest, ClosingAClassThatIsNotOpenIsReportedOnRequest) {
   }
 }
 
-TEST_F(ParserStateBaseTest, KindIsThatOfTheInnermostScope) {
+TEST_F(ParserStateBaseTest, TheKindIsThatOfTheInnermostScope) {
   EXPECT_EQ(builder.CurrentNamespaceKind(), 0);
   EXPECT_EQ(builder.CurrentNamespaceKindName(), "");
   builder.PushClass(Type("n", kNamespaceKind, 1));
@@ -149,13 +149,13 @@ TEST_F(ParserStateBaseTest, KindIsThatOfTheInnermostScope) {
   EXPECT_EQ(builder.CurrentNamespaceKindName(), "enum");
 }
 
-TEST_F(ParserStateBaseTest, KindIsNoneForAScopeWithoutAName) {
+TEST_F(ParserStateBaseTest, AScopeWithoutANameHasNoKind) {
   builder.PushClass(Type("", kEnumKind, 1));
   EXPECT_EQ(builder.CurrentNamespaceKind(), 0);
   EXPECT_EQ(builder.CurrentNamespaceKindName(), "");
 }
 
-TEST_F(ParserStateBaseTest, TheBaseHasNoScopeOfItsOwn) {
+TEST_F(ParserStateBaseTest, TheBaseHasNoScopes) {
   const ParserStateBase base(options, dumper, "a.c");
   EXPECT_EQ(base.CurrentNamespaceName(), "implement me");
   EXPECT_EQ(base.CurrentNamespaceKind(), 0);
@@ -174,7 +174,7 @@ TEST(NameSpaceKind, LettersAndNamesFollowTheNumber) {
             "variable,extension,concept,,");
 }
 
-TEST(ConcatenateNames, PutsTheSeparatorBetween) {
+TEST(ConcatenateNames, PutsTheSeparatorBetweenNames) {
   using List = std::vector<Type>;
   const Type a("a", kClassKind, 1);
   const Type empty("", kClassKind, 1);
@@ -194,7 +194,7 @@ TEST_F(ParserStateBaseTest, EnumsAreWrittenWithTheirScope) {
                                    " Two Lines\t~/a.c\t7;\"\tg\t:W n::x\n"}));
 }
 
-TEST_F(ParserStateBaseTest, AScopeTextIsCutWhereFormattedTextIs) {
+TEST_F(ParserStateBaseTest, ALongScopeIsCut) {
   builder.PushClass(Type(std::string(2000, 's'), kClassKind, 1));
   builder.DumpEnum(Name(std::string(2000, 'e'), 2));
   const std::string field = "\tclass:" + std::string(1023 - 7, 's');
@@ -226,7 +226,7 @@ TEST_F(ParserStateBaseTest, AnEnumeratorOutsideAnyScopeGetsNoTag) {
   }
 }
 
-TEST_F(ParserStateBaseTest, DebugFormGoesToStandardOutput) {
+TEST_F(ParserStateBaseTest, DebugDumpPrintsToStandardOutput) {
   options.debugDump = true;
   builder.PushClass(Type("n", kNamespaceKind, 1));
   builder.PushClass(Type("Color", kEnumKind, 2));
@@ -252,13 +252,13 @@ TEST_F(ParserStateBaseTest, TheTenThousandthDeclarationIsReportedOnce) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-TEST_F(ParserStateBaseTest, ManyDeclarationsAreNotReportedUnasked) {
+TEST_F(ParserStateBaseTest, ManyDeclarationsAreOnlyReportedOnRequest) {
   testing::internal::CaptureStderr();
   for (int i = 0; i < 10001; ++i) builder.DumpTrackPerFileDeclVolume();
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-TEST(TypeDescriptor, KeepsKindAndFlagsWhenReset) {
+TEST(TypeDescriptor, ResetKeepsKindAndFlags) {
   TokenMaker tokens("tok");
   Type type("former", kClassKind, 1);
   type.isAnonymous = type.isScoped = type.isTypedef = true;
@@ -287,7 +287,7 @@ TEST(TypeDescriptor, KeepsKindAndFlagsWhenReset) {
   EXPECT_TRUE(copy.isAnonymous && copy.isScoped && copy.isTypedef);
 }
 
-TEST(TypeDescriptor, StartsAsNoScope) {
+TEST(TypeDescriptor, IsNotAScopeByDefault) {
   const Type empty;
   EXPECT_EQ(empty.kind, 0);
   EXPECT_EQ(empty.line, -1);

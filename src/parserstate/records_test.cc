@@ -13,7 +13,7 @@
 namespace vexltags {
 namespace {
 
-TEST(Name, StartsEmptyWithoutALine) {
+TEST(Name, IsEmptyWithoutALineByDefault) {
   const Name name;
   EXPECT_EQ(name.text, "");
   EXPECT_EQ(name.line, -1);
@@ -27,7 +27,7 @@ TEST(Name, IsAssignedFromATokenWithItsLine) {
   EXPECT_EQ(name.line, 12);
 }
 
-TEST(Name, IsEmptiedByANullToken) {
+TEST(Name, IsClearedByANullToken) {
   Name name("former", 3);
   name = static_cast<pANTLR3_COMMON_TOKEN>(nullptr);
   EXPECT_EQ(name.text, "");
@@ -45,7 +45,7 @@ TEST(Name, KeepsItsTextForATokenWithoutText) {
   EXPECT_EQ(name.line, 10);
 }
 
-TEST(Name, TakesAnEmptyTokensText) {
+TEST(Name, CopiesAnEmptyText) {
   TokenMaker tokens("");
   Name name("former", 3);
   name = tokens.Span(0, 0, 9);
@@ -60,7 +60,7 @@ TEST(Name, IsAssignedFromAParameterWithoutItsType) {
   EXPECT_EQ(name.line, 8);
 }
 
-TEST(Name, MovesToTheLineOfTheLastTokenOrName) {
+TEST(Name, HasTheLineOfTheLastTokenOrName) {
   TokenMaker tokens("+");
   Name name("operator", 6);
   name += tokens.Span(0, 1, 7);
@@ -82,14 +82,14 @@ TEST(Name, KeepsItsLineForPlainText) {
   EXPECT_EQ(name.line, 6);
 }
 
-TEST(Name, IgnoresANullTokenAppended) {
+TEST(Name, IgnoresAnAppendedNullToken) {
   Name name("f", 6);
   name += static_cast<pANTLR3_COMMON_TOKEN>(nullptr);
   EXPECT_EQ(name.text, "f");
   EXPECT_EQ(name.line, 6);
 }
 
-TEST(Param, StartsEmptyAlsoFromNull) {
+TEST(Param, IsEmptyByDefaultAndFromNull) {
   for (const Param& param : {Param(), Param(nullptr)}) {
     EXPECT_EQ(param.type, "");
     EXPECT_EQ(param.name, "");
@@ -107,13 +107,13 @@ TEST(Param, KeepsItsTypeWhenAssignedAName) {
 
 TEST(Param, IsResetByNull) {
   Param param("int", "x", 4);
-  param = 0;  // as generated code writes it
+  param = 0;  // the form in generated code
   EXPECT_EQ(param.type, "");
   EXPECT_EQ(param.name, "");
   EXPECT_EQ(param.line, -1);
 }
 
-TEST(Lists, KeepTheOrderAndAreEmptiedByNull) {
+TEST(Lists, KeepTheOrderAndAreClearedByNull) {
   ParamList params = nullptr;
   EXPECT_TRUE(params.params.empty());
   params.Add(Param("int", "x", 1));
@@ -141,7 +141,7 @@ TEST(Lists, KeepTheOrderAndAreEmptiedByNull) {
   EXPECT_TRUE(methods.methods.empty());
 }
 
-TEST(MethodPrototype, MadeFromANameIsADefinition) {
+TEST(MethodPrototype, IsADefinitionWhenMadeFromAName) {
   const MethodPrototype method(Name("setX:", 7));
   EXPECT_EQ(method.name, "setX:");
   EXPECT_EQ(method.line, 7);

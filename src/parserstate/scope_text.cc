@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The names of the open scopes as one text, kept up to date as scopes open and close.
+// Extends and cuts the text as scopes open and close.
 #include "parserstate/scope_text.h"
 
 namespace vexltags {

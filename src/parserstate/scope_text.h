@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The names of the open scopes as one text, kept up to date as scopes open and close.
+// The names of the open scopes as one text.
 #pragma once
 
 #include <cstddef>
@@ -8,17 +8,17 @@
 
 namespace vexltags {
 
-/// Joins the names of the open scopes, outermost first. Opening a scope costs the length of its
-/// name and not that of the whole text, which matters where thousands stand in each other.
+/// Joins the names of the open scopes, outermost first. Opening a scope takes time in the length of
+/// its name, not of the whole text, which matters for thousands of nested scopes.
 class ScopeText {
  public:
   explicit ScopeText(std::string separatorText) : separator(std::move(separatorText)) {}
 
   void Open(const std::string& name);
-  /// To be called for an open scope only.
+  /// Closes the innermost scope. One must be open.
   void Close();
 
-  /// The names with the separator between them.
+  /// The names, joined by the separator.
   const std::string& Joined() const { return joined; }
   /// The same after `CollapseWhitespace` with a blank.
   const std::string& Collapsed() const { return collapsed; }
@@ -34,8 +34,8 @@ class ScopeText {
   std::string separator;
   std::string joined;
   std::string collapsed;
-  bool afterBlank = false;    ///< White space is owed to `collapsed`.
-  std::vector<Level> levels;  ///< What each open scope found when it opened.
+  bool afterBlank = false;    ///< A blank is due before the next character of `collapsed`.
+  std::vector<Level> levels;  ///< The state before each open scope.
 };
 
 }  // namespace vexltags

@@ -18,7 +18,7 @@ TEST(ScopeText, IsEmptyOutsideScopes) {
   EXPECT_EQ(text.Collapsed(), "");
 }
 
-TEST(ScopeText, JoinsAndCollapsesAsTheWholeWouldBe) {
+TEST(ScopeText, JoinsAndCollapsesLikeTheWholeText) {
   const std::vector<std::string> names = {"a", "b <\n c>", " d ", "", "\t", "e"};
   ScopeText text("::");
   std::vector<std::string> joined;

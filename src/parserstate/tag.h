@@ -10,14 +10,14 @@
 
 namespace vexltags {
 
-/// An extension field, in the parts that stand on the line one after the other. A field without
-/// an opening is absent.
+/// An extension field, as the parts that follow each other on the line. A field without an opening
+/// is absent.
 struct TagField {
-  std::string_view opening = {};  ///< A tab, and the key where the form has a fixed one.
+  std::string_view opening = {};  ///< A tab, and the key if it is fixed.
   std::string_view word = {};     ///< The word of a kind.
-  std::string_view colon = {};    ///< Between word and text; empty in a form without a word.
+  std::string_view colon = {};    ///< ":" after a word, otherwise empty.
   std::string_view text = {};
-  bool isPlain = false;  ///< Printed as plain text, so that no length cuts it.
+  bool isPlain = false;  ///< Plain text, never cut; see `Tag::Pieces`.
 };
 
 /// The field "WORD:SCOPE". The word of some kinds is empty; the colon stays.
@@ -33,35 +33,32 @@ TagField TyperefField(std::string_view word, std::string_view type);
 /// `field` printed as plain text.
 TagField Plain(TagField field);
 
-/// One tag: all that its line shows. The texts belong to the caller.
+/// One tag: everything that its line shows. The texts belong to the caller.
 ///
-/// Every tag of every language is such a record, made by a `Dump…` function of a tag builder, which
-/// an action of a grammar calls, and handed to `ParserStateBase::Emit`. A breakpoint there shows
-/// which rule and which builder a tag comes from. A declaration without a tag is one of these:
-///
-///  - Its rule failed, or never began: the parser reads the text as something else, or recovers
-///    from an error before it. `--dumpErrors` reports where. No action runs in a speculative parse,
-///    nor after the time limit has ended a file.
-///  - `EndFunction`: a friend that is only declared. A function without a name.
-///  - The calls of declarations.h: a name without a line, which no token filled; anything inside
-///    the braces of a function.
-///  - `OpenClass`, `OpenEnum`: the name is made up. `OpenStdNamespace`: a macro opened it.
-///  - `EndObjcMethod`: no Objective-C scope is open.
-///  - `DumpEnumerator`: no scope is open. `--dumpErrors` reports it.
-///  - `--debugDump`: a readable line takes the place of the tag; Swift does so for enums only, and
-///    Python prints nothing.
+/// Every tag of every language is such a record. An action of a grammar calls a `Dump…` function of
+/// its tag builder, which fills in the record and passes it to `ParserStateBase::Emit`. A
+/// breakpoint there shows the rule behind each tag. A declaration has no tag if
+///  - the parser does not see it: it is in a dropped branch of a conditional or in a function body;
+///  - its rule has no action, as for a forward declaration of a type or an import;
+///  - its rule fails, or an earlier error ends the file: see `--dumpErrors`;
+///  - the time limit ends the file;
+///  - its action drops it: `EndFunction` a friend that is only declared; `OpenClass` and `OpenEnum`
+///    a made-up name; `EndObjcMethod` a method outside any Objective-C scope; `DumpEnumerator` an
+///    enumerator outside any scope; the functions of declarations.h a name without a line, and
+///    anything inside the braces of a function;
+///  - `--debugDump` replaces it by a readable line, or in Python by nothing.
 struct Tag {
-  /// Which pieces the sink gets. A formatted piece is cut at `Dumper::kLongestPiece` bytes and each
-  /// of its texts at a NUL byte; plain text is neither. A line ends with a piece that ends in a
-  /// newline, so a line goes on if the cut takes its newline, and breaks after a plain path that
-  /// ends in one.
+  /// The pieces in which the sink gets the line. A formatted piece is cut at
+  /// `Dumper::kLongestPiece` bytes, and each of its texts at a NUL byte; plain text is never cut. A
+  /// line is complete after a piece that ends in a newline. So if the cut removes that newline, the
+  /// next tag continues the line, and a plain file field that ends in a newline breaks the line.
   enum class Pieces : std::uint8_t {
     kSeparate,   ///< A formatted piece from the file field to the letter, then each field.
-    kPlainFile,  ///< The same, with the file field as plain text in front.
+    kPlainFile,  ///< The same, but the file field is plain text.
     kOne,        ///< One formatted piece for all that follows the name, newline included.
   };
 
-  std::string_view name;   ///< Printed with white space collapsed, never cut.
+  std::string_view name;   ///< Printed with white space collapsed; plain text.
   std::int32_t line = -1;  ///< 1-based.
   char kind = ' ';         ///< One of `kind_letter`.
   Pieces pieces = Pieces::kSeparate;
@@ -71,7 +68,7 @@ struct Tag {
   std::array<TagField, 2> fields = {};
 };
 
-/// Hands the line of `tag` to `dumper`.
+/// Prints the line of `tag` to `dumper`.
 void WriteTag(Dumper& dumper, const Tag& tag);
 
 }  // namespace vexltags

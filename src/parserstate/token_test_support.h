@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Makes tokens of the recogniser runtime for unit tests.
+// Creates tokens of the recogniser runtime for unit tests.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace vexltags {
 
-/// An input in memory and tokens that span parts of it. Everything lives as long as the object.
+/// An input in memory and tokens that span parts of it. Both live as long as the object.
 class TokenMaker {
  public:
   explicit TokenMaker(const std::string& text)
@@ -25,7 +25,7 @@ class TokenMaker {
   TokenMaker(const TokenMaker&) = delete;
   TokenMaker& operator=(const TokenMaker&) = delete;
 
-  /// A token of `length` characters from `offset` on, as a lexer makes it.
+  /// A token of `length` characters from `offset`, as from a lexer.
   pANTLR3_COMMON_TOKEN Span(std::size_t offset, std::size_t length, std::uint32_t line) {
     pANTLR3_COMMON_TOKEN token = Plain(line);
     token->start =
@@ -33,19 +33,19 @@ class TokenMaker {
     token->stop = token->start + static_cast<ANTLR3_MARKER>(length) - 1;
     return token;
   }
-  /// A token with text of its own, as error recovery makes it. `text` has to outlive the token.
+  /// A token with a text of its own, as from error recovery. `text` must outlive the token.
   pANTLR3_COMMON_TOKEN WithText(std::string& text, std::uint32_t line) {
     pANTLR3_COMMON_TOKEN token = Plain(line);
     token->setText8(token, reinterpret_cast<pANTLR3_UINT8>(text.data()));
     return token;
   }
-  /// A token that has no text at all.
+  /// A token without text.
   pANTLR3_COMMON_TOKEN WithoutText(std::uint32_t line) {
     pANTLR3_COMMON_TOKEN token = Plain(line);
     token->input = nullptr;
     return token;
   }
-  /// A token with no position set.
+  /// A token without a position.
   pANTLR3_COMMON_TOKEN Plain(std::uint32_t line) {
     pANTLR3_COMMON_TOKEN token = factory->newToken(factory);
     token->setType(token, 5);

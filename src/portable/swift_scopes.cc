@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Keeps the types of Swift files by their full names.
+// Records the types of Swift files by their full names.
 #include "portable/swift_scopes.h"
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 namespace vexltags {
 namespace {
 
-/// The key that a scope of this kind has; empty for a letter that is no type's.
+/// The key of a scope with this kind letter; empty if the letter is not that of a type.
 std::string_view KeyOfLetter(char letter) {
   if (letter == kind_letter::kEnum) return ScopeKindName(kEnumKind);
   for (const long kind : {kClassKind, kStructKind, kProtocolKind, kExtensionKind}) {

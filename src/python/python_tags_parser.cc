@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tag builder of Python: scopes from indentation widths.
+// Scopes from indentation, and the tags of Python definitions.
 #include "python/python_tags_parser.h"
 
 #include <utility>

@@ -22,14 +22,14 @@ class PythonTagsParserTest : public testing::Test {
   std::vector<std::string> Lines() const { return dumper.Lines(); }
 };
 
-TEST_F(PythonTagsParserTest, ADefRightInsideAClassIsAMethod) {
+TEST_F(PythonTagsParserTest, ADefDirectlyInsideAClassIsAMethod) {
   builder.DumpClassDef("A", 0, 1);
   builder.DumpFuncDef("f", 4, 2);
   EXPECT_EQ(Lines(), (std::vector<std::string>{"A\ta.py\t1;\"\tc\n",  //
                                                "f\ta.py\t2;\"\tm\tclass:A\n"}));
 }
 
-TEST_F(PythonTagsParserTest, EqualIndentationMakesSiblings) {
+TEST_F(PythonTagsParserTest, DefinitionsOfEqualIndentationAreSiblings) {
   builder.DumpClassDef("A", 0, 1);
   builder.DumpFuncDef("f", 4, 2);
   builder.DumpFuncDef("g", 4, 3);
@@ -38,7 +38,7 @@ TEST_F(PythonTagsParserTest, EqualIndentationMakesSiblings) {
   EXPECT_EQ(Lines()[3], "h\ta.py\t4;\"\tf\n");
 }
 
-TEST_F(PythonTagsParserTest, TheFieldNamesTheInnermostKindAndTheWholePath) {
+TEST_F(PythonTagsParserTest, TheFieldHasTheInnermostKindAndTheWholePath) {
   builder.DumpClassDef("A", 0, 1);
   builder.DumpFuncDef("f", 1, 2);
   builder.DumpFuncDef("g", 2, 3);
@@ -49,7 +49,7 @@ TEST_F(PythonTagsParserTest, TheFieldNamesTheInnermostKindAndTheWholePath) {
   EXPECT_EQ(Lines()[4], "h\ta.py\t5;\"\tm\tclass:A.f.g.B\n");
 }
 
-TEST_F(PythonTagsParserTest, PopTakesAllThatAreNotNarrower) {
+TEST_F(PythonTagsParserTest, PopNamespaceClosesScopesOfAtLeastThatWidth) {
   builder.PushNamespace("a", 0, 1);
   builder.PushNamespace("b", 4, 0);
   builder.PushNamespace("c", 8, 0);
@@ -58,7 +58,7 @@ TEST_F(PythonTagsParserTest, PopTakesAllThatAreNotNarrower) {
   EXPECT_EQ(Lines()[0], "d\ta.py\t9;\"\tm\tclass:a\n");
 }
 
-TEST(PythonTagsParserDebugDump, WritesNothingButKeepsTheScopes) {
+TEST(PythonTagsParserDebugDump, WritesNothingButTracksScopes) {
   Options options;
   options.debugDump = true;
   Dumper dumper;
@@ -75,7 +75,7 @@ TEST(PythonTagsParserDebugDump, WritesNothingButKeepsTheScopes) {
 TEST(PythonLinePieces, NothingIsCut) {
   using testing_support::ExpectSamePieces;
   using testing_support::TagTexts;
-  // A Python name is a word of the source, so it has no white space that could be collapsed.
+  // A Python name is an identifier, so there is no white space to collapse.
   const auto isWord = [](const std::string& text) { return !HasWhitespace(text); };
   ExpectSamePieces(
       [&](Dumper& dumper, const TagTexts& texts) {

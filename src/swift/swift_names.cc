@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Puts together the names that Swift's rules pass on.
+// Builds the names in the results of Swift rules.
 #include "swift/swift_names.h"
 
 namespace vexltags {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How Swift's rules put their names together: labels, dotted types, tuple patterns.
+// Names in the results of Swift rules: labels, dotted types, tuple patterns.
 #pragma once
 
 #include "parserstate/name.h"
@@ -7,14 +7,14 @@
 
 namespace vexltags {
 
-/// The parameter as callers see it: the external name where one is written (`external` is not
-/// empty), else the local one, with ":" behind it unless it is "_". The type stays empty.
+/// The parameter as callers see it: its external name, or the local one if `external` is empty,
+/// followed by ":" unless it is "_". Its type is empty.
 Param ParameterLabel(const Name& external, const Name& local);
 
-/// Makes `path` name its member: "." and the member's text, with the member's line.
+/// Appends "." and the text of `member` to `path`, and copies its line.
 void AppendMember(Name& path, const Name& member);
 
-/// The first of `names`; a `Name` without text or line when there is none.
+/// The first of `names`, or an empty `Name`.
 Name FirstName(const VectorOfName& names);
 
 }  // namespace vexltags

@@ -14,19 +14,19 @@ TEST(ParameterLabel, PrefersTheExternalName) {
   EXPECT_EQ(label.type, "");
 }
 
-TEST(ParameterLabel, TakesTheLocalNameWithoutOne) {
+TEST(ParameterLabel, IsTheLocalNameWithoutAnExternalOne) {
   const Param label = ParameterLabel(Name(), Name("x", 4));
   EXPECT_EQ(label.name, "x:");
   EXPECT_EQ(label.line, 4);
 }
 
-TEST(ParameterLabel, LeavesAnUnderscoreBare) {
+TEST(ParameterLabel, AddsNoColonToAnUnderscore) {
   EXPECT_EQ(ParameterLabel(Name("_", 1), Name("x", 1)).name, "_");
   EXPECT_EQ(ParameterLabel(Name(), Name("_", 1)).name, "_");
   EXPECT_EQ(ParameterLabel(Name("_x", 1), Name("y", 1)).name, "_x:");
 }
 
-TEST(AppendMember, JoinsByADotAndTakesTheMembersLine) {
+TEST(AppendMember, JoinsWithADotAndCopiesTheLine) {
   Name path("A", 1);
   AppendMember(path, Name("B", 2));
   AppendMember(path, Name("C", 5));
@@ -34,7 +34,7 @@ TEST(AppendMember, JoinsByADotAndTakesTheMembersLine) {
   EXPECT_EQ(path.line, 5);
 }
 
-TEST(FirstName, TakesTheFirst) {
+TEST(FirstName, IsTheFirst) {
   VectorOfName names;
   names.Add(Name("a", 7));
   names.Add(Name("b", 8));
@@ -42,7 +42,7 @@ TEST(FirstName, TakesTheFirst) {
   EXPECT_EQ(FirstName(names).line, 7);
 }
 
-TEST(FirstName, IsUnsetForNone) {
+TEST(FirstName, IsEmptyForAnEmptyList) {
   EXPECT_EQ(FirstName(VectorOfName()).text, "");
   EXPECT_EQ(FirstName(VectorOfName()).line, -1);
 }

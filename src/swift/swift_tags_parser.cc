@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Builds the tag lines of Swift declarations and keeps track of the open types.
+// Builds the tags of Swift declarations.
 #include "swift/swift_tags_parser.h"
 
 #include <optional>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The tag builder of Swift: one tag for each declaration that the grammar reports, and its scopes.
+// The tag builder of Swift.
 #pragma once
 
 #include <antlr3.h>
@@ -11,39 +11,39 @@
 
 namespace vexltags {
 
-/// Writes the tags of one Swift file. The scope of a tag is the dotted names of the open types,
-/// without a word for their kind. `--debugDump` changes nothing but the enums, which the base class
-/// writes.
+/// Writes the tags of a Swift file. The scope field of a tag is the dotted names of the open types,
+/// without a word for their kind; only enums, which the base class writes, have one. `--debugDump`
+/// also affects enums only.
 class SwiftTagsParser : public ParserStateBase {
  public:
-  /// What the parser's questions about operators remember of this file.
+  /// What the predicates for operators remember about this file.
   OperatorRuns operatorRuns;
 
   SwiftTagsParser(const Options& runOptions, Dumper& sink, std::string storedPath);
   ~SwiftTagsParser() override;
 
-  /// The names of the open types from the outermost on, joined by ".".
+  /// The names of the open types, outermost first, joined by ".".
   const std::string& CurrentNamespaceName() const override;
 
-  /// Writes a function: its name, and its labels in parentheses unless it is "deinit".
+  /// Writes a function: its name and, unless that is "deinit", its labels in parentheses.
   void DumpSwiftFunction(const std::string& name, const ParamList& params, int line);
-  /// Writes the function that `keyword` declares, without labels: init, deinit or subscript.
+  /// Writes the function that the keyword init, deinit or subscript declares, without labels.
   void DumpKeywordFunction(pANTLR3_COMMON_TOKEN keyword);
-  /// Writes a type, constant or variable with the letter of its kind. Opens no scope.
+  /// Writes a type, constant or variable with the letter of its kind. Does not open a scope.
   void Dump(const TypeDescriptor& descriptor);
-  /// Writes a class, or a struct for any other kind. The grammar has no use for it.
+  /// Like `Dump`, but any kind other than class is written as a struct. Nothing calls it.
   void DumpClass(const TypeDescriptor& descriptor);
 
-  /// `Dump` for one name, and for each of several in their order.
+  /// Calls `Dump` for one name, or for each of several.
   void DumpNamed(long kind, const Name& name);
   void DumpEach(long kind, const VectorOfName& names);
-  /// `Dump`, then opens the type as a scope.
+  /// Calls `Dump`, then opens the type as a scope.
   void OpenType(long kind, const Name& name);
   /// Writes an enum, then opens it as a scope.
   void OpenEnum(const Name& name);
 
-  /// Closes the innermost scope at a closing curly at 1-based `line`. With no curly open it only
-  /// says so under `--dumpErrors`. The result is the kind of the curly, `Function` for none.
+  /// Closes the innermost scope at a closing brace on 1-based `line`, and returns the type of the
+  /// brace. If none is open, returns `Function` and reports that under `--dumpErrors`.
   CurlyType PopRCurly(int line);
 
  private:

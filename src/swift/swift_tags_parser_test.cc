@@ -45,7 +45,7 @@ TEST_F(SwiftTagsParserTest, WritesDeinitWithoutParentheses) {
   EXPECT_EQ(dumper.Lines(), (Lines{"deinit\ta.swift\t2;\"\tf\n", "init()\ta.swift\t3;\"\tf\n"}));
 }
 
-TEST_F(SwiftTagsParserTest, TakesAKeywordsTextAndLine) {
+TEST_F(SwiftTagsParserTest, UsesTextAndLineOfAKeyword) {
   TokenMaker maker("init deinit subscript");
   builder.DumpKeywordFunction(maker.Span(0, 4, 7));
   builder.DumpKeywordFunction(maker.Span(5, 6, 8));
@@ -77,7 +77,7 @@ TEST_F(SwiftTagsParserTest, DumpOpensNoScope) {
   EXPECT_EQ(builder.CurrentNamespaceName(), "");
 }
 
-TEST_F(SwiftTagsParserTest, DumpClassKnowsTwoLetters) {
+TEST_F(SwiftTagsParserTest, DumpClassHasTwoLetters) {
   builder.DumpClass(TypeDescriptor("A", kClassKind, 1));
   builder.DumpClass(TypeDescriptor("B", kStructKind, 2));
   builder.DumpClass(TypeDescriptor("C", kProtocolKind, 3));
@@ -85,7 +85,7 @@ TEST_F(SwiftTagsParserTest, DumpClassKnowsTwoLetters) {
             (Lines{"A\ta.swift\t1;\"\tc\n", "B\ta.swift\t2;\"\ts\n", "C\ta.swift\t3;\"\ts\n"}));
 }
 
-TEST_F(SwiftTagsParserTest, NamesScopesByDottedNames) {
+TEST_F(SwiftTagsParserTest, JoinsScopesWithDots) {
   builder.OpenType(kExtensionKind, Name("A.B", 1));
   builder.OpenType(kStructKind, Name("C", 1));
   builder.DumpNamed(kVariableKind, Name("x", 2));
@@ -96,7 +96,7 @@ TEST_F(SwiftTagsParserTest, NamesScopesByDottedNames) {
                    "x\ta.swift\t2;\"\tV\tA.B.C\n", "f()\ta.swift\t3;\"\tf\tA.B.C\n"}));
 }
 
-TEST_F(SwiftTagsParserTest, WritesEnumsAsTheBaseDoes) {
+TEST_F(SwiftTagsParserTest, WritesEnumsLikeTheBase) {
   builder.OpenType(kClassKind, Name("A", 1));
   builder.OpenEnum(Name("E", 2));
   builder.DumpEnumerator(Name("a", 3));
@@ -113,7 +113,7 @@ TEST_F(SwiftTagsParserTest, WritesOneTagForEachName) {
   EXPECT_EQ(dumper.Lines(), (Lines{"a\ta.swift\t1;\"\tb\n", "b\ta.swift\t2;\"\tb\n"}));
 }
 
-TEST_F(SwiftTagsParserTest, AClosingCurlyClosesTheInnermostScope) {
+TEST_F(SwiftTagsParserTest, AClosingBraceClosesTheInnermostScope) {
   builder.OpenType(kClassKind, Name("A", 1));
   builder.OpenType(kStructKind, Name("B", 1));
   EXPECT_EQ(builder.PopRCurly(2), CurlyType::Class);
@@ -122,13 +122,13 @@ TEST_F(SwiftTagsParserTest, AClosingCurlyClosesTheInnermostScope) {
   EXPECT_EQ(builder.CurrentNamespaceName(), "");
 }
 
-TEST_F(SwiftTagsParserTest, ASurplusCurlyIsSilentByDefault) {
+TEST_F(SwiftTagsParserTest, AnUnmatchedBraceIsIgnoredByDefault) {
   testing::internal::CaptureStderr();
   EXPECT_EQ(builder.PopRCurly(2), CurlyType::Function);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-TEST_F(SwiftTagsParserTest, ASurplusCurlyIsNamedWithDumpErrors) {
+TEST_F(SwiftTagsParserTest, AnUnmatchedBraceIsReportedOnRequest) {
   options.dumpErrors = true;
   testing::internal::CaptureStderr();
   EXPECT_EQ(builder.PopRCurly(2), CurlyType::Function);
@@ -138,7 +138,7 @@ TEST_F(SwiftTagsParserTest, ASurplusCurlyIsNamedWithDumpErrors) {
   EXPECT_EQ(builder.CurrentNamespaceName(), "");
 }
 
-TEST_F(SwiftTagsParserTest, DebugDumpChangesOnlyEnums) {
+TEST_F(SwiftTagsParserTest, DebugDumpAffectsOnlyEnums) {
   options.debugDump = true;
   builder.DumpSwiftFunction("f", ParamList(), 1);
   builder.OpenType(kClassKind, Name("A", 2));

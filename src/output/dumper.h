@@ -27,8 +27,8 @@ class Dumper {
 
   /// Formats with `vsnprintf` into 1024 bytes and prints the result. A longer one is cut to 1023
   /// bytes without a report, and a final newline goes with the rest. Not an overload of `Print`, so
-  /// that a C string is never taken for a format by mistake. Nothing calls it: tags print their
-  /// formatted pieces with `PrintPiece`, which tests compare with this function.
+  /// that a C string is never taken for a format by mistake. The program itself uses `PrintPiece`,
+  /// which tests compare with this function.
   void PrintFormat(const char* format, ...) __attribute__((format(printf, 2, 3)));
 
   /// The largest size of a formatted piece, in bytes.

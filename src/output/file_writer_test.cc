@@ -121,9 +121,9 @@ TEST(FileWriter, AbandonUndoesTheWriting) {
   } cases[] = {
       {"a new file is removed", Mode::Truncate, false, false, std::nullopt},
       {"a replaced file is removed", Mode::Truncate, true, false, std::nullopt},
-      {"behind a link it is emptied", Mode::Truncate, true, true, ""},
+      {"through a link it is emptied", Mode::Truncate, true, true, ""},
       {"an extended file gets its length back", Mode::Append, true, false, "old\n"},
-      {"also behind a link", Mode::Append, true, true, "old\n"},
+      {"also through a link", Mode::Append, true, true, "old\n"},
   };
   for (const auto& c : cases) {
     const ScratchFolder scratch;
@@ -162,8 +162,8 @@ TEST(FileWriter, WritesToStandardOutputAfterEarlierText) {
     EXPECT_TRUE(writer.Write("tags "));
     EXPECT_TRUE(writer.Close());
   }
-  std::printf("behind");
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "before tags behind");
+  std::printf("after");
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "before tags after");
 }
 
 TEST(FileWriter, ReportsBrokenStandardOutputWithoutASignal) {

@@ -33,7 +33,7 @@ TEST(CaseCompare, OrdersNamesThenLines) {
       {"also when the longer name is in upper case", "abc\tz", "ABCD\ta"},
       {"an underscore sorts before a folded letter", "a_b\t", "aBb\t"},
       {"equal names fall to the file", "abc\ta.c\t9", "abc\tb.c\t1"},
-      {"behind the name case is not folded", "abc\tB", "abc\ta"},
+      {"after the name case is not folded", "abc\tB", "abc\ta"},
       {"line numbers compare as text", "abc\ta.c\t10;\"", "abc\ta.c\t9;\""},
       {"a line that is a prefix comes first", "abc\ta", "abc\tab"},
       {"a line without a tab is all name", "ABC\tx", "abc"},

@@ -67,7 +67,7 @@ TEST(RelativeToWorkingDirectory, RewritesThePath) {
       {"doubled separators count once", "/w/x.c", "", "/w/a//b/", "../../x.c"},
       {"an escaped blank differs from the plain one", "/w/a\\ b/x.c", "", "/w/a b/",
        "../a\\ b/x.c"},
-      {"no step counts behind a backslash", "/w/x.c", "", "/w/a/b\\c/d/e/", "../x.c"},
+      {"no step counts after a backslash", "/w/x.c", "", "/w/a/b\\c/d/e/", "../x.c"},
       {"a backslash first thing", "/w/x.c", "", "/w/\\a/b/", "x.c"},
   };
   for (const auto& c : cases) {

@@ -37,7 +37,7 @@ TagField Plain(TagField field);
 ///
 /// Every tag of every language is such a record. An action of a grammar calls a `Dump…` function of
 /// its tag builder, which fills in the record and passes it to `ParserStateBase::Emit`. A
-/// breakpoint there shows the rule behind each tag. A declaration has no tag if
+/// breakpoint there shows the rule that each tag comes from. A declaration has no tag if
 ///  - the parser does not see it: it is in a dropped branch of a conditional or in a function body;
 ///  - its rule has no action, as for a forward declaration of a type or an import;
 ///  - its rule fails, or an earlier error ends the file: see `--dumpErrors`;

@@ -7,8 +7,8 @@
 namespace vexltags {
 
 pANTLR3_BITSET_LIST FollowStack::AllTypes() {
-  static ANTLR3_BITWORD words[kWords] = {~ANTLR3_BITWORD{0}, ~ANTLR3_BITWORD{0},
-                                         ~ANTLR3_BITWORD{0}};
+  constexpr ANTLR3_BITWORD kAll = ~ANTLR3_BITWORD{0};
+  static ANTLR3_BITWORD words[kWords] = {kAll, kAll, kAll, kAll};
   static ANTLR3_BITSET_LIST set = {words, kWords};
   return &set;
 }

@@ -17,8 +17,9 @@ namespace vexltags {
 /// depth once and not once for each.
 class FollowStack {
  public:
-  /// Large enough for every token type of any grammar here.
-  static constexpr std::size_t kWords = 3;
+  static constexpr std::size_t kWords = 4;
+  /// Token types are below this; the build fails for a grammar that has more.
+  static constexpr std::size_t kTypes = kWords * 64;
   using Union = std::array<std::uint64_t, kWords>;
 
   /// True when `all` holds the token type; false for the end of the file, which no set holds.

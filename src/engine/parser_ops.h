@@ -43,101 +43,107 @@ inline void SeekTo(Context* ctx, std::size_t token) {
   stream->seek(stream, static_cast<ANTLR3_MARKER>(token));
 }
 
-/// Asks a predicate of a parser: runs `fragment` from the current token with actions off and goes
-/// back, or repeats the kept outcome of an earlier run. Repeating includes the one side effect that
-/// a trial has on the recogniser, the cleared mark "in error recovery" after any matched token.
+/// A speculative parse in progress: of a predicate's fragment, or of a rule within one. Its outcome
+/// is either known from an earlier one at the same token, or kept when it ends.
 ///
-/// The time limit changes what rules answer, so outcomes from before a file was given up are
-/// dropped.
-template <unsigned kPredicate, class Context>
-ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
-  static_assert(kPredicate < TrialTable::kNumbers);
-  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
-  pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
-  const std::size_t token = PositionOf(ctx);
-  const auto start = static_cast<ANTLR3_MARKER>(token);
-  TrialTable& trials = *ctx->trials;
-
-  trials.SetGivenUp(ctx->fileState->Aborted());
-  if (state->backtracking == 0) trials.Commit(token);
-  const TrialTable::Outcome kept = trials.Find(kPredicate, token);
-  if (kept.known) {
-    if (kept.matched) state->errorRecovery = ANTLR3_FALSE;
-    trials.reach = std::max(trials.reach, kept.reach);
-    return kept.success;
-  }
-
-  const ANTLR3_BOOLEAN inRecovery = state->errorRecovery;
-  state->errorRecovery = ANTLR3_TRUE;
-  const std::size_t outerReach = trials.reach;
-  trials.reach = token;
-  state->backtracking++;
-  stream->lastMarker = start;
-  fragment(ctx);
-  const bool success = !state->failed;
-  const std::size_t end = PositionOf(ctx);
-  SeekTo(ctx, token);
-  stream->lastMarker = start;
-  state->backtracking--;
-  state->failed = ANTLR3_FALSE;
-  const bool matched = state->errorRecovery == ANTLR3_FALSE;
-  if (!matched) state->errorRecovery = inRecovery;
-  const std::size_t reach = std::max(trials.reach, end);
-  trials.Keep(kPredicate, token, {true, success, matched, end, reach});
-  trials.reach = std::max(outerReach, reach);
-  return success;
-}
-
-/// Stands at the beginning of a rule that is being tried and remembers how it went. Where that is
-/// known, `Repeat` does the same again at once; else the end of the rule's function keeps it.
-template <unsigned kRule, class Context>
-class RuleMemo {
+/// The one side effect that a speculative parse has on the recogniser is that any matched token
+/// clears the mark "in error recovery". A known outcome has it too, or error counts would depend on
+/// what was kept. The time limit changes how rules end, so outcomes from before a file was given up
+/// are forgotten.
+template <unsigned kNumber, class Context>
+class SpeculativeParse {
  public:
-  explicit RuleMemo(Context* context) : ctx(context), state(context->pParser->rec->state) {
-    static_assert(kRule < TrialTable::kNumbers);
-    // The time limit may have struck within the trial that asks.
-    ctx->trials->SetGivenUp(ctx->fileState->Aborted());
-    start = ctx->tokens->Position();
-    const TrialTable::Outcome kept = ctx->trials->Find(kRule, start);
-    if (kept.known) {
-      ctx->trials->reach = std::max(ctx->trials->reach, kept.reach);
-      if (kept.matched) state->errorRecovery = ANTLR3_FALSE;
-      if (kept.success) {
-        ctx->tokens->Seek(kept.end);
-      } else {
-        state->failed = ANTLR3_TRUE;
-      }
-      repeated = true;
+  static_assert(kNumber < TrialTable::kNumbers);
+
+  /// Begins at the current token.
+  explicit SpeculativeParse(Context* context)
+      : ctx(context), state(context->pParser->rec->state), start(PositionOf(context)) {
+    TrialTable& trials = *ctx->trials;
+    trials.SetGivenUp(ctx->fileState->Aborted());
+    if (state->backtracking == 0) trials.Commit(start);
+    known = trials.Find(kNumber, start);
+    if (known.known) {
+      trials.reach = std::max(trials.reach, known.reach);
+      if (known.matched) state->errorRecovery = ANTLR3_FALSE;
       return;
     }
     inRecovery = state->errorRecovery;
     state->errorRecovery = ANTLR3_TRUE;
-    outerReach = ctx->trials->reach;
-    ctx->trials->reach = start;
+    outerReach = trials.reach;
+    trials.reach = start;
   }
-  ~RuleMemo() {
-    if (repeated) return;
+  SpeculativeParse(const SpeculativeParse&) = delete;
+  SpeculativeParse& operator=(const SpeculativeParse&) = delete;
+
+  /// The outcome of an earlier parse. If it is not `known`, this one has to run, up to `End`.
+  const TrialTable::Outcome& Known() const { return known; }
+  std::size_t Start() const { return start; }
+
+  /// Keeps the outcome; the current token is the one where the parse ended.
+  void End() {
     const bool matched = state->errorRecovery == ANTLR3_FALSE;
     if (!matched) state->errorRecovery = inRecovery;
     TrialTable& trials = *ctx->trials;
-    const std::size_t end = ctx->tokens->Position();
+    const std::size_t end = PositionOf(ctx);
     const std::size_t reach = std::max(trials.reach, end);
-    trials.Keep(kRule, start, {true, !state->failed, matched, end, reach});
+    trials.Keep(kNumber, start, {true, !state->failed, matched, end, reach});
     trials.reach = std::max(outerReach, reach);
   }
-  RuleMemo(const RuleMemo&) = delete;
-  RuleMemo& operator=(const RuleMemo&) = delete;
-
-  /// True when the rule has been repeated and is to return.
-  bool Repeat() const { return repeated; }
 
  private:
   Context* ctx;
   pANTLR3_RECOGNIZER_SHARED_STATE state;
-  std::size_t start = 0;
+  std::size_t start;
+  TrialTable::Outcome known;
   std::size_t outerReach = 0;
   ANTLR3_BOOLEAN inRecovery = ANTLR3_FALSE;
-  bool repeated = false;
+};
+
+/// Asks a predicate of a parser: true if `fragment` parses from the current token on. The position
+/// stays.
+template <unsigned kPredicate, class Context>
+ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
+  SpeculativeParse<kPredicate, Context> parse(ctx);
+  if (parse.Known().known) return parse.Known().success;
+  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
+  pANTLR3_INT_STREAM stream = ctx->pParser->tstream->istream;
+  const auto start = static_cast<ANTLR3_MARKER>(parse.Start());
+  state->backtracking++;
+  stream->lastMarker = start;
+  fragment(ctx);
+  parse.End();
+  const bool success = !state->failed;
+  SeekTo(ctx, parse.Start());
+  stream->lastMarker = start;
+  state->backtracking--;
+  state->failed = ANTLR3_FALSE;
+  return success;
+}
+
+/// Is made at the beginning of a rule with the option `memoize` within a speculative parse. Where
+/// the rule's outcome at this token is known, it has taken effect already.
+template <unsigned kRule, class Context>
+class RuleMemo {
+ public:
+  explicit RuleMemo(Context* ctx) : parse(ctx) {
+    if (!parse.Known().known) return;
+    if (parse.Known().success) {
+      ctx->tokens->Seek(parse.Known().end);
+    } else {
+      ctx->pParser->rec->state->failed = ANTLR3_TRUE;
+    }
+  }
+  ~RuleMemo() {
+    if (!parse.Known().known) parse.End();
+  }
+  RuleMemo(const RuleMemo&) = delete;
+  RuleMemo& operator=(const RuleMemo&) = delete;
+
+  /// True when nothing is left to do, so that the rule returns.
+  bool Repeat() const { return parse.Known().known; }
+
+ private:
+  SpeculativeParse<kRule, Context> parse;
 };
 
 /// How a speculative parse of one item went.

@@ -111,7 +111,7 @@ const char* Dumper::Write(const Options& options, bool append, bool header) cons
   if (outputPath.empty()) {
     writer.OpenStandardOutput();
   } else if (!writer.OpenFile(outputPath,
-                              append ? FileWriter::Mode::Append : FileWriter::Mode::Truncate)) {
+                              append ? FileWriter::Mode::Append : FileWriter::Mode::Replace)) {
     return "opening";
   }
 

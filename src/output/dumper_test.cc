@@ -319,8 +319,8 @@ TEST(DumperDump, LeavesNoPartialTagsFile) {
     std::optional<std::string> left;
   } cases[] = {
       {"new", false, false, 2, std::nullopt},
-      {"replaced", true, false, 2, std::nullopt},
-      {"merged", true, true, 2, std::nullopt},
+      {"replaced", true, false, 2, "old\t1\n"},
+      {"merged", true, true, 2, "old\t1\n"},
       {"appended", true, true, 0, "old\t1\n"},
   };
   for (const auto& c : cases) {

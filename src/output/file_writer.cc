@@ -40,7 +40,7 @@ FileWriter::~FileWriter() {
 }
 
 bool FileWriter::OpenFile(const std::string& path, Mode mode) {
-  const int how = mode == Mode::Append ? O_APPEND : O_TRUNC;
+  const int how = mode == Mode::Append ? O_APPEND : 0;
   descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | how, 0666);
   ownsDescriptor = descriptor >= 0;
   failed = descriptor < 0;
@@ -48,7 +48,32 @@ bool FileWriter::OpenFile(const std::string& path, Mode mode) {
   filePath = path;
   opened = {};
   if (!failed && fstat(descriptor, &opened) != 0) opened = {};
+  const bool hasContents = S_ISREG(opened.st_mode) && opened.st_size > 0;
+  if (failed || mode == Mode::Append || !hasContents) return !failed;
+
+  // Hard links would go on naming the old file.
+  if (opened.st_nlink == 1 && replacement.Create(path)) {
+    if (replacement.KeepsOwner()) {
+      CloseDescriptor();
+      return WriteToReplacement();
+    }
+    close(replacement.Descriptor());
+    replacement.Discard();
+  }
+  failed = ftruncate(descriptor, 0) != 0;
   return !failed;
+}
+
+bool FileWriter::OpenReplacement(const std::string& path) {
+  failed = !replacement.Create(path);
+  return !failed && WriteToReplacement();
+}
+
+bool FileWriter::WriteToReplacement() {
+  descriptor = replacement.Descriptor();
+  ownsDescriptor = true;
+  replaces = true;
+  return true;
 }
 
 void FileWriter::OpenStandardOutput() {
@@ -65,6 +90,7 @@ bool FileWriter::Write(std::string_view text) {
 
 bool FileWriter::Close() {
   if (Flush()) CloseDescriptor();
+  if (!failed && replaces && !replacement.TakePlace()) failed = true;
   return !failed;
 }
 
@@ -72,13 +98,15 @@ void FileWriter::Abandon() {
   buffer.clear();
   failed = true;
   CloseDescriptor();
+  replacement.Discard();
+  if (replaces) return;
   struct stat now;
   const char* path = filePath.c_str();
   if (!S_ISREG(opened.st_mode) || stat(path, &now) != 0 || !SameFile(now, opened)) return;
   const int truncated = truncate(path, openMode == Mode::Append ? opened.st_size : 0);
   static_cast<void>(truncated);  // If this fails too, nothing is left to try.
   const bool isLink = lstat(path, &now) != 0 || !SameFile(now, opened);
-  if (openMode == Mode::Truncate && !isLink) unlink(path);
+  if (openMode == Mode::Replace && !isLink) unlink(path);
 }
 
 bool FileWriter::Flush() {

@@ -9,6 +9,8 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <iterator>
+#include <optional>
 #include <string>
 
 #include "testing/scratch.h"
@@ -30,10 +32,16 @@ void LimitFileSize(rlim_t bytes) {
   setrlimit(RLIMIT_FSIZE, &limit);
 }
 
+// How many entries a folder has.
+std::size_t Entries(const ScratchFolder& scratch) {
+  const std::filesystem::directory_iterator entries(scratch.Path());
+  return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
+}
+
 TEST(FileWriter, WritesAndAppends) {
   const ScratchFolder scratch;
   const std::string path = scratch.Path("f");
-  for (const Mode mode : {Mode::Truncate, Mode::Append, Mode::Append}) {
+  for (const Mode mode : {Mode::Replace, Mode::Append, Mode::Append}) {
     FileWriter writer;
     ASSERT_TRUE(writer.OpenFile(path, mode));
     EXPECT_TRUE(writer.Write("one"));
@@ -43,7 +51,7 @@ TEST(FileWriter, WritesAndAppends) {
   }
   EXPECT_EQ(ReadFile(path), "one two\none two\none two\n");
   FileWriter writer;
-  ASSERT_TRUE(writer.OpenFile(path, Mode::Truncate));
+  ASSERT_TRUE(writer.OpenFile(path, Mode::Replace));
   EXPECT_TRUE(writer.Close());
   EXPECT_EQ(ReadFile(path), "");
 }
@@ -52,7 +60,7 @@ TEST(FileWriter, WritesPiecesOfEverySizeInOrder) {
   const ScratchFolder scratch;
   std::string expected;
   FileWriter writer;
-  ASSERT_TRUE(writer.OpenFile(scratch.Path("f"), Mode::Truncate));
+  ASSERT_TRUE(writer.OpenFile(scratch.Path("f"), Mode::Replace));
   for (const std::size_t size : {1, 65535, 1, 65536, 2, 70000, 3, 200000, 65534, 4}) {
     const std::string piece(size, static_cast<char>('a' + expected.size() % 26));
     EXPECT_TRUE(writer.Write(piece));
@@ -67,7 +75,7 @@ TEST(FileWriter, CannotOpenAPathBelowAFileOrADirectory) {
   WriteFile(scratch.Path("f"), "");
   for (const std::string& path : {scratch.Path("f/g"), scratch.Path(), std::string()}) {
     FileWriter writer;
-    EXPECT_FALSE(writer.OpenFile(path, Mode::Truncate)) << path;
+    EXPECT_FALSE(writer.OpenFile(path, Mode::Replace)) << path;
     EXPECT_FALSE(writer.Write("x"));
     EXPECT_FALSE(writer.Close());
   }
@@ -75,7 +83,7 @@ TEST(FileWriter, CannotOpenAPathBelowAFileOrADirectory) {
 
 TEST(FileWriter, ReportsAFullDeviceAtTheLastFlush) {
   FileWriter writer;
-  ASSERT_TRUE(writer.OpenFile("/dev/full", Mode::Truncate));
+  ASSERT_TRUE(writer.OpenFile("/dev/full", Mode::Replace));
   EXPECT_TRUE(writer.Write("buffered"));
   EXPECT_FALSE(writer.Close());
   EXPECT_FALSE(writer.Write("more"));
@@ -91,7 +99,7 @@ TEST(FileWriter, ReportsAFullDeviceAtALargeWrite) {
 
 TEST(FileWriter, AbandonLeavesADeviceAlone) {
   FileWriter writer;
-  ASSERT_TRUE(writer.OpenFile("/dev/full", Mode::Truncate));
+  ASSERT_TRUE(writer.OpenFile("/dev/full", Mode::Replace));
   EXPECT_TRUE(writer.Write("x"));
   EXPECT_FALSE(writer.Close());
   writer.Abandon();
@@ -104,7 +112,7 @@ TEST(FileWriter, ReportsASizeLimitWithoutASignal) {
   const int status = RunInChild([&path] {
     LimitFileSize(10);
     FileWriter writer;
-    if (!writer.OpenFile(path, Mode::Truncate) || !writer.Write("0123456789abc")) return 1;
+    if (!writer.OpenFile(path, Mode::Replace) || !writer.Write("0123456789abc")) return 1;
     return writer.Close() ? 2 : 0;
   });
   EXPECT_EQ(status, 0);
@@ -112,41 +120,95 @@ TEST(FileWriter, ReportsASizeLimitWithoutASignal) {
 }
 
 TEST(FileWriter, AbandonUndoesTheWriting) {
+  enum Path { kDirect, kLink, kHardLink };
   const struct {
     const char* why;
     Mode mode;
     bool exists;
-    bool throughLink;
+    Path path;
     std::optional<std::string> left;
   } cases[] = {
-      {"a new file is removed", Mode::Truncate, false, false, std::nullopt},
-      {"a replaced file is removed", Mode::Truncate, true, false, std::nullopt},
-      {"through a link it is emptied", Mode::Truncate, true, true, ""},
-      {"an extended file gets its length back", Mode::Append, true, false, "old\n"},
-      {"also through a link", Mode::Append, true, true, "old\n"},
+      {"a new file is removed", Mode::Replace, false, kDirect, std::nullopt},
+      {"a file to be replaced stays", Mode::Replace, true, kDirect, "old\n"},
+      {"also through a link", Mode::Replace, true, kLink, "old\n"},
+      {"a new file through a link is emptied", Mode::Replace, false, kLink, ""},
+      {"one with hard links is written in place and removed", Mode::Replace, true, kHardLink,
+       std::nullopt},
+      {"an extended file gets its length back", Mode::Append, true, kDirect, "old\n"},
+      {"also through a link", Mode::Append, true, kLink, "old\n"},
   };
   for (const auto& c : cases) {
     const ScratchFolder scratch;
     const std::string path = scratch.Path("f");
-    const std::string opened = c.throughLink ? scratch.Path("link") : path;
+    const std::string opened = c.path == kLink ? scratch.Path("link") : path;
     if (c.exists) WriteFile(path, "old\n");
-    if (c.throughLink) std::filesystem::create_symlink("f", opened);
+    if (c.path == kLink) std::filesystem::create_symlink("f", opened);
+    if (c.path == kHardLink) std::filesystem::create_hard_link(path, scratch.Path("other"));
+    const std::size_t entries = Entries(scratch);
     FileWriter writer;
     ASSERT_TRUE(writer.OpenFile(opened, c.mode)) << c.why;
     EXPECT_TRUE(writer.Write(std::string(100000, 'x'))) << c.why;
     EXPECT_TRUE(writer.Write("buffered")) << c.why;
     writer.Abandon();
     EXPECT_EQ(ReadFile(path), c.left) << c.why;
-    EXPECT_EQ(std::filesystem::is_symlink(opened), c.throughLink) << c.why;
+    EXPECT_EQ(std::filesystem::is_symlink(opened), c.path == kLink) << c.why;
+    EXPECT_EQ(Entries(scratch), entries + (c.path == kLink && !c.exists) - (c.exists && !c.left))
+        << c.why;
     EXPECT_FALSE(writer.Write("x")) << c.why;
     EXPECT_FALSE(writer.Close()) << c.why;
   }
 }
 
+TEST(FileWriter, ReplacesAtOnce) {
+  const ScratchFolder scratch;
+  const std::string path = scratch.Path("f");
+  WriteFile(path, "old");
+  FileWriter writer;
+  ASSERT_TRUE(writer.OpenFile(path, Mode::Replace));
+  EXPECT_TRUE(writer.Write(std::string(100000, 'x')));
+  EXPECT_EQ(ReadFile(path), "old");
+  EXPECT_FALSE(writer.HasFailed());
+  EXPECT_TRUE(writer.Close());
+  EXPECT_EQ(ReadFile(path), std::string(100000, 'x'));
+  EXPECT_EQ(Entries(scratch), 1U);
+}
+
+TEST(FileWriter, WritesInPlaceWhatHasHardLinks) {
+  const ScratchFolder scratch;
+  WriteFile(scratch.Path("f"), "a long old text");
+  std::filesystem::create_hard_link(scratch.Path("f"), scratch.Path("other"));
+  FileWriter writer;
+  ASSERT_TRUE(writer.OpenFile(scratch.Path("f"), Mode::Replace));
+  EXPECT_TRUE(writer.Write("new"));
+  EXPECT_TRUE(writer.Close());
+  EXPECT_EQ(ReadFile(scratch.Path("other")), "new");
+  EXPECT_EQ(Entries(scratch), 2U);
+}
+
+TEST(FileWriter, LeavesTheOldFileWhereAReplacementFailsOrIsForgotten) {
+  const ScratchFolder scratch;
+  const std::string path = scratch.Path("f");
+  WriteFile(path, "old");
+  const int status = RunInChild([&path] {
+    LimitFileSize(10);
+    FileWriter writer;
+    if (!writer.OpenFile(path, Mode::Replace) || !writer.Write("0123456789abc")) return 1;
+    return writer.Close() || !writer.HasFailed() ? 2 : 0;
+  });
+  EXPECT_EQ(status, 0);
+  {
+    FileWriter writer;
+    EXPECT_TRUE(writer.OpenReplacement(path));
+    EXPECT_TRUE(writer.Write("new"));
+  }
+  EXPECT_EQ(ReadFile(path), "old");
+  EXPECT_EQ(Entries(scratch), 1U);
+}
+
 TEST(FileWriter, AbandonLeavesAFileThatReplacedIt) {
   const ScratchFolder scratch;
   FileWriter writer;
-  ASSERT_TRUE(writer.OpenFile(scratch.Path("f"), Mode::Truncate));
+  ASSERT_TRUE(writer.OpenFile(scratch.Path("f"), Mode::Replace));
   WriteFile(scratch.Path("other"), "other");
   std::filesystem::rename(scratch.Path("other"), scratch.Path("f"));
   writer.Abandon();

@@ -74,39 +74,6 @@ int Filter(const std::string& path) {
   return status;
 }
 
-/// A temporary file in the folder of another file, with the mode of that file and, where permitted,
-/// its owner. Removed on destruction unless it was moved.
-class NewFile {
- public:
-  NewFile(const std::string& model, const struct stat& status) : path(model + ".XXXXXX") {
-    const int descriptor = mkstemp(path.data());
-    exists = descriptor >= 0;
-    if (!exists) return;
-    // Only root can change the owner. For other users the file becomes their own, as in an editor.
-    const bool sameOwner = fchown(descriptor, status.st_uid, status.st_gid) == 0;
-    ready = fchmod(descriptor, status.st_mode & (sameOwner ? 07777 : 0777)) == 0;
-    close(descriptor);
-  }
-  ~NewFile() {
-    if (exists) unlink(path.c_str());
-  }
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
-
-  bool Made() const { return ready; }
-  const std::string& Path() const { return path; }
-  bool MoveTo(const char* target) {
-    if (std::rename(path.c_str(), target) != 0) return false;
-    exists = false;
-    return true;
-  }
-
- private:
-  std::string path;
-  bool exists = false;
-  bool ready = false;
-};
-
 /// Rewrites the file at `path` or, for a symbolic link, the file it refers to. On failure the file
 /// is unchanged.
 int RewriteInPlace(const std::string& path) {
@@ -119,16 +86,11 @@ int RewriteInPlace(const std::string& path) {
   if (!S_ISREG(status.st_mode)) return Refuse(path, "is not a regular file");
   const File file(std::fopen(resolved, "rbe"));
   if (!file) return Fail("opening", path);
-  NewFile replacement(resolved, status);
   FileWriter output;
-  if (!replacement.Made() || !output.OpenFile(replacement.Path(), FileWriter::Mode::Truncate)) {
-    return Fail("creating a temporary file for", path);
-  }
+  if (!output.OpenReplacement(path)) return Fail("creating a temporary file for", path);
   const int result = RewriteTags(file.get(), OptionsFor(path), output);
-  // Also reports a write that failed earlier.
-  if (!output.Close()) return Fail("writing", path);
-  if (result == 0 && !replacement.MoveTo(resolved)) return Fail("writing", path);
-  return result;
+  if (result == 0) output.Close();
+  return output.HasFailed() ? Fail("writing", path) : result;
 }
 
 int Run(const std::vector<std::string>& arguments) {

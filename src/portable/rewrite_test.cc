@@ -33,7 +33,7 @@ Result Rewrite(const std::string& input) {
   WriteFile(scratch.Path("in"), input);
   std::FILE* file = std::fopen(scratch.Path("in").c_str(), "rb");
   FileWriter writer;
-  EXPECT_TRUE(writer.OpenFile(scratch.Path("out"), FileWriter::Mode::Truncate));
+  EXPECT_TRUE(writer.OpenFile(scratch.Path("out"), FileWriter::Mode::Replace));
   ::testing::internal::CaptureStderr();
   const int status = RewriteTags(file, {"/home/me", "tags"}, writer);
   std::string messages = ::testing::internal::GetCapturedStderr();
@@ -198,7 +198,7 @@ TEST(RewriteTags, FailsIfWritingFails) {
   WriteFile(scratch.Path("in"), "a\ta.c\t1;\"\tf\n");
   std::FILE* file = std::fopen(scratch.Path("in").c_str(), "rb");
   FileWriter writer;  // Remains closed.
-  EXPECT_FALSE(writer.OpenFile(scratch.Path("no/folder"), FileWriter::Mode::Truncate));
+  EXPECT_FALSE(writer.OpenFile(scratch.Path("no/folder"), FileWriter::Mode::Replace));
   EXPECT_EQ(RewriteTags(file, {"", "tags"}, writer), -1);
   std::fclose(file);
 }

@@ -170,10 +170,10 @@ def output_cases():
     old = b"old_tag\tx.c\t1;\"\tf\n"
     yield Case("output/full-device", "full-device")
     yield Case("output/closed-pipe", "closed-pipe")
-    yield Case("output/full-disk", "full-disk")
+    yield Case("output/full-disk", "full-disk", left=old)
     yield Case("output/full-disk-append", "full-disk", arguments=("--append", "--sort=no"), left=old)
     yield Case("output/size-limit", "size-limit")
-    yield Case("output/size-limit-replaces", "size-limit", arguments=("--append=no",))
+    yield Case("output/size-limit-replaces", "size-limit", arguments=("--append=no",), left=old)
     yield Case("output/size-limit-append", "size-limit", arguments=("--append", "--sort=no"), left=old)
     yield Case("output/folder-as-file", "unopenable", make=make_open_folder)
     yield Case("output/below-a-file", "unopenable", make=make_below_output)

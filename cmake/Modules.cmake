@@ -16,7 +16,8 @@ endfunction()
 #
 #   vexltags_module(NAME SOURCES a.cc b.cc LINK vexltags_base TESTS a_test.cc)
 #
-# defines vexltags_NAME and records the tests, which tests/CMakeLists.txt builds.
+# defines vexltags_NAME and records the tests, which tests/CMakeLists.txt builds, and the folder, whose
+# includes a test checks against LINK.
 function(vexltags_module name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK;TESTS" ${ARGN})
   list(TRANSFORM arg_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/)
@@ -27,4 +28,5 @@ function(vexltags_module name)
   list(TRANSFORM arg_TESTS PREPEND ${CMAKE_CURRENT_LIST_DIR}/)
   set_property(GLOBAL APPEND PROPERTY VEXLTAGS_TEST_SOURCES ${arg_TESTS})
   set_property(GLOBAL APPEND PROPERTY VEXLTAGS_TEST_LIBRARIES vexltags_${name})
+  set_property(GLOBAL APPEND PROPERTY VEXLTAGS_MODULES ${name})
 endfunction()

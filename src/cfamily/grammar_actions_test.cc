@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "cfamily/tag_builder_fixture.h"
-#include "parserstate/token_test_support.h"
+#include "engine/token_test_support.h"
 
 namespace vexltags {
 namespace {

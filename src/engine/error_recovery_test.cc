@@ -13,7 +13,7 @@
 
 #include "engine/std_string.h"
 #include "engine/token_stream.h"
-#include "parserstate/token_test_support.h"
+#include "engine/token_test_support.h"
 
 namespace vexltags {
 namespace {

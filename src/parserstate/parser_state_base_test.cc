@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "engine/token_test_support.h"
 #include "parserstate/line_pieces_test_support.h"
-#include "parserstate/token_test_support.h"
 
 namespace vexltags {
 namespace {

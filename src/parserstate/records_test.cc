@@ -5,10 +5,10 @@
 #include <cstddef>
 #include <string>
 
+#include "engine/token_test_support.h"
 #include "parserstate/method_prototype.h"
 #include "parserstate/name.h"
 #include "parserstate/param.h"
-#include "parserstate/token_test_support.h"
 
 namespace vexltags {
 namespace {

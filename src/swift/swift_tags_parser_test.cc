@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "parserstate/token_test_support.h"
+#include "engine/token_test_support.h"
 
 namespace vexltags {
 namespace {

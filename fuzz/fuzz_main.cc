@@ -3,11 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "driver/language.h"
 #include "recognizer_target.h"
 
-#include "grammars/main_recognizer.h"
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vexltags::fuzz::RunFromMemory(vexltags::NewMainReader, data, size);
+  vexltags::fuzz::RunFromMemory(vexltags::LanguageOf("input.c").newReader, data, size);
   return 0;
 }

@@ -3,11 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "driver/language.h"
 #include "recognizer_target.h"
 
-#include "grammars/python_recognizer.h"
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vexltags::fuzz::RunFromMemory(vexltags::NewPythonReader, data, size);
+  vexltags::fuzz::RunFromMemory(vexltags::LanguageOf("input.py").newReader, data, size);
   return 0;
 }

@@ -3,11 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "driver/language.h"
 #include "recognizer_target.h"
 
-#include "grammars/swift_recognizer.h"
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vexltags::fuzz::RunFromMemory(vexltags::NewSwiftReader, data, size);
+  vexltags::fuzz::RunFromMemory(vexltags::LanguageOf("input.swift").newReader, data, size);
   return 0;
 }

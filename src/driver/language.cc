@@ -2,21 +2,27 @@
 // The languages that are built in, and which file is of which.
 #include "driver/language.h"
 
+#include <antlr3.h>
+
+#include <memory>
+
 #include "base/text.h"
-#include "grammars/main_recognizer.h"
-#include "grammars/python_recognizer.h"
-#include "grammars/swift_recognizer.h"
 
 namespace vexltags {
+
+// The readers, each defined beside its grammar.
+#define LANGUAGE(suffix, name, newReader, reading) \
+  std::unique_ptr<LanguageReader> newReader(pANTLR3_INPUT_STREAM input);
+#include "driver/languages.def"
+#undef LANGUAGE
+
 namespace {
 
-/// In the order of the tests; the last row takes what no other took.
+#define LANGUAGE(suffix, name, newReader, reading) {suffix, name, newReader, reading},
 constexpr Language kLanguages[] = {
-    {".py", "Python", NewPythonReader, &thorough::Session::Python},
-    {".pyx", "Python", NewPythonReader, &thorough::Session::Python},
-    {".swift", "Swift", NewSwiftReader, &thorough::Session::Swift},
-    {"", "C family", NewMainReader, &thorough::Session::CFamily},
+#include "driver/languages.def"
 };
+#undef LANGUAGE
 
 }  // namespace
 

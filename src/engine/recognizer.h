@@ -43,6 +43,8 @@ class Recognizers {
       : input(stream), lexer(Grammar::NewLexer(stream)) {
     if (!lexer) return;
 #ifdef VEXLTAGS_PLAIN
+    static_cast<void>(Grammar::kKeepsNeighbours);  // A plain build has no use for these.
+    static_cast<void>(Grammar::Scan);
     tokens.reset(
         antlr3CommonTokenStreamSourceNew(ANTLR3_SIZE_HINT, State(lexer->pLexer)->tokSource));
     if (tokens) parser.reset(Grammar::NewParser(tokens.get()));
@@ -58,7 +60,7 @@ class Recognizers {
   bool AreComplete() const { return parser != nullptr; }
   /// Runs the grammar over the file that the stream has now, or lets `reading` run it, if not null.
   RecognizerCounts Run(const Options& options, typename Grammar::FileState& fileState,
-                       typename Grammar::Builder& builder, Reading* reading) {
+                       typename Grammar::Builder& builder, [[maybe_unused]] Reading* reading) {
 #ifndef VEXLTAGS_PLAIN
     if (reading != nullptr) return RunBy(*reading, options, fileState, builder);
 #endif

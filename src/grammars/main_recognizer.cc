@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Runs the recogniser of C, C++ and Objective-C; the only code that includes its generated headers.
-#include "grammars/main_recognizer.h"
-
 #include "cfamily/directives.h"
 #include "cfamily/main_scanner.h"
 #include "cfamily/vexl_tags_parser.h"

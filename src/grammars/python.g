@@ -38,6 +38,8 @@ options {
 
 @parser::members {
 #include "engine/recognizer_support.h"
+
+#define VEXL_ITEM inputToken
 }
 
 // --- Parser ---

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Runs the recogniser of Python; the only code that includes its generated headers.
-#include "grammars/python_recognizer.h"
-
 #include "engine/recognizer.h"
 #include "python/python_scanner.h"
 #include "python/python_tags_parser.h"

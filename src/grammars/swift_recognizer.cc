@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Runs the recogniser of Swift; the only code that includes its generated headers.
-#include "grammars/swift_recognizer.h"
-
 #include "engine/recognizer.h"
 #include "swift/swift_scanner.h"
 #include "swift/swift_tags_parser.h"

@@ -11,10 +11,10 @@
 
 namespace vexltags {
 
-/// Takes the place of the runtime's stack of follow sets. Rules push and pop all the time and only
-/// recovery looks, so the two are as short as can be; and recovery, which wants the union of the
-/// whole stack, finds most of it already made: an error at each level of a deep nesting costs the
-/// depth once and not once for each.
+/// Replaces the runtime's stack of follow sets. Rules push and pop constantly while only recovery
+/// reads, so pushing and popping do as little as possible. Recovery needs the union of the whole
+/// stack. Unions are kept, so errors at every level of a deep nesting together take time linear in
+/// the depth.
 class FollowStack {
  public:
   static constexpr std::size_t kWords = 4;
@@ -22,7 +22,7 @@ class FollowStack {
   static constexpr std::size_t kTypes = kWords * 64;
   using Union = std::array<std::uint64_t, kWords>;
 
-  /// True when `all` holds the token type; false for the end of the file, which no set holds.
+  /// Returns whether `all` contains the token type; false for the end of the file.
   static bool Has(const Union& all, ANTLR3_UINT32 type) {
     return type / 64 < kWords && (all[type / 64] >> (type % 64) & 1) != 0;
   }
@@ -36,7 +36,7 @@ class FollowStack {
     }
   }
 
-  /// A set of all token types, to be pushed.
+  /// Returns a set of all token types, to be pushed.
   static pANTLR3_BITSET_LIST AllTypes();
 
   /// Pushes a set of the generated code, which outlives the stack.
@@ -52,13 +52,13 @@ class FollowStack {
   void Clear() { size = unions = 0; }
 
   std::size_t Size() const { return size; }
-  /// The union of all sets on the stack.
+  /// Returns the union of all sets on the stack.
   Union All();
 
  private:
   std::vector<pANTLR3_BITSET_LIST> sets;
   std::size_t size = 0;
-  std::vector<Union> made;  ///< made[i]: the union of sets 0 to i, good for i < unions.
+  std::vector<Union> made;  ///< made[i]: the union of sets 0 to i, valid for i < unions.
   std::size_t unions = 0;
 };
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the macros of generated code stand for: trials with kept outcomes, and the runtime's most
-// frequent operations done in place.
+// Implements the macros of generated code: speculative parses with kept outcomes, and the runtime's
+// most frequent operations in place.
 #pragma once
 
 #include <antlr3.h>
@@ -43,13 +43,12 @@ inline void SeekTo(Context* ctx, std::size_t token) {
   stream->seek(stream, static_cast<ANTLR3_MARKER>(token));
 }
 
-/// A speculative parse in progress: of a predicate's fragment, or of a rule within one. Its outcome
-/// is either known from an earlier one at the same token, or kept when it ends.
+/// A speculative parse of a predicate's fragment, or of a rule within one. If the outcome at this
+/// token is known from an earlier parse, it takes effect at once; otherwise it is kept at the end.
 ///
-/// The one side effect that a speculative parse has on the recogniser is that any matched token
-/// clears the mark "in error recovery". A known outcome has it too, or error counts would depend on
-/// what was kept. The time limit changes how rules end, so outcomes from before a file was given up
-/// are forgotten.
+/// A speculative parse has one side effect on the recogniser: a matched token clears the mark "in
+/// error recovery". A known outcome repeats it, because error counts must not depend on what was
+/// kept. The time limit changes how rules end, so exceeding it discards all outcomes.
 template <unsigned kNumber, class Context>
 class SpeculativeParse {
  public:
@@ -99,8 +98,8 @@ class SpeculativeParse {
   ANTLR3_BOOLEAN inRecovery = ANTLR3_FALSE;
 };
 
-/// Asks a predicate of a parser: true if `fragment` parses from the current token on. The position
-/// stays.
+/// Evaluates a predicate of a parser: returns whether `fragment` parses from the current token on.
+/// Does not change the position.
 template <unsigned kPredicate, class Context>
 ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
   SpeculativeParse<kPredicate, Context> parse(ctx);
@@ -120,8 +119,8 @@ ANTLR3_BOOLEAN RunTrial(Context* ctx, void (*fragment)(Context*)) {
   return success;
 }
 
-/// Is made at the beginning of a rule with the option `memoize` within a speculative parse. Where
-/// the rule's outcome at this token is known, it has taken effect already.
+/// Created at the start of a rule with the option `memoize` in a speculative parse. If the rule's
+/// outcome at this token is known, the constructor applies it.
 template <unsigned kRule, class Context>
 class RuleMemo {
  public:
@@ -139,20 +138,20 @@ class RuleMemo {
   RuleMemo(const RuleMemo&) = delete;
   RuleMemo& operator=(const RuleMemo&) = delete;
 
-  /// True when nothing is left to do, so that the rule returns.
+  /// Returns whether the outcome was known, so that the rule must return.
   bool Repeat() const { return parse.Known().known; }
 
  private:
   SpeculativeParse<kRule, Context> parse;
 };
 
-/// How a speculative parse of one item went.
+/// The outcome of a speculative parse of one item.
 struct ItemTrial {
   bool parses;  ///< The whole item parsed.
   bool begins;  ///< Its first token matched, if nothing more.
 };
 
-/// Parses one item from the current token on by its rule `item`, with actions off, and goes back.
+/// Parses one item speculatively from the current token on, by its rule `item`.
 template <class Context, class Rule>
 ItemTrial TryOneItem(Context* ctx, Rule item) {
   pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
@@ -169,7 +168,7 @@ ItemTrial TryOneItem(Context* ctx, Rule item) {
   return result;
 }
 
-/// Asks a predicate of a lexer: the same without keeping, since a lexer asks once per character.
+/// Evaluates a predicate of a lexer. Its outcome is not kept, since it is needed only once.
 template <class Context>
 ANTLR3_BOOLEAN RunLexerTrial(Context* ctx, void (*fragment)(Context*)) {
   pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pLexer->rec->state;
@@ -185,23 +184,23 @@ ANTLR3_BOOLEAN RunLexerTrial(Context* ctx, void (*fragment)(Context*)) {
   return success;
 }
 
-// Questions that grammar actions ask -----------------------------------------------------------
+// Functions for grammar actions -----------------------------------------------------------------
 
-/// The 1-based line of the next token, that of the end of the file behind the last.
+/// Returns the 1-based line of the next token, or of the end of the file after the last.
 template <class Context>
 int NextLine(Context* ctx) {
   if (kReadsTable) return ctx->tokens->NextLine();
   return TokenLine(ctx->pParser->tstream->_LT(ctx->pParser->tstream, 1));
 }
 
-/// The index of the last token matched.
+/// Returns the index of the last token matched.
 template <class Context>
 ANTLR3_MARKER LastIndex(Context* ctx) {
   if (kReadsTable) return static_cast<ANTLR3_MARKER>(ctx->tokens->Position()) - 1;
   return ctx->pParser->tstream->_LT(ctx->pParser->tstream, -1)->index;
 }
 
-/// The type of the token `k` behind, 1 being the last matched; 0 in front of the first.
+/// Returns the type of the `k`th token back, 1 being the last matched; 0 before the first.
 template <class Context>
 ANTLR3_UINT32 TypeBehind(Context* ctx, int k) {
   if (kReadsTable) return ctx->tokens->TypeBehind(static_cast<std::size_t>(k));
@@ -209,9 +208,9 @@ ANTLR3_UINT32 TypeBehind(Context* ctx, int k) {
   return token == nullptr ? 0 : token->type;
 }
 
-/// Steps over a balanced run of brackets as an eater for this kind would, where the next token
-/// opens one that is closed; within a trial also fails as the eater would where it is not. False
-/// leaves everything to the rule: another token comes next, or the failure is a real one.
+/// Skips balanced brackets as an eater for this kind would, if the next token opens one that is
+/// closed. In a speculative parse also fails as the eater would if it is not closed. Returns false
+/// if the rule must run: the next token is another one, or the failure is to be reported.
 template <class Context>
 bool StepOverBrackets(Context* ctx, ANTLR3_UINT32 open, ANTLR3_UINT32 close) {
   if (!kReadsTable || ctx->tokens->LA(1) != open) return false;
@@ -228,8 +227,8 @@ bool StepOverBrackets(Context* ctx, ANTLR3_UINT32 open, ANTLR3_UINT32 close) {
   return true;
 }
 
-/// The texts of the tokens from index `first` to `last`, hidden ones between them included.
-/// Characters that the lexer dropped are in no token and so not in the text.
+/// Returns the texts of the tokens from index `first` to `last`, including hidden ones in between.
+/// Characters that the lexer dropped belong to no token and are not in the text.
 template <class Context>
 std::string TextBetween(Context* ctx, ANTLR3_MARKER first, ANTLR3_MARKER last) {
   if (last < first) return std::string();
@@ -246,7 +245,7 @@ std::string TextBetween(Context* ctx, ANTLR3_MARKER first, ANTLR3_MARKER last) {
 
 // Parsers -----------------------------------------------------------------------------------------
 
-/// Matches a token that nobody wants to see, outside trials. A mismatch goes to the runtime.
+/// Matches a token without a label in an acting rule. The runtime handles a mismatch.
 template <class Context>
 inline void MatchToken(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
   pANTLR3_BASE_RECOGNIZER recognizer = ctx->pParser->rec;
@@ -258,7 +257,7 @@ inline void MatchToken(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST fol
   }
 }
 
-/// Matches a token for a label, outside trials.
+/// Matches a token for a label in an acting rule.
 template <class Context>
 inline void* MatchLabelled(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST follow) {
   pANTLR3_BASE_RECOGNIZER recognizer = ctx->pParser->rec;
@@ -271,7 +270,7 @@ inline void* MatchLabelled(Context* ctx, ANTLR3_UINT32 type, pANTLR3_BITSET_LIST
   return token;
 }
 
-/// Matches a token within a trial.
+/// Matches a token in a speculative rule.
 template <class Context>
 inline void TryToken(Context* ctx, ANTLR3_UINT32 type) {
   pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
@@ -288,13 +287,13 @@ class LongPrediction {
  public:
   LongPrediction(TokenTable& table, unsigned number) : tokens(table), decision(number) {}
 
-  /// In front of each step: goes on at the end of the way where that is known.
-  void JoinKnownWay(std::int32_t& state) {
+  /// Called before each step. If the rest of the path is known, skips to its end.
+  void JoinKnownPath(std::int32_t& state) {
     if (++steps > PredictionMemo::kFreeSteps && remembers) Join(state);
   }
-  /// A predicate is asked: what comes of it, no table tells.
+  /// Called before a predicate, whose result does not depend on tables alone.
   void Forget() { remembers = false; }
-  /// The automaton stops, and the parser has not gone back yet.
+  /// Called where the automaton stops, before the parser goes back.
   void End(std::int32_t state) {
     if (steps > PredictionMemo::kFreeSteps && remembers) {
       tokens.Predictions().Keep(decision, state, tokens.Position());
@@ -307,7 +306,7 @@ class LongPrediction {
     const bool isFirst = steps == PredictionMemo::kFreeSteps + 1;
     if (!tokens.Predictions().Join(decision, isFirst, state, token)) return;
     tokens.Seek(token);
-    remembers = false;  // The way that it joined is kept already.
+    remembers = false;  // The path that it joined is already kept.
   }
 
   TokenTable& tokens;
@@ -316,7 +315,7 @@ class LongPrediction {
   bool remembers = true;
 };
 
-/// Predicts an alternative: the runtime's table-driven prediction over the token table.
+/// Predicts an alternative by tables, as the runtime does, over the token table.
 template <class Context>
 int Predict(Context* ctx, ANTLR3_CYCLIC_DFA& dfa) {
   TokenTable& tokens = *ctx->tokens;
@@ -327,19 +326,19 @@ int Predict(Context* ctx, ANTLR3_CYCLIC_DFA& dfa) {
   stream->lastMarker = static_cast<ANTLR3_MARKER>(start);
 
   ANTLR3_INT32 state = 0;
-  LongPrediction way(tokens, static_cast<unsigned>(dfa.decisionNumber));
+  LongPrediction path(tokens, static_cast<unsigned>(dfa.decisionNumber));
   for (;;) {
-    way.JoinKnownWay(state);
+    path.JoinKnownPath(state);
     const ANTLR3_INT32 special = dfa.special[state];
     if (special >= 0) {
-      way.Forget();
+      path.Forget();
       state = dfa.specialStateTransition(ctx, recognizer, stream, &dfa, special);
       if (state < 0) break;
       tokens.Consume();
       continue;
     }
     if (dfa.accept[state] >= 1) {
-      way.End(state);
+      path.End(state);
       tokens.Seek(start);
       return dfa.accept[state];
     }
@@ -362,15 +361,15 @@ int Predict(Context* ctx, ANTLR3_CYCLIC_DFA& dfa) {
       continue;
     }
     if (tokens.LA(1) == ANTLR3_TOKEN_EOF && dfa.eof[state] >= 0) {
-      way.End(state);
+      path.End(state);
       tokens.Seek(start);
       return dfa.accept[dfa.eof[state]];
     }
     break;
   }
 
-  way.End(state);
-  // No alternative. A predicate's own error stays as it is.
+  path.End(state);
+  // No alternative. The error of a predicate is kept.
   if (state >= 0 || recognizerState->error != ANTLR3_TRUE) {
     if (recognizerState->backtracking > 0) {
       recognizerState->failed = ANTLR3_TRUE;
@@ -388,7 +387,7 @@ int Predict(Context* ctx, ANTLR3_CYCLIC_DFA& dfa) {
 
 // Lexers ------------------------------------------------------------------------------------------
 
-/// The character `k` ahead, 1 being the next; 0 and below look back and are not bounded.
+/// Returns the `k`th character ahead, 1 being the next. 0 and below look back, without a bound.
 inline ANTLR3_UINT32 LookAtCharacter(pANTLR3_INPUT_STREAM input, ANTLR3_INT32 k) {
   const auto* at = static_cast<const unsigned char*>(input->nextChar) + k - 1;
   return at < static_cast<const unsigned char*>(input->data) + input->sizeBuf

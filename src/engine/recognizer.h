@@ -22,8 +22,8 @@
 
 namespace vexltags {
 
-/// The lexer and parser of one grammar with what they read and remember. Made for one input stream
-/// and used again for each file that the stream is given, but for a plain build.
+/// The lexer and parser of one grammar with their tokens and memories. They read one input stream
+/// and are reused for each file that it is given, except in a plain build.
 ///
 /// `Grammar` names the generated types and functions:
 /// - the types Lexer, Parser, Builder (the tag builder) and FileState (what lexer and parser share
@@ -32,10 +32,10 @@ namespace vexltags {
 /// - Start(parser), which calls the start rule;
 /// - ReadItems(parser) and ReadItem(parser), which call the rules of a run of items and of one, and
 ///   TryItem(parser), which calls `NAMETryItem` (trials.cc.in);
-/// - Attach(lexer), which sets what else the lexer's context holds, for a new file;
+/// - Attach(lexer), which sets the other members of the lexer's context, for a new file;
 /// - kFiltersTokens: whether the words of `-I` go into the file's filter set;
-/// - kKeepsNeighbours: whether the parser asks what stands beside a token;
-/// - Scan, the scanner for common ground, or null.
+/// - kKeepsNeighbours: whether the parser needs the hidden neighbours of tokens;
+/// - Scan, the scanner for common tokens, or null.
 template <class Grammar>
 class Recognizers {
  public:
@@ -56,9 +56,9 @@ class Recognizers {
 #endif
   }
 
-  /// False when the runtime had no memory for them.
+  /// Returns false if the runtime ran out of memory.
   bool AreComplete() const { return parser != nullptr; }
-  /// Runs the grammar over the file that the stream has now, or lets `reading` run it, if not null.
+  /// Runs the grammar on the current file of the stream, or lets `reading` run it, if not null.
   RecognizerCounts Run(const Options& options, typename Grammar::FileState& fileState,
                        typename Grammar::Builder& builder, [[maybe_unused]] Reading* reading) {
 #ifndef VEXLTAGS_PLAIN
@@ -95,8 +95,7 @@ class Recognizers {
   }
 #endif
 
-  /// Makes everything ready for the file and reads it as tokens; the parser gets the first one
-  /// after that.
+  /// Prepares for the file and reads all its tokens, before the parser reads the first.
   void ReadTokens(const Options& options, typename Grammar::FileState& fileState,
                   typename Grammar::Builder& builder) {
     Reset();
@@ -156,21 +155,21 @@ class Recognizers {
   TrialTable trials;
   LoopRuns loops;
   std::unique_ptr<typename Grammar::Parser, Free>
-      parser;  ///< Freed first: it stands on the others.
+      parser;  ///< Freed first, since it refers to the others.
 };
 
 /// Reads files by `Grammar`. The recognisers are kept for the next file.
 template <class Grammar>
 class GrammarReader final : public LanguageReader {
  public:
-  /// Reads what `stream` holds, which must outlive the reader.
+  /// `stream` must outlive the reader.
   explicit GrammarReader(pANTLR3_INPUT_STREAM stream) : input(stream) {}
 
   RecognizerCounts Run(const Options& options, Dumper& dumper, const std::string& stored,
                        Reading* reading) override {
     typename Grammar::Builder builder(options, dumper, stored);
     typename Grammar::FileState fileState(stored, options.reportIfLonger, options.abortIfLonger);
-    // Recognisers that show errors keep their records, and are not used for a file that shows none.
+    // Recognisers that show errors are not reused: they keep the records of errors.
     if (!kept || options.dumpErrors) kept = std::make_unique<Recognizers<Grammar>>(input);
     RecognizerCounts counts;
     if (kept->AreComplete()) counts = kept->Run(options, fileState, builder, reading);

@@ -17,12 +17,12 @@ namespace vexltags {
 
 class TokenEdits;
 
-/// Holds the visible tokens of one file, some 14 bytes each, and gives the position of the parser
-/// among them. Hidden tokens are not kept; of them only their neighbours know (see
-/// `KeepNeighbours`).
+/// Holds the visible tokens of one file, about 14 bytes each, and the position of the parser.
+/// Hidden tokens are not kept, except for their types next to visible ones (see `KeepNeighbours`).
 ///
-/// The runtime's own token object is made only where someone asks for a token and not for its type,
-/// and lives for the next `kMadeTokens` of them: whoever wants more than that copies text or line.
+/// A token object of the runtime is made only if more than the type of a token is needed. It is
+/// valid until another `kMadeTokens` of them have been made; code that needs it longer must copy
+/// its text or line.
 class TokenTable {
  public:
   static constexpr std::size_t kMadeTokens = 4096;
@@ -31,32 +31,31 @@ class TokenTable {
   TokenTable(const TokenTable&) = delete;
   TokenTable& operator=(const TokenTable&) = delete;
 
-  /// Empties the table for the next file that the same input stream has been given. Memory is kept
-  /// for as many tokens as the last file had.
+  /// Empties the table for the next file of the same input stream. Keeps the memory for as many
+  /// tokens as the last file had.
   void Reset();
 
   // Filling ---------------------------------------------------------------------------------------
 
-  /// Asks to remember for each visible token which type stands directly before and behind it,
-  /// hidden tokens included; another 6 bytes each. To be called before the first token.
+  /// Keeps the types of the hidden tokens directly before and after each visible token, in another
+  /// 6 bytes each. To be called before the first token.
   void KeepNeighbours() {
     keepsNeighbours = true;
     MakeRoom(room);
   }
 
-  /// Asks to keep the place of each visible token; another 8 bytes each. To be called before the
-  /// first token, by whoever then calls `AddPlace` for every token of the file.
+  /// Keeps the place of each visible token, in another 8 bytes each. To be called before the first
+  /// token by code that then calls `AddPlace` for every token of the file.
   void KeepPlaces() { keepsPlaces = true; }
   bool KeepsPlaces() const { return keepsPlaces; }
-  /// Records where the token is that the next call adds: its column, as the lexer counts it, and
-  /// that its index among all tokens is the next one.
+  /// Records the place of the token that the next call adds: its column, as the lexer counts it,
+  /// and the next index among all tokens.
   void AddPlace(std::int32_t column, bool isVisible) {
     if (isVisible) places.push_back({column, allTokens});
     ++allTokens;
   }
 
-  /// Appends a visible token: the characters from `start` up to `end`, which is behind the last, on
-  /// 1-based `line`.
+  /// Appends a visible token: the characters in [`start`, `end`), on 1-based `line`.
   void Add(unsigned type, const unsigned char* start, const unsigned char* end, unsigned line) {
     if (count == room) MakeRoom(room + room / 2);
     types[count] = static_cast<std::int16_t>(type);
@@ -74,13 +73,13 @@ class TokenTable {
   /// The same with a text that replaces the characters.
   void Add(unsigned type, const unsigned char* start, const unsigned char* end, unsigned line,
            std::string_view text);
-  /// Tells of a hidden token.
+  /// Records a hidden token.
   void AddHidden(unsigned type) {
     lastHidden = static_cast<std::uint8_t>(type);
     if (keepsNeighbours && count > 0 && behind[count - 1] == 0) behind[count - 1] = lastHidden;
   }
-  /// Tells of characters that belong to no token, since a lexer rule failed on them.
-  /// Stretches that touch are kept as one, so that a gigabyte of zeros costs no memory.
+  /// Records characters that belong to no token, because a lexer rule failed on them. Adjacent
+  /// stretches are kept as one, so that a gigabyte of zeros costs no memory.
   void AddDropped(const unsigned char* start, const unsigned char* end);
   /// Ends the filling; `line` is the 1-based line of the end of the file.
   void Finish(unsigned line);
@@ -93,32 +92,32 @@ class TokenTable {
   std::size_t Count() const { return count; }
   std::size_t Position() const { return position; }
   void Seek(std::size_t index) { position = index; }
-  /// Steps over one token; at the end nothing happens.
+  /// Advances by one token, except at the end.
   void Consume() {
     if (position < count) ++position;
   }
-  /// The type of the token `k` ahead, 1 being the next; the runtime's end-of-file type behind the
-  /// last.
+  /// Returns the type of the `k`th token ahead, 1 being the next; the runtime's end-of-file type
+  /// after the last.
   ANTLR3_UINT32 LA(ANTLR3_INT32 k) const {
     std::size_t index = position + static_cast<std::size_t>(k) - 1;
     if (k > static_cast<ANTLR3_INT32>(kEndMarks) && index > count) index = count;
     return static_cast<ANTLR3_UINT32>(static_cast<ANTLR3_INT32>(types[index]));
   }
-  /// The type of the token `k` behind, 1 being the one just consumed; 0 in front of the first.
+  /// Returns the type of the `k`th token back, 1 being the last consumed; 0 before the first.
   ANTLR3_UINT32 TypeBehind(std::size_t k) const {
     return k <= position ? static_cast<ANTLR3_UINT32>(types[position - k]) : 0;
   }
-  /// The token `k` ahead for k > 0 and behind for k < 0, as the runtime's object; see above how
-  /// long it lives. Null in front of the first token.
+  /// Returns the `k`th token ahead for k > 0, or back for k < 0, as the runtime's object, which is
+  /// valid as described above. Null before the first token.
   pANTLR3_COMMON_TOKEN LT(ANTLR3_INT32 k);
-  /// The token at `index` as the runtime's object.
+  /// Returns the token at `index` as the runtime's object.
   pANTLR3_COMMON_TOKEN Token(std::size_t index);
-  /// The next token as `LT` gives it, without asking whether there is one.
+  /// Returns the next token as `LT` does. There must be one.
   pANTLR3_COMMON_TOKEN Next() { return Make(position); }
-  /// A token that is not in the file, with a text that has to outlive it. It stands on the line of
-  /// the next token, at the end of the file on that of the last.
+  /// Makes a token that is not in the file, with a text that must outlive it. Its line is that of
+  /// the next token, or of the last token at the end of the file.
   pANTLR3_COMMON_TOKEN MadeUp(unsigned type, const char* text);
-  /// The line of the next token, that of the end of the file behind the last.
+  /// Returns the line of the next token, or of the end of the file after the last.
   int NextLine() const { return static_cast<int>(position < count ? lines[position] : endLine); }
 
   // Of the token at `index`, which must be below `Count`, without making an object: type, 1-based
@@ -129,17 +128,17 @@ class TokenTable {
   std::string_view TextAt(std::size_t index);
   std::size_t OffsetAt(std::size_t index) const { return starts[index]; }
 
-  /// What long predictions over these tokens remember.
+  /// The memory of long predictions over these tokens.
   PredictionMemo& Predictions() { return predictions; }
 
   static constexpr std::size_t kNoPartner = static_cast<std::size_t>(-1);
-  /// The index of the bracket that closes the next token, which must be of the type `open`,
-  /// counting only brackets of these two types; `kNoPartner` when it is never closed. The first
-  /// question about a type costs a pass over all tokens.
+  /// Returns the index of the bracket that closes the next token, which must be of type `open`,
+  /// counting only brackets of these two types; `kNoPartner` if it is never closed. The first call
+  /// for a type takes a pass over all tokens.
   std::size_t Partner(unsigned open, unsigned close);
 
-  /// The text of the tokens from index `first` to `last`, hidden ones between them included: the
-  /// source, less what no token holds, with replaced texts.
+  /// Returns the text of the tokens from index `first` to `last`, including hidden ones in between:
+  /// the source without dropped characters, with replaced texts.
   std::string Text(std::size_t first, std::size_t last) const;
 
   /// The type of what stands `offset` raw tokens, hidden ones counted, from the next token, as far
@@ -185,20 +184,19 @@ class TokenTable {
 
   pANTLR3_INPUT_STREAM input;
   const unsigned char* data = nullptr;
-  std::size_t count = 0, room = 0;  ///< Tokens that there are, and that there is room for.
-  std::unique_ptr<std::int16_t[]>
-      types;  ///< Once finished, with kEndMarks marks of the end behind.
+  std::size_t count = 0, room = 0;        ///< Tokens that there are, and that there is room for.
+  std::unique_ptr<std::int16_t[]> types;  ///< Once finished, followed by kEndMarks end marks.
   std::unique_ptr<std::uint32_t[]> starts, ends, lines;
   std::unique_ptr<std::uint8_t[]> before, behind;  ///< Hidden neighbours, 0 for none.
-  std::unique_ptr<std::uint32_t[]> gapsBefore;  ///< Places in front where something hidden stands.
-  std::vector<Stretch> dropped;                 ///< In source order.
-  std::vector<Replaced> replaced;               ///< In source order.
-  std::string replacedTexts;                    ///< Each with a NUL byte behind it.
-  std::size_t nextReplaced = 0;                 ///< Near the last one that was asked for.
+  std::unique_ptr<std::uint32_t[]> gapsBefore;     ///< Number of hidden runs before the token.
+  std::vector<Stretch> dropped;                    ///< In source order.
+  std::vector<Replaced> replaced;                  ///< In source order.
+  std::string replacedTexts;                       ///< Each followed by a NUL byte.
+  std::size_t nextReplaced = 0;                    ///< Near the last one that was asked for.
   std::size_t position = 0;
   unsigned endLine = 1;
   bool keepsNeighbours = false;
-  std::uint8_t lastHidden = 0;  ///< 0 right behind a visible token.
+  std::uint8_t lastHidden = 0;  ///< 0 directly after a visible token.
   std::uint32_t gaps = 0;       ///< As `gapsBefore`, of the last token.
 
   std::vector<Place> places;  ///< One for each visible token, or none at all.

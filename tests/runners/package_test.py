@@ -36,8 +36,9 @@ class Package(unittest.TestCase):
         self.addCleanup(shutil.rmtree, self.folder)
 
     def run_quietly(self, *command):
+        # The program takes its working directory from PWD.
         done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                              cwd=self.folder, timeout=900)
+                              cwd=self.folder, env={**os.environ, "PWD": str(self.folder)}, timeout=900)
         self.assertEqual(done.returncode, 0, done.stdout.decode("utf-8", "replace"))
         return done.stdout.decode("utf-8", "replace")
 

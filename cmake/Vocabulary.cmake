@@ -11,8 +11,8 @@
 # Reads VOCABULARY for a language whose name in C++ is LANGUAGE, such as Main. Sets in the caller
 #
 #   antlr_tokens       the text of the generator's token file
-#   cxx_enumerators    enumerators, a line each: kMainId = 14,
-#   cxx_literals       a line for each literal: {"class", kMainKw_class},
+#   cxx_enumerators    the enumerators, a line each: kMainId = 14,
+#   cxx_literals       the literals, a line each: {"class", 98},
 #   token_type_count   the highest number plus one
 #
 # The name in C++ is the one in the comment; without a comment the name in the grammar, less a prefix

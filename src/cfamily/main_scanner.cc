@@ -21,8 +21,8 @@ constexpr ByteTable<First> MakeFirstTable() {
   ByteTable<First> table{};
   for (unsigned c = 0; c < table.size(); ++c) {
     if (kLetters[c]) table[c] = First::Letter;
-    if (IsDigit(c)) table[c] = First::Digit;
   }
+  for (unsigned c = '0'; c <= '9'; ++c) table[c] = First::Digit;
   table[' '] = table['\t'] = First::Blank;
   table['\r'] = table['\n'] = First::LineEnd;
   for (const char c : {'(', ')', '{', '}', ']', ',', ';', '~', '?'}) {

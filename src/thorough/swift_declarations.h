@@ -12,7 +12,7 @@
 #include "base/character_class.h"
 #include "engine/token_table.h"
 #include "swift/swift_tags_parser.h"
-#include "swift/token_types.h"
+#include "vocabulary/swift_tokens.h"
 
 namespace vexltags::thorough {
 

@@ -1,0 +1,4 @@
+void f() throw(A);
+void g() throw();
+void h() throw(...);
+int x;

@@ -1,0 +1,2 @@
+/* a /*/ b */ let inside = 1 */
+let after = 2

@@ -99,7 +99,7 @@ def complaint_about(case):
 
 
 def environment(home, folder, **more):
-    kept = ("PATH", "TMPDIR", "LD_LIBRARY_PATH", "LLVM_PROFILE_FILE")
+    kept = ("PATH", "TMPDIR", "LD_LIBRARY_PATH", "LLVM_PROFILE_FILE", "VEXLTAGS_MUTANT")
     env = {
         name: value
         for name, value in os.environ.items()
@@ -300,6 +300,7 @@ def main():
     parser.add_argument("--keep", help="where the output of failures goes (beside the program)")
     parser.add_argument("--root", default=ROOT, help="the folder with cases/ and cli/")
     parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="cases at the same time")
+    parser.add_argument("--first", action="store_true", help="stop at the first failure")
     parser.add_argument("--timeout", type=float, default=120, help="seconds for one case")
     options = parser.parse_args()
 
@@ -331,6 +332,9 @@ def main():
             if outcome.verdict != "ok":
                 print(f"{outcome.verdict}: {outcome.case.name}: {outcome.report.rstrip()}")
                 sys.stdout.flush()
+            if options.first and outcome.verdict in ("FAILED", "FIXED"):
+                pool.shutdown(wait=False, cancel_futures=True)
+                break
     print(", ".join(f"{count} {verdict}" for verdict, count in counts.items() if count))
     return 1 if counts["FAILED"] or counts["FIXED"] else 0
 

@@ -153,6 +153,11 @@ class RunCases(unittest.TestCase):
             self.assertEqual(self.run_cases("--list", *args)[1].split(), names)
         self.expect(0, "5 ok")
 
+    def test_first_stops_at_the_first_failure(self):
+        for name in "abc":
+            self.golden(f"python/{name}", tags="a\n" if name == "a" else "b\n")
+        self.expect(1, "FAILED: python/b", "1 ok, 1 FAILED", args=("--first", "--jobs", "1"))
+
     def test_a_case_without_its_files_fails(self):
         self.write("cases/swift/class/lost", README="Why.\n")
         self.expect(1, "FAILED: swift/class/lost: one file input.EXT is needed, there are 0")

@@ -4,10 +4,10 @@
 
 usage: differential.py --fast PROBE --plain PROBE [PATH...]
 
-Each PATH is a file or a folder that is walked; without one, all inputs of the golden, token and
-command-line cases are taken. The two programs are src/testing/recognizer_probe.cc, built twice. A
-file that the plain one does not end within --seconds is named and left out. Status 1 when any
-other file differs.
+Each PATH is a file or a folder, which is walked; the default is all inputs of the golden, token and
+command-line cases. The two programs are src/testing/recognizer_probe.cc, built twice. A file for
+which the plain one needs more than --seconds is named and left out. The status is 1 if any other
+file differs.
 
 Both programs run with and without --dumpErrors. It adds messages, which have to be equal but for
 the addresses of characters. Tags and counts stay the same, although the generated lexers then read
@@ -39,7 +39,7 @@ def extent(addresses):
 
 
 def run(probe, options, files, seconds):
-    """What the program prints over the files, and its status; None when it takes too long."""
+    """The program's output for the files, and its status; None if it takes too long."""
     with tempfile.NamedTemporaryFile("w", encoding="utf-8", errors="surrogateescape") as names:
         names.write("".join(f"{file}\n" for file in files))
         names.flush()
@@ -69,7 +69,7 @@ def agree(args, files):
 
 
 def compare(args, files):
-    """The files among `files` that differ, and those that the plain program does not end."""
+    """The files that differ, and those for which the plain program takes too long."""
     result = agree(args, files)
     if result:
         return [], []

@@ -5,7 +5,7 @@
 usage: docs_test.py --program VEXLTAGS [-v] [TEST...]
 
 The list is what the program's usage text names, and the options on which that text is silent. The
-filter vexltags-portable stands beside the program.
+filter vexltags-portable is in the program's folder.
 """
 import argparse
 import os
@@ -44,7 +44,7 @@ def output_of(*command, **more):
 
 
 def usage_options(program):
-    """What stands at the heads of the usage text's lines."""
+    """The options at the beginning of the usage text's lines."""
     heads = [line.split("   ")[0] for line in output_of(program, "--help").splitlines()
              if line.startswith("  -")]
     heads += [line.strip().split("  ")[0] for line in output_of(program, "--help").splitlines()
@@ -71,7 +71,7 @@ def plain(roff):
 
 
 def man_options(page):
-    """The options that have an entry: those in the line behind .TP in the section OPTIONS."""
+    """The options that have an entry: those in the line after .TP in the section OPTIONS."""
     section = read(page).split(".SH OPTIONS\n")[1].split("\n.SH ")[0]
     heads = re.findall(r"^\.TP\n(.*)$", section, re.MULTILINE)
     return {option for head in heads
@@ -155,7 +155,7 @@ class Options(unittest.TestCase):
                 head = line.split(" -d ")[0]
                 found |= {"--" + word for word in re.findall(r" -l (\S+)", head)}
                 found |= {"-" + word for word in re.findall(r" -s (\S+)", head)}
-                # Options with a value behind `=` are whole words, to which fish adds no blank.
+                # Options with a value after `=` are whole words, to which fish adds no blank.
                 for words in re.findall(r" -a '(.*?)'", head):
                     found |= {word.split("=")[0] for word in words.split()}
             self.assertEqual(found, expected)

@@ -4,19 +4,20 @@
 
 A golden case is a folder tests/cases/LANGUAGE/CONSTRUCT/NAME/ with
   input.EXT        the source to index
-  expected.tags    its tag lines without the header, in the order of emission
+  expected.tags    its tag lines without the header, in the order in which they are written
   args             optional: more options, one a line
-  README           one line: what the case shows
-Cases are found at any depth: a folder that holds a file is a case, one that holds folders alone
-groups cases. A case is named by its path below tests/cases, or below tests for a command-line case.
-A command-line case is a folder tests/cli/NAME/ with run.sh, which runs under `sh -eu` in a fresh
-copy of the folder that is also its HOME. It finds the program in $VEXLTAGS, the filter that was
-built beside it in $VEXLTAGS_PORTABLE, Python in $PYTHON, the project's sources in $VEXLTAGS_SOURCE.
-Leaving with 77 skips the case; what it printed last says why.
+  README           one sentence: what the case shows
+A command-line case is a folder tests/cli/TOPIC/NAME/ with run.sh, which runs under `sh -eu` in a
+fresh copy of the folder that is also its HOME. The environment has the program in $VEXLTAGS, the
+filter from the same folder in $VEXLTAGS_PORTABLE, Python in $PYTHON and the project's sources in
+$VEXLTAGS_SOURCE. Exit status 77 skips the case; the last line printed is the reason.
 
-Both may hold expected.stdout, expected.stderr and expected.status; an absent one means empty, or 0.
-A command-line case with expected.tags has the file `tags` that run.sh leaves compared with it.
-A file known-bug holds the reason for which a case fails for now; once it passes, that is an error.
+Cases are found at any depth: a folder that holds a file is a case, one that holds only folders is a
+group. A case is named by its path below tests/cases, or below tests for a command-line case.
+
+Both kinds may have expected.stdout, expected.stderr and expected.status; a missing one means empty,
+or 0. If a command-line case has expected.tags, it is compared with the file `tags` that run.sh
+leaves. A file known-bug has the reason why a case fails for now; once it passes, that is an error.
 """
 import argparse
 import concurrent.futures
@@ -38,7 +39,7 @@ GOLDEN_OPTIONS = ["--sort=no", "--tag-relative"]
 HEADER_LINES = 4
 NO_HOME = "/nonexistent"
 SKIPPED = 77
-# Characters that a path in a tag line has a backslash in front of.
+# Characters that have a backslash before them in the path of a tag line.
 ESCAPED = set("\t\n\r \"'()*<>?[\\]^")
 
 
@@ -81,7 +82,7 @@ def find_cases(root, kinds, language, text):
 
 
 def complaint_about(case):
-    """What is wrong with the files of the case itself, so that no misspelt file goes unread."""
+    """What is wrong with the files of the case itself, so that a misspelled file is noticed."""
     names = {path.name for path in case.folder.iterdir()}
     inputs = {name for name in names if name.startswith("input.")}
     if case.kind == "cli":
@@ -110,7 +111,7 @@ def environment(home, folder, **more):
 
 
 def execute(command, folder, env, timeout):
-    """Runs a command with all its children; gives stdout, stderr and the status as text."""
+    """Runs a command with all its children. Returns stdout, stderr and the status as text."""
     process = subprocess.Popen(
         command,
         cwd=folder,
@@ -197,7 +198,7 @@ def differences(case, actual):
             lines = difflib.unified_diff(
                 lines_of(expected), lines_of(actual[part]), f"expected.{part}", f"actual {part}"
             )
-            # Bytes that are no text can look like their own escapes.
+            # Bytes that are not text can look like their own escapes.
             result += list(lines) or [f"expected.{part} differs in its bytes\n"]
     return "".join(result)
 
@@ -227,8 +228,8 @@ def keep_output(case, actual, diff, scratch, keep):
 
 
 def run_case(case, program, timeout):
-    """Runs one case in a scratch folder; gives what came out and the folder for the caller."""
-    # Reachable for other users too: some cases give up the rights of root.
+    """Runs one case in a scratch folder. Returns its output and the folder, which the caller removes."""
+    # Other users need access: some cases give up root's privileges.
     parent = "/tmp" if ESCAPED & set(tempfile.gettempdir()) else None
     scratch = pathlib.Path(tempfile.mkdtemp(prefix="vexltags-", dir=parent)).resolve()
     scratch.chmod(0o755)
@@ -240,7 +241,7 @@ def remove(scratch):
     for folder, names, _ in os.walk(scratch):
         for path in (os.path.join(folder, name) for name in names):
             if not os.path.islink(path):
-                os.chmod(path, 0o700)  # before the walk goes down into it
+                os.chmod(path, 0o700)  # before the walk enters it
     shutil.rmtree(scratch, ignore_errors=True)
 
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Tests that run_cases.py fails what differs, with a shell script in place of the program."""
+"""Tests of run_cases.py, with a shell script in place of the program."""
 import pathlib
 import subprocess
 import sys
@@ -8,8 +8,8 @@ import tempfile
 import unittest
 
 RUNNER = pathlib.Path(__file__).resolve().parent / "run_cases.py"
-# Writes a header and its last argument's content to the file behind -f, then does what ./behave
-# in the scratch root says.
+# Writes a header and its last argument's content to the file after -f, then runs ./behave
+# from the scratch root.
 PROGRAM = """#!/bin/sh
 [ "$1" = -f ] || exit 99
 out=$2

@@ -4,9 +4,9 @@
 
 usage: run_tokens.py MAIN_TOKENS [CONSTRUCT/CASE...]
 
-Cases are found at any depth and named by their path below tests/tokens. A case may hold `args`, one
+Cases are found at any depth and named by their path below tests/tokens. A case may have `args`, one
 option per line. `main_tokens --types` has to print the tokens of the vocabulary with their numbers.
-Prints a diff for each case that differs; the status is 1 when any does.
+Prints a diff for each case that differs; the status is 1 if any does.
 """
 import difflib
 import pathlib

@@ -4,11 +4,11 @@
 
 usage: terminal.py [--seconds N] STEP... -- COMMAND...
 
-Each STEP is `wait=TEXT`, until the terminal has shown TEXT since the last step, or `type=KEYS`, in
-which \\t, \\r and \\x1b stand for keys. Nothing is typed before what came before it was seen, so no step
-depends on how fast the machine is. When all steps are done, or N seconds (20) are over, the command
-and its children are killed. Leaves with 0 if all texts were seen; else says which was not, shows what
-came instead, and leaves with 1.
+Each STEP is `wait=TEXT`, which waits until the terminal has shown TEXT since the last step, or
+`type=KEYS`, in which \\t, \\r and \\x1b are keys. Each step waits for the one before, so no step
+depends on the speed of the machine. After the last step, or after N seconds (20), the command and
+its children are killed. The status is 0 if all texts were shown; otherwise it is 1, and the missing
+text and what was shown instead are printed.
 """
 import codecs
 import os
@@ -48,7 +48,7 @@ class Terminal:
             try:
                 more = os.read(self.descriptor, 65536)
             except OSError:
-                more = b""  # How Linux tells that the last process has closed the terminal.
+                more = b""  # On Linux: the last process has closed the terminal.
             if not more:
                 return False
             self.shown += more

@@ -19,7 +19,7 @@ jump <"$shared/jump-names" >jumps
 "$VEXLTAGS" $sources | "$VEXLTAGS_PORTABLE" >tags
 jump <"$shared/jump-names" | cmp - jumps
 
-# A path with a blank: behind ~/, and through the filter.
+# A path with a blank: after ~/, and through the filter.
 "$VEXLTAGS" --sort=yes -f tags 'a dir/other tool.py'
 echo Queue | jump
 "$VEXLTAGS" --sort=yes --cannonical-paths=no 'a dir/other tool.py' | "$VEXLTAGS_PORTABLE" >tags

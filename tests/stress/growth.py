@@ -4,7 +4,7 @@
 
 Each family of inputs is indexed at sizes n, 2n and 4n. Twice the size should cost at most twice the
 time; the last column is the growth of time from 2n to 4n, 2.0 for linear cost and 4.0 for squared.
-This is a tool to look with and no test: a test with a clock in it fails on a busy machine.
+This is a tool, not a test: a test that measures time fails on a busy machine.
 
     tests/stress/growth.py build/release/vexltags              every family at n = 25000
     tests/stress/growth.py build/release/vexltags -n 5000 swift
@@ -24,7 +24,7 @@ from growth_families import families  # noqa: E402
 
 
 def run(program, path, limit, memory):
-    """Seconds of processor time, peak MiB and how the run ended ("" for well)."""
+    """Seconds of processor time, peak MiB and how the run ended ("" for normally)."""
     def limits():
         resource.setrlimit(resource.RLIMIT_AS, (memory, memory))
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))

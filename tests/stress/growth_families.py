@@ -244,7 +244,7 @@ LANGUAGES = [("c", ".cc", c_families), ("swift", ".swift", swift_families),
 
 
 def families():
-    """Every family as (name, suffix, maker); the maker gives the input of a size as text."""
+    """Every family as (name, suffix, maker); the maker returns the input of a size."""
     for language, suffix, made in LANGUAGES:
         for name, maker in made():
             yield f"{language}/{name}", suffix, maker

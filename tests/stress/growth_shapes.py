@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Shapes of input that grow: each gives a function from a size to a text."""
+"""Shapes of input that grow: each returns a function from a size to a text."""
 
 
 def nested(opening, closing, core="1", head="", tail=";"):

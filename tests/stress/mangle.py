@@ -1,15 +1,15 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Damages every golden input in many ways and runs the program on what comes out.
+"""Damages every golden input in many ways and runs the program on the results.
 
     tests/stress/mangle.py --program build/asan/vexltags                   a sample, seconds
     tests/stress/mangle.py --program build/asan/vexltags --every           all of it, an hour or so
 
-Each input is cut at either end, has a byte dropped, doubled or replaced at each place, and goes under
-the suffix of every grammar. Nothing is asked of the tags. A run may not end by a signal, with another
-status than 0, with a sanitizer's report or not at all. Files go to the program in batches; a batch
-that fails is halved until one file is left, which is cut down as far as it still fails and is kept
-with --keep. Give a program that was built with sanitizers to learn more.
+Each input is cut at either end, has a byte dropped, doubled or replaced at each place, and is run with
+the suffix of every grammar. The tags are not checked. A run fails if it ends by a signal, with a
+status other than 0, with a sanitizer's report or not at all. Files are processed in batches; a batch
+that fails is halved until one file is left, which is reduced while it still fails and kept with
+--keep. A program built with sanitizers finds more.
 """
 import argparse
 import concurrent.futures

@@ -4,8 +4,8 @@
 
     tests/stress/memcheck.py --program build/dev/vexltags
 
-Each input is read as it is, by every other grammar too, and cut in the middle. The program must not
-be built with sanitizers. Takes some minutes; a part of it: --sample 10 takes every tenth file.
+Each input is read whole, cut in the middle, and by every other grammar. The program must not be
+built with sanitizers. Takes some minutes; --sample 10 takes every tenth file.
 """
 import argparse
 import concurrent.futures
@@ -41,7 +41,7 @@ def run_batch(program, batch):
         for number, (suffix, text) in enumerate(batch):
             names.append(f"{number}{suffix}")
             pathlib.Path(folder, names[-1]).write_bytes(text)
-        # Sorted and appended to, so that writing and reading tags is looked at, too.
+        # Sorted, then appended to, so that writing and reading tags is checked as well.
         for more in ([], ["--append"]):
             done = subprocess.run([*COMMAND, program, "-f", "tags", *more, *names], cwd=folder,
                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
@@ -54,7 +54,7 @@ def run_batch(program, batch):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--program", required=True)
-    parser.add_argument("--sample", type=int, default=1, help="take every so-manieth file")
+    parser.add_argument("--sample", type=int, default=1, help="take every N-th file")
     parser.add_argument("--batch", type=int, default=100, help="files in one run of the program")
     parser.add_argument("--jobs", type=int, default=2)
     options = parser.parse_args()

@@ -7,10 +7,9 @@
     tests/stress/robustness.py --program ... --list depth/swift            which cases there are
 
 Each case runs in a child with a limit on time and on address space, between two good files. A case
-passes when no signal ended the run, status and messages are right, the tags in front of the damage
-are there, those behind it where the rules find their way back, and those of both good files.
-Inputs are made here and nowhere kept; the tables in robustness_inputs.py, robustness_files.py and
-growth_families.py say which. Cases about the process, such as closed streams, are the functions of
+passes if no signal ended the run, status and messages are right, and the tags are there: those before
+the damage, those after it where the rules recover, and those of both good files. Inputs are generated
+and not kept; the tables are in robustness_inputs.py, robustness_files.py and growth_families.py. Cases about the process, such as closed streams, are the functions of
 robustness_process.py.
 """
 import argparse
@@ -146,7 +145,7 @@ def run_full_disk(place, case):
         require_failure(done, "error writing disk/tags\n")
         left = (disk / "tags").read_bytes() if (disk / "tags").exists() else b""
         require(left in (case.left, b"") and len(left) == len(case.left), f"left {left[:80]!r}")
-        # The run that fits still works, on the disk and behind the failure.
+        # The run that fits still works, on the disk and after the failure.
         if (disk / "filler").exists():
             (disk / "filler").unlink()
         require(place.run("-f", "disk/other", "one.py").status == 0, "the next run failed")
@@ -190,7 +189,7 @@ def run_limit(place, case):
     for line, (start, end) in zip(lines, case.messages):
         end = end.replace("PATH", path)
         require(line.startswith(start) and line.endswith(end), f"message {line!r}")
-    # On a busy machine a good file may take longer than a limit, too.
+    # On a busy machine a good file, too, may take longer than a limit.
     good = [name for name in ("first", "last") if place.path(name + case.suffix) not in messages]
     require_tags(text, [name + "_tag" for name in good] + list(case.tags), case.absent)
 
@@ -212,7 +211,7 @@ def run_list(place, case):
 
 
 def run_small_memory(place, case):
-    """Deep nesting in little address space: the end is a normal one, whatever of the file is read."""
+    """Deep nesting in little address space: the run ends normally, however much of the file is read."""
     good = inputs.GOOD[case.suffix]
     first = place.write("first" + case.suffix, good("first_tag"))
     last = place.write("last" + case.suffix, good("last_tag"))

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Tables of tests/stress/robustness.py: paths that lead to no good file, places of output, time limits."""
+"""Tables of tests/stress/robustness.py: bad paths, output files, time limits."""
 import os
 import socket
 
@@ -205,7 +205,7 @@ def limit_cases():
         return "def before(): pass\n" + rows + "def late_tag(): pass\n"
 
     # The time counts from before the lexer, so that a limit this small is over in any case once the
-    # first type is met. A declaration that needs no type still gives its tag.
+    # first type is read. A declaration that needs no type still gets its tag.
     yield Case("limits/abort", "limit", ".c", long_c, arguments=("--abortIfLonger=0.01",),
                messages=(gave_up,), tags=("LATE",), absent=("f149999",))
     yield Case("limits/abort-before-report", "limit", ".c", long_c, messages=(gave_up,),

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Tables of tests/stress/robustness.py: every input that is a text, made here, and what must come out."""
+"""Tables of tests/stress/robustness.py: every input that is a text, and the output that it must give."""
 import dataclasses
 import os
 import pathlib
@@ -28,7 +28,7 @@ GOOD = {
 
 @dataclasses.dataclass
 class Case:
-    """A row: what `kind` of run it is, and what that run has to show. See the runners."""
+    """A row: the `kind` of run, and what it has to show."""
     name: str
     kind: str
     suffix: str = ".c"
@@ -37,7 +37,7 @@ class Case:
     absent: tuple = ()  # names that must have none
     counts: tuple = ()  # pairs of a piece of a line and how often the output has it
     seconds: float = 30
-    mib: float = 0  # the most memory, 0 for no bound of its own
+    mib: float = 0  # the memory limit, 0 for the default
     large: bool = False
     arguments: tuple = ()
     messages: tuple = ()  # pairs of start and end of each line on standard error
@@ -48,7 +48,7 @@ class Case:
     needs_root: bool = False
     name_bytes: bytes = b""
     escaped: bytes = b""
-    left: bytes = b""  # what stands in the tags file behind a failure
+    left: bytes = b""  # the tags file after a failure
     count: int = 0
     stderr: bytes = b""
     gib: float = 8
@@ -61,9 +61,9 @@ class Case:
 # that the output itself grows with the square of the depth.
 SIZES = {"c/classes-members": 3000}
 
-# The families behind which tags must be found: those that the rules read from beginning to end. Behind
-# the others nothing is asked, since what is never closed may take the rest of the file with it, a
-# stray closing bracket ends a C file's tags, and whatever begins no declaration ends a Swift file's.
+# The families after which tags must be found: those that the rules read from beginning to end. After
+# the others no tag is required: what is never closed may hide the rest of the file, a stray closing
+# bracket ends a C file's tags, and what begins no declaration ends a Swift file's.
 RESYNCHRONISES = {
     "c": """parentheses-initializer parentheses-statement parentheses-enumerator
         parentheses-array-size parentheses-parameter parentheses-default parentheses-attribute calls
@@ -118,14 +118,14 @@ RESYNCHRONISES = {
 def family_cases():
     for name, suffix, maker in families():
         language, family = name.split("/")
-        behind = ("after",) if family in RESYNCHRONISES[language] else ()
+        after = ("after",) if family in RESYNCHRONISES[language] else ()
         for size, group in ((QUICK, "depth/"), (DEEP, "deep/")):
             if size == DEEP and (name in SIZES or family.endswith("-lines")):
-                continue  # The quick case is as deep, or there is a deep one all in one line.
+                continue  # The quick case is as deep, or another one is deep in one line.
 
             def text(maker=maker, suffix=suffix, size=min(size, SIZES.get(name, size))):
                 return GOOD[suffix]("before") + maker(size) + "\n" + GOOD[suffix]("after")
-            yield Case(group + name, "text", suffix, text, tags=("before", *behind),
+            yield Case(group + name, "text", suffix, text, tags=("before", *after),
                        large=size == DEEP)
 
     def nested(piece, close, count, numbered=True):
@@ -158,7 +158,7 @@ def family_cases():
 
 
 def one_line(piece, size):
-    # In Python blanks in front of a line end take the line end with them.
+    # In Python blanks before a line end take the line end with them.
     text = piece * (size // len(piece))
     return text if piece.isspace() else text.rstrip()
 
@@ -167,7 +167,7 @@ def size_cases():
     def case(name, suffix, text, **more):
         return Case("size/" + name, "text", suffix, text, seconds=60, mib=4096, large=True, **more)
     mib100 = 100 * 2**20
-    for name, suffix, piece, behind in [
+    for name, suffix, piece, resumes in [
             ("c-declarations", ".c", "int abcdefgh(char c, int d); ", True),
             ("c-variable-names", ".c", "int abcdefghijkl = 12345; ", True),
             ("c-words", ".c", "abcdefghijklmnopqrstuvw ", False),
@@ -186,7 +186,7 @@ def size_cases():
         def text(piece=piece, suffix=suffix):
             return GOOD[suffix]("before") + one_line(piece, mib100) + "\n" + GOOD[suffix]("after")
         yield case("one-line-" + name, suffix, text,
-                   tags=("before", "after") if behind else ("before",))
+                   tags=("before", "after") if resumes else ("before",))
     for name, head, byte, tail in [("string", 'char *s = "', "a", '";'), ("number", "int a = ", "1", ";"),
                                    ("comment", "/*", "*", "*/"), ("line-comment", "//", "a", ""),
                                    ("condition", "#if ", "a", "\n#endif"), ("nul", "", "\0", "")]:
@@ -320,7 +320,7 @@ def bytes_cases():
         for coding in ("utf-16-le", "utf-16-be", "utf-16", "utf-32"):
             # Every second character is a NUL, so no word is one.
             yield case(coding, text.encode(coding), absent=both)
-        # Its three bytes are dropped. In Swift a dropped character takes the next one with it, so that
+        # Its three bytes are dropped. In Swift a dropped character removes the next one, so that
         # the first word is damaged.
         yield case("byte-order-mark", b"\xef\xbb\xbf" + before + after,
                    both if suffix != ".swift" else ())
@@ -335,7 +335,7 @@ def bytes_cases():
         yield case("form-feeds", before + b"\x0c\n" + after,
                    both)
         yield case("executable", executable())
-        yield case("executable-behind", before + executable(), ("before",))
+        yield case("executable-after", before + executable(), ("before",))
         yield case("image", png())
         yield case("compressed", before + zlib.compress(random_bytes(500000, 5)), ("before",))
         yield case("script", b"#!/bin/sh\nexec true\n" + after)

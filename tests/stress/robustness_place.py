@@ -32,7 +32,7 @@ class Done:
 
 
 class Place:
-    """A folder of its own for one case, and the means to run the program in it."""
+    """A folder for one case, and how to run the program in it."""
 
     def __init__(self, options, folder):
         self.options = options
@@ -92,7 +92,7 @@ class Place:
         return done
 
     def tags(self, *arguments, stderr=b"", **how):
-        """Runs the program for a tags file that must come out whole. Returns its text."""
+        """Runs the program for a tags file that must be complete. Returns its text."""
         done = self.run("--sort=no", "-f", "tags", *arguments, **how)
         require(done.status == 0, f"status {done.status}: {done.err[-300:]!r}")
         if stderr is not None:
@@ -104,7 +104,7 @@ class Place:
 
 
 def wait(child, seconds):
-    """Waits for the child and gives its resource usage; None when it had to be killed."""
+    """Waits for the child. Returns its resource usage, None if it had to be killed."""
     end = time.monotonic() + seconds
     pause = 0.001
     while True:

@@ -15,7 +15,7 @@ CASES = []
 
 
 def case(function):
-    """Makes a case of a function that gets a `Place`; its name says what is odd."""
+    """Makes a case of a function that takes a `Place`; its name is what is odd."""
     name = function.__name__.split("_", 1)
     CASES.append(Case(name[0] + "/" + name[1].replace("_", "-"), "function",
                       make=function))
@@ -53,7 +53,7 @@ def streams_closed_stdout(place):
 
 @case
 def streams_closed_stderr(place):
-    # The message must not end up in the file that would take the free descriptor.
+    # The message must not be written to the file that gets the free descriptor.
     text = place.tags("missing.c", good(place), closed=(2,))
     require(b"missing.c" not in text, "the message is in the tags file")
     require_tags(text, ["good_tag"])
@@ -104,7 +104,7 @@ def streams_pipe_that_closes(place):
 
 
 def require_listed(place, text, count, stderr=b""):
-    """Whether a list gives the good file's tag `count` times."""
+    """Whether a list results in the good file's tag `count` times."""
     good(place)
     place.write("list", text)
     done = place.run("--sort=no", "-f", "tags", "-L", "list")
@@ -206,7 +206,7 @@ def files_each_byte_on_a_line(place):
 
 @case
 def files_of_the_kernel(place):
-    # They say that they hold nothing, and some of them cannot be read.
+    # Their size is 0, and some of them cannot be read.
     if not os.path.exists("/proc/self/status"):
         raise Skip("there is no /proc")
     for path in ("/proc/self/status", "/proc/cpuinfo", "/proc/self/maps", "/proc/self/mem",
@@ -230,7 +230,7 @@ def files_endless_devices(place):
 
 @case
 def files_fifo_with_a_writer(place):
-    # A FIFO is no file, whether someone writes to it or not.
+    # A FIFO is refused, with and without a writer.
     os.mkfifo(place.folder / "fifo.c")
     end = os.open(place.folder / "fifo.c", os.O_RDWR)
     os.write(end, b"void secret(void);\n")
@@ -253,7 +253,7 @@ def files_many_links(place):
 
 @case
 def files_deep_folders(place):
-    # A path that is longer than the system takes at once.
+    # A path longer than the system accepts.
     here = os.open(place.folder, os.O_RDONLY)
     for _ in range(30):
         os.mkdir("d" * 200, dir_fd=here)
@@ -283,7 +283,7 @@ CASES.append(Case("size/sparse-file-of-3-gib", "function", make=huge_sparse_file
 
 
 def replaced(place, *arguments):
-    """The text of an input that is the output, too."""
+    """The text of an input that is also the output."""
     good(place)
     require_end(place.run(*arguments, "-f", "good.c", "good.c"), 0)
     return (place.folder / "good.c").read_bytes()
@@ -415,7 +415,7 @@ def process_out_of_memory(place):
                 require(b"shared" in done.err, f"{done.err!r}")  # The program did not even start.
             else:
                 require_end(done, 255, b"out of memory\n")
-                require(not tags.exists(), "a tags file behind a failure")
+                require(not tags.exists(), "a tags file after a failure")
             mib *= 1.3
         require({0, 255} <= ends, f"only {ends}")
 

@@ -1,3 +1,3 @@
 # SPDX-License-Identifier: MIT
-# Sorted appending to a file that does not exist makes one with a header.
+# Sorted appending to a missing file creates one with a header.
 "$VEXLTAGS" --append=yes -f tags b.py a.py

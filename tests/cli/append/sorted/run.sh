@@ -1,4 +1,4 @@
 # SPDX-License-Identifier: MIT
-# Sorted appending takes over the old lines and writes a new header.
+# Sorted appending keeps the old lines and writes a new header.
 cp old tags
 "$VEXLTAGS" --append -f tags b.py a.py

@@ -1,4 +1,4 @@
 # SPDX-License-Identifier: MIT
-# Unsorted appending leaves the old file as it is and adds neither header nor order.
+# Unsorted appending keeps the old lines as they are, without a header and without sorting.
 cp old tags
 "$VEXLTAGS" --append --sort=no -f tags b.py a.py

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# A lone dash is no standard input but a file of that name.
+# A lone dash is not standard input but a file of that name.
 status=0
 "$VEXLTAGS" - || status=$?
 echo $status

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# A full device ends in a message and status 255, be the text short or long.
+# A full device ends the run with a message and status 255, for a short and for a long text.
 test -c /dev/full || { echo "there is no /dev/full"; exit 77; }
 "$PYTHON" -c 'for i in range(20000): print("def f%d(): pass" % i)' >long.py
 try() {

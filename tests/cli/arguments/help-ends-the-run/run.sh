@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Help behind good options indexes nothing, whatever stands behind it.
+# Help after valid options indexes nothing, whatever follows it.
 "$VEXLTAGS" >page
 "$VEXLTAGS" --time -f tags a.py --help --sort | cmp page -
 test ! -e tags

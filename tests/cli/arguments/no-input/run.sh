@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Options alone leave nothing to index; no path is named.
+# With options alone there is nothing to index; the message names no path.
 status=0
 "$VEXLTAGS" --sort=yes --debugDumpFilenames -f tags || status=$?
 test ! -e tags

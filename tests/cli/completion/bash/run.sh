@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What Tab offers in bash: options, values behind `=`, files.
+# What Tab offers in bash: options, values after `=`, files.
 command -v bash >/dev/null || { echo "bash is not installed"; exit 77; }
 cat >ask.sh <<'B'
 . "$VEXLTAGS_SOURCE/completions/vexltags.bash"

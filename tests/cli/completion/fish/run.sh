@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What Tab offers in fish: options, values behind `=`, files.
+# What Tab offers in fish: options, values after `=`, files.
 command -v fish >/dev/null || { echo "fish is not installed"; exit 77; }
 touch one.c two.py
 fish --no-config -c '

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The Tab key in bash and fish in a terminal: what it makes of an option, of its value, of a file.
+# The Tab key in bash and fish in a terminal: how it completes an option, its value and a file.
 for shell in bash fish; do
   command -v $shell >/dev/null || { echo "$shell is not installed"; exit 77; }
 done

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What Tab makes of a line in an interactive zsh.
+# How Tab completes a line in an interactive zsh.
 command -v zsh >/dev/null || { echo "zsh is not installed"; exit 77; }
 mkdir bin
 ln -s "$VEXLTAGS" bin/vexltags

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The git hook writes tags after commit, checkout and merge, and does not mind what git lists in vain.
+# The git hook writes tags after commit, checkout and merge, and ignores listed files that do not exist.
 command -v git >/dev/null || { echo "git is not installed"; exit 77; }
 mkdir bin
 ln -s "$VEXLTAGS" bin/vexltags
@@ -8,7 +8,7 @@ export GIT_CONFIG_NOSYSTEM=1 GIT_AUTHOR_NAME=a GIT_AUTHOR_EMAIL=a@b GIT_COMMITTE
 git -c init.defaultBranch=main init -q repo
 cd repo
 mkdir -p .git/hooks 'a dir'
-# As the page tells, from here instead of from the package.
+# As the page says, with this copy instead of the installed one.
 sed -n '/^for hook/,/^done/p' "$VEXLTAGS_SOURCE/hooks/README.md" |
   sed "s|/usr/share/doc/vexltags|$VEXLTAGS_SOURCE|" >install-hooks
 . ./install-hooks

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
-# less -t, as editors/less.md tells: by name and by t, :t and -T, plain and through the filter.
+# less -t, as in editors/less.md: by name and by t, :t and -T, plain and through the filter.
 command -v less >/dev/null || { echo "less is not installed"; exit 77; }
 cp -R "$VEXLTAGS_SOURCE/tests/shared/project/." .
 export TERM=dumb LESS= LESSHISTFILE=-
-# Steps for the terminal, then -- and options for less, whose prompt tells file and line at the top.
+# Steps for the terminal, then -- and options for less, whose prompt shows the file and the line at the top.
 try() {
   for step; do
     [ "$step" = -- ] && break

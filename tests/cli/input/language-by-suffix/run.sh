@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Python goes by the exact end of the path, a name that is nothing but the suffix included.
+# The exact end of the path selects Python, even where the name is only the suffix.
 cp a.py .py
 cp b.py b.pyx
 cp c.py c.c.py

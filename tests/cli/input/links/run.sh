@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The tag names the file behind a link; the language follows from the path as given.
+# The tag names the target of a link; the path as given selects the language.
 cp a.py script
 ln -s script link.py
 mkdir real

@@ -1,3 +1,3 @@
 # SPDX-License-Identifier: MIT
-# An unreadable list does not take the paths before it away.
+# An unreadable list does not remove the paths before it.
 "$VEXLTAGS" a.py -L missing -f tags

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# A list that is missing, empty or a directory leaves nothing to index, without a word about itself.
+# A list that is missing, empty or a directory gives nothing to index and is not reported itself.
 : >empty
 mkdir folder
 for list in missing empty folder; do

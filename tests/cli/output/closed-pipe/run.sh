@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# A reader that goes away ends in a message and status 255, not in a signal.
+# A reader that closes the pipe ends the run with a message and status 255, not with a signal.
 "$PYTHON" -c 'for i in range(20000): print("def f%d(): pass" % i)' >long.py
 {
   status=0

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# A closed standard output is reported, and never stands in for a file opened later.
+# A closed standard output is reported, and its descriptor is not taken for a file opened later.
 status=0
 "$VEXLTAGS" a.py >&- || status=$?
 echo $status

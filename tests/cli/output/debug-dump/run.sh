@@ -1,3 +1,3 @@
 # SPDX-License-Identifier: MIT
-# The readable form has nothing to say about Python, and the tags file keeps only its header.
+# The debug form writes nothing for Python, and the tags file has only its header.
 "$VEXLTAGS" --debugDump -f tags a.py

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# A size limit ends in a message and leaves no half-written file.
+# Exceeding a file size limit is reported and leaves no incomplete file.
 "$PYTHON" -c 'for i in range(20000): print("def f%d(): pass" % i)' >long.py
 status=0
 (ulimit -f 8; "$VEXLTAGS" -f tags long.py) || status=$?

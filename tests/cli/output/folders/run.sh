@@ -1,4 +1,4 @@
 # SPDX-License-Identifier: MIT
-# -f makes the missing folders of its path; standard output stays empty.
+# -f creates the missing folders of its path; standard output stays empty.
 "$VEXLTAGS" a.py -f d/e/f/tags
 cp d/e/f/tags tags

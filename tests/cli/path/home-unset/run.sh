@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Without HOME each file says so, and the path stays whole.
+# Without HOME each file causes a message, and its path stays whole.
 here=$HOME
 unset HOME
 "$VEXLTAGS" a.py b.py >out

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Paths relative to the working directory, whatever -f says and however often files are above it.
+# Paths relative to the working directory, regardless of -f, and for files above it at any distance.
 mkdir -p x/y/z
 cp a.py x/y
 cp b.py x/y/z

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What the filter says to arguments that it cannot use, to no input and to a full disk.
+# The filter's messages for unusable arguments, for no input and for a full disk.
 try() {
   echo "> $*" >&2
   "$VEXLTAGS_PORTABLE" "$@" </dev/null || echo "status $?" >&2

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# In place: what cannot be replaced, or not written whole, stays as it is, and nothing is left beside it.
+# In place: a file that cannot be replaced or written completely stays as it is, and no other file is left.
 "$VEXLTAGS" --sort=yes --tag-relative -f tags a.py
 cp tags before
 mkfifo pipe

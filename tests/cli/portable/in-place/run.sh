@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# In place: the mode of the file and a link to it stay, also where a tag goes; failures change nothing.
+# In place: the mode of the file and a link to it stay, even where a tag is removed; failures change nothing.
 "$VEXLTAGS" --sort=yes -f real a.py
 chmod 640 real
 ln -s real tags

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# A path with a blank is written plainly; one that no line can hold is left out with a message.
+# A path with a blank is written as it is; one that no line can hold is left out with a message.
 tab=$(printf '\t')
 newline='
 '

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The filter tells of a full device, a closed pipe and a closed standard output, held lines or not.
+# The filter reports a full device, a closed pipe and a closed standard output, whether it buffers lines or not.
 test -c /dev/full || { echo "there is no /dev/full"; exit 77; }
 "$PYTHON" -c 'for i in range(20000): print("def f%d(): pass" % i)' >long.py
 for order in yes no; do

@@ -219,6 +219,10 @@ class Mutator:
             return
         if element.suffix == "=>":
             self.add("predicate", element.start, element.end, "")
+            # The rest of it follows its alternative; what it asks of the code is its own.
+            for inner in sum(element.blocks, []):
+                if inner.kind == "code" and inner.suffix == "?":
+                    self.element(inner)
             return
         for other in {"*": "+?", "+": "* ", "?": " "}.get(element.suffix, ""):
             self.add("repetition", element.suffix_start, element.end, other.strip())

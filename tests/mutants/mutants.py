@@ -42,6 +42,7 @@ GRAMMARS = {"main": ["c", "cxx", "objc"], "swift": ["swift"], "python": ["python
 # The languages of the golden cases that the code of a folder can change; for any other, all.
 LANGUAGES = {"src/cfamily": GRAMMARS["main"], "src/swift": ["swift"], "src/python": ["python"]}
 FOLDERS = "base output portable engine parserstate python cfamily swift grammars driver".split()
+STAGES = ["cases", "tokens", "unit", "differential", "cli"]
 # What a mutant may take: address space in bytes, seconds for one stage and for one case.
 MEMORY = 6 << 30
 STAGE_SECONDS = 900
@@ -210,6 +211,7 @@ class Runner:
         self.options = options
         self.work = pathlib.Path(options.work).resolve()
         self.tests = self.work / "rebuilt/source/tests"
+        self.fast_is_checked = False
 
     def run_stages(self, tree, name, mutation, names, settings, env):
         """The verdict, the stage and the detail of one mutant, built in tree/name."""
@@ -228,20 +230,26 @@ class Runner:
 
     def judge_rebuilt(self, tree, mutation):
         """A mutation of a grammar: the plain recognisers first, which build in half the time."""
-        env = dict(os.environ)
-        if mutation:
-            original = (ROOT / mutation.file).read_text(encoding="utf-8")
-            tree.write(mutation.file, mutation.apply(original).encode())
+        original = (ROOT / mutation.file).read_text(encoding="utf-8")
+        tree.write(mutation.file, mutation.apply(original).encode())
         try:
-            result = self.run_stages(tree, "plain", mutation, ["cases"],
-                                     {"VEXLTAGS_PLAIN": "ON"}, env)
-            if result[0] == "survived":
-                result = self.run_stages(tree, "fast", mutation,
-                                         ["cases", "tokens", "unit", "differential", "cli"], {}, env)
-            return result
+            result = self.stages_of_build(tree, "plain", mutation)
+            if result[0] != "survived":
+                return result
         finally:
-            if mutation:
-                tree.write(mutation.file, original.encode())
+            tree.write(mutation.file, original.encode())
+        if not self.fast_is_checked:
+            self.fast_is_checked = True
+            self.check_unchanged(self.stages_of_build(tree, "fast", None))
+        tree.write(mutation.file, mutation.apply(original).encode())
+        try:
+            return self.stages_of_build(tree, "fast", mutation)
+        finally:
+            tree.write(mutation.file, original.encode())
+
+    def stages_of_build(self, tree, name, mutation):
+        names, settings = (["cases"], {"VEXLTAGS_PLAIN": "ON"}) if name == "plain" else (STAGES, {})
+        return self.run_stages(tree, name, mutation, names, settings, dict(os.environ))
 
     def prepare_switched(self, tree, mutations):
         """Builds the program with all the mutations in it. Gives a number for each that compiles."""
@@ -271,12 +279,10 @@ class Runner:
         if number is None:
             return "does not build", "", "the compiler has no mutation here"
         env = dict(os.environ, VEXLTAGS_MUTANT=str(number))
-        return self.run_stages(tree, "fast", mutation,
-                               ["cases", "tokens", "unit", "differential", "cli"],
-                               {}, env)
+        return self.run_stages(tree, "fast", mutation, STAGES, {}, env)
 
-    def check_unchanged(self, tree, judge):
-        verdict, stage, detail = judge(tree)
+    def check_unchanged(self, result):
+        verdict, stage, detail = result
         if verdict != "survived":
             sys.exit(f"the unchanged sources fail: {stage}: {detail}")
 
@@ -291,13 +297,13 @@ class Runner:
             tree = trees["switched"]
             tree.update()
             numbers = self.prepare_switched(tree, switched)
-            self.check_unchanged(tree, lambda tree: self.judge_switched(tree, None, -2))
+            self.check_unchanged(self.judge_switched(tree, None, -2))
             for mutation in switched:
                 self.one(mutation, record, version, lambda mutation: self.judge_switched(
                     tree, mutation, numbers.get(mutation.ident)))
         if rebuilt:
             tree = trees["rebuilt"]
-            self.check_unchanged(tree, lambda tree: self.judge_rebuilt(tree, None))
+            self.check_unchanged(self.stages_of_build(tree, "plain", None))
             for mutation in rebuilt:
                 self.one(mutation, record, version,
                          lambda mutation: self.judge_rebuilt(tree, mutation))

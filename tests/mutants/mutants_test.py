@@ -35,8 +35,10 @@ class Grammar(unittest.TestCase):
 
     def test_syntactic_predicate(self):
         self.assertEqual(changed("a : ( X b )=> c | d ;", "predicate"), ["a : c | d ;"])
-        # Nothing inside a predicate is mutated: it follows its alternative.
+        # A predicate follows its alternative: of its parts only code is mutated.
         self.assertEqual(changed("a : ( ( b )* )=> c ;"), ["a : c ;"])
+        self.assertEqual(changed("a : ( X { F() }? )=> c ;"),
+                         ["a : c ;", "a : ( X )=> c ;", "a : ( X { !(F()) }? )=> c ;"])
 
     def test_semantic_predicate(self):
         self.assertEqual(changed("a : { F(ctx) }? b ;", "predicate"),

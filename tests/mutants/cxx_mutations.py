@@ -27,11 +27,10 @@ SWAPS = {"&&": "||", "||": "&&", "==": "!=", "!=": "==", "<": "<=", "<=": "<", "
 SWITCH = """#pragma once
 #ifdef __cplusplus
 #include <cstdlib>
-#include <type_traits>
 inline const int kActiveMutant =
     std::getenv("VEXLTAGS_MUTANT") == nullptr ? -1 : std::atoi(std::getenv("VEXLTAGS_MUTANT"));
 constexpr bool IsMutant(int number) {
-  return !std::is_constant_evaluated() && kActiveMutant == number;
+  return !__builtin_is_constant_evaluated() && kActiveMutant == number;
 }
 #endif
 """

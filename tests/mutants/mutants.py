@@ -63,14 +63,21 @@ def source_files():
             yield name
 
 
+def text_of(file, texts={}):
+    """A source as it was at first sight: the working tree may change while the mutants run."""
+    if file not in texts:
+        texts[file] = (ROOT / file).read_text(encoding="utf-8")
+    return texts[file]
+
+
 def all_mutations():
     """Every mutation of every grammar and every hand-written source, in the order of the files."""
     result = []
     for name in GRAMMARS:
         file = f"src/grammars/{name}.g"
-        result += grammar_mutations.mutations(file, (ROOT / file).read_text(encoding="utf-8"))
+        result += grammar_mutations.mutations(file, text_of(file))
     for file in source_files():
-        result += cxx_mutations.mutations(file, (ROOT / file).read_text(encoding="utf-8"))
+        result += cxx_mutations.mutations(file, text_of(file))
     return result
 
 
@@ -230,7 +237,7 @@ class Runner:
         """A mutation of a grammar: the plain recognisers first, which build in half the time."""
         env = dict(os.environ)
         if mutation:
-            original = (ROOT / mutation.file).read_text(encoding="utf-8")
+            original = text_of(mutation.file)
             tree.write(mutation.file, mutation.apply(original).encode())
         try:
             result = self.run_stages(tree, "plain", mutation, ["cases"],
@@ -251,7 +258,7 @@ class Runner:
         header.write_text(cxx_mutations.SWITCH)
         while True:
             for file in sorted({mutation.file for mutation in mutations}):
-                text = (ROOT / file).read_text(encoding="utf-8")
+                text = text_of(file)
                 tree.write(file, cxx_mutations.switched(file, text, numbers).encode())
             targets = ["vexltags", "vexltags-portable", "main_tokens", "vexltags_tests",
                        "recognizer_probe", "recognizer_probe_plain"]

@@ -51,13 +51,23 @@ def closing(code, start, ends=")"):
     return -1
 
 
+def static_spans(code):
+    """Where the bodies of functions are that the compiler may run: their mutants never become active
+    there, so they would survive without meaning anything."""
+    for match in re.finditer(r"\bcons(texpr|teval)\b[^;{}=]*\{", code):
+        yield match.end(), closing(code, match.end(), "}")
+
+
 def conditions(text):
     """Triples of a keyword and where its condition begins and ends, for each condition."""
     code = blanked(text)
+    spans = list(static_spans(code))
     for match in HEAD.finditer(code):
         keyword, start = match.group(1) or "return", match.end()
         line = code[code.rfind("\n", 0, start) + 1 : start]
         if "using" in line or "constexpr (" in line:
+            continue
+        if any(first <= start < last for first, last in spans):
             continue
         if keyword == "for":
             start = closing(code, start, ";)") + 1

@@ -228,6 +228,8 @@ def stages(mutation, build, tests, names, env):
     """Triples of a stage's name, the targets that it needs, and its command, which may be missing."""
     group = group_of(mutation) if mutation else ""
     languages = GRAMMARS.get(group[len("grammar:"):], LANGUAGES.get(group))
+    if languages and "c" not in languages:
+        names = [name for name in names if name != "tokens"]
     run_cases = [sys.executable, tests / "runners/run_cases.py", "--first", "--jobs", "1",
                  "--timeout", CASE_SECONDS, "--keep", build / "failed", "--program", build / "vexltags"]
     made = {
@@ -242,17 +244,18 @@ def stages(mutation, build, tests, names, env):
     for topic in ("append", "arguments", "input", "list", "output", "path", "portable"):
         made[f"cli/{topic}"] = (["vexltags", "vexltags-portable"],
                                 [*run_cases, "--kind", "cli", "--filter", f"cli/{topic}/"])
-    if "cases" in names:
-        chosen = languages or sum(GRAMMARS.values(), [])
-        # Asked for only once the program is built.
-        yield "cases", ["vexltags"], None
-        for name in suspects(build / "vexltags", build, tests, chosen, env):
-            yield "cases", [], [*run_cases, "--kind", "cases", "--filter", name]
-        for language in chosen:
-            yield "cases", [], [*run_cases, "--kind", "cases", "--language", language]
+    chosen = languages or sum(GRAMMARS.values(), [])
+    # Asked for only once the program is built.
+    yield "cases", ["vexltags"], None
+    for name in suspects(build / "vexltags", build, tests, chosen, env):
+        yield "cases", [], [*run_cases, "--kind", "cases", "--filter", name]
+    for name in ("tokens", "unit"):
+        if name in names:
+            yield name, *made.pop(name)
+    for language in chosen:
+        yield "cases", [], [*run_cases, "--kind", "cases", "--language", language]
     for name in [n for n in made if n.split("/")[0] in names]:
-        if not (name == "tokens" and languages and "c" not in languages):
-            yield name, *made[name]
+        yield name, *made[name]
 
 
 class Runner:
@@ -303,7 +306,8 @@ class Runner:
 
     def prepare_switched(self, tree, mutations):
         """Builds the program with all the mutations in it. Gives a number for each that compiles."""
-        numbers = {mutation.ident: number for number, mutation in enumerate(mutations)}
+        # A number follows from the identity alone, so that a resumed run compiles nothing again.
+        numbers = {mutation.ident: int(mutation.ident, 16) % 2**31 for mutation in mutations}
         header = tree.folder / "switch.h"
         header.parent.mkdir(parents=True, exist_ok=True)
         header.write_text(cxx_mutations.SWITCH)
@@ -336,10 +340,15 @@ class Runner:
         if verdict != "survived":
             sys.exit(f"the unchanged sources fail: {stage}: {detail}")
 
-    def run(self, mutations, record):
+    def run(self, mutations, done, record):
+        """Judges the mutations that are not in `done`."""
         version = output_of("git", "describe", "--always", "--dirty").strip()
         rebuilt = [m for m in mutations if m.file.endswith(".g")]
         switched = [m for m in mutations if not m.file.endswith(".g")]
+        if all(m.ident in done for m in rebuilt):
+            rebuilt = []
+        if all(m.ident in done for m in switched):
+            switched = []
         # The tests of the unswitched copy serve both.
         trees = {kind: Tree(self.work / kind) for kind in ("rebuilt", "switched")}
         trees["rebuilt"].update()
@@ -348,19 +357,21 @@ class Runner:
             tree.update()
             numbers = self.prepare_switched(tree, switched)
             self.check_unchanged(self.judge_switched(tree, None, -2))
-            for mutation in switched:
+            for mutation in (m for m in switched if m.ident not in done):
                 self.one(mutation, record, version, lambda mutation: self.judge_switched(
                     tree, mutation, numbers.get(mutation.ident)))
         if rebuilt:
             tree = trees["rebuilt"]
             self.check_unchanged(self.stages_of_build(tree, "plain", None))
-            for mutation in rebuilt:
+            for mutation in (m for m in rebuilt if m.ident not in done):
                 self.one(mutation, record, version,
                          lambda mutation: self.judge_rebuilt(tree, mutation))
 
     def one(self, mutation, record, version, judge):
         start = time.monotonic()
         verdict, stage, detail = judge(mutation)
+        # No path of this machine in what is kept.
+        detail = re.sub(r"\S*" + re.escape(str(self.work)) + r"\S*", "…", detail)
         record({
             "id": mutation.ident, "file": mutation.file, "line": mutation.line,
             "operator": mutation.operator, "before": mutation.before, "after": mutation.after,
@@ -440,20 +451,20 @@ def main():
             print(f"{m.ident} {m.file}:{m.line} {m.operator} {one_line(m.before)} {one_line(m.after)}")
         print(f"{len(chosen)} mutations", file=sys.stderr)
         return 0
-    if not options.again:
-        chosen = [m for m in chosen if m.ident not in results]
+    known = set() if options.again else set(results)
+    left = sum(m.ident not in known for m in chosen)
     done = collections.Counter()
 
     def record(result):
         with open(options.results, "a", encoding="utf-8") as file:
             file.write(json.dumps(result, sort_keys=True) + "\n")
         done[result["verdict"]] += 1
-        print(f"{sum(done.values())}/{len(chosen)} {result['verdict']} {result['file']}:"
+        print(f"{sum(done.values())}/{left} {result['verdict']} {result['file']}:"
               f"{result['line']} {result['operator']} {result['stage']} {result['detail'][:80]}",
               flush=True)
 
     options.results.parent.mkdir(parents=True, exist_ok=True)
-    Runner(options).run(chosen, record)
+    Runner(options).run(chosen, known, record)
     print(", ".join(f"{count} {verdict}" for verdict, count in done.items()))
     return 0
 

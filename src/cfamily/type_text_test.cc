@@ -10,7 +10,7 @@ namespace vexltags {
 namespace {
 
 TEST(LooksLikeSimpleTypeName, AcceptsOnlyIdentifiers) {
-  for (const char* yes : {"a", "_", "Z9", "_x_1", "size_t", "int"}) {
+  for (const char* yes : {"a", "_", "Z9", "_x_1", "size_t", "int", "azAZ09"}) {
     EXPECT_TRUE(LooksLikeSimpleTypeName(yes)) << yes;
   }
   for (const char* no : {"", "9a", "a b", "a::b", "a<b>", "a*", " a", "a ", "$a", "a$", "\xe4"}) {

@@ -72,12 +72,14 @@ _PLAIN = {
     "NAMESPACE": "namespace", "ENUM_CONSTANT_DECL": "enumerator", "FIELD_DECL": "member",
     "OBJC_IVAR_DECL": "member", "TYPEDEF_DECL": "typedef", "TYPE_ALIAS_DECL": "typedef",
     "TYPE_ALIAS_TEMPLATE_DECL": "typedef", "MACRO_DEFINITION": "macro"}
-_OPTIONAL = frozenset((
-    "NAMESPACE_ALIAS", "USING_DECLARATION", "OBJC_SYNTHESIZE_DECL", "OBJC_DYNAMIC_DECL",
-    "OBJC_CLASS_REF", "OBJC_PROTOCOL_REF"))
+_OPTIONAL = frozenset(("NAMESPACE_ALIAS", "USING_DECLARATION"))
 _NO_DECLARATIONS = frozenset((
     "TYPE_REF", "TEMPLATE_REF", "NAMESPACE_REF", "MEMBER_REF", "DECL_REF_EXPR", "PARM_DECL",
     "OBJC_SUPER_CLASS_REF", "INCLUSION_DIRECTIVE"))
+
+
+def _setter(name):
+    return "set%s:" % (name[:1].upper() + name[1:])
 
 
 def _kind_names():
@@ -252,6 +254,10 @@ class _Walk:
                       not local or kind == "MACRO_DEFINITION")
             if kind != "MACRO_DEFINITION":
                 self._children(cursor, scope, local)
+        elif kind in ("OBJC_SYNTHESIZE_DECL", "OBJC_DYNAMIC_DECL"):
+            name = cursor.spelling
+            self._add(place, [name], "method", cursor, scope, False)
+            self._add(place, [_setter(name)], "method", cursor, scope, False)
         elif kind in _OPTIONAL:
             self._add(place, [truth.plain_name(cursor.spelling)], "other", cursor, scope, False)
         else:
@@ -277,10 +283,12 @@ class _Walk:
             extent = cursor.extent
             self._containers.append((found, self._place(extent.start)[1],
                                      self._place(extent.end)[1], names))
-        if name and not name.startswith("("):
+        if not name and names[0]:  # A class extension.
+            self._add(place, [names[-1], names[0]], "category", cursor, scope, False)
+        elif name and not name.startswith("("):
             self._add(place, names, _TYPES.get(kind) or _OBJC.get(kind) or "namespace", cursor,
                       scope, need and not local)
-        self._children(cursor, scope + (names[0] if name else "",), local)
+        self._children(cursor, scope + (names[0],), local)
 
     def _function(self, cursor, place, scope, local):
         defined, spelling = self._is_definition(cursor), cursor.spelling
@@ -320,7 +328,7 @@ class _Walk:
         accessors = {before: after for before, after in zip(words, words[2:])
                      if before in ("getter", "setter")}
         self._add(place, [name, accessors.get("getter", "")], "property", cursor, scope, True)
-        setter = accessors.get("setter", "set%s:" % (name[:1].upper() + name[1:]))
+        setter = accessors.get("setter", _setter(name))
         self._add(place, [setter, setter + ":"], "method", cursor, scope, False)
 
     def _last_line(self, cursor, line):
@@ -363,11 +371,7 @@ class _Walk:
         if not names:
             return
         parents = self._parents(cursor, scope)
-        if kind == "method":
-            made = self._reader.text(found.path)[offset:offset + 1] not in (b"-", b"+")
-        else:
-            made = kind != "category" and self._made(found, offset, names[0].encode())
-        made = made and need
+        made = need and kind != "category" and self._made(found, offset, names[0].encode())
         found.add(line, names, kind, parents, truth.MADE if made else
                   truth.NEEDED if need else truth.OPTIONAL, last)
 

@@ -196,7 +196,7 @@ CORPORA = [
                           "-include", "AppKit/AppKitDefines.h"),)),
     Corpus("objc", "Objective-C sources", "react-native, expo-modules-core, @capacitor/ios",
            ["react-native/React", "react-native/Libraries", "expo-modules-core/ios",
-            "@capacitor/ios"], "objc", ("*.m", "*.mm"), npm=True, stubs=True,
+            "@capacitor/ios"], "objc", ("*.m",), npm=True, stubs=True,
            ctags=("--language-force=ObjectiveC",),
            configurations=((*_APPLE, "-include", "Foundation/Foundation.h"),)),
     Corpus("python", "Python's library", "libpython3.11-stdlib", ["/usr/lib/python3.11"], "python",

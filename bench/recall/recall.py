@@ -177,10 +177,12 @@ def truths_of(corpus, paths, options, progress):
     return found
 
 
-def judge(corpus, paths, truths, variant):
-    """(score, CPU seconds) of one variant on one corpus."""
-    ambiguous = measure.ambiguous_macros(paths)
-    tags, seconds, _ = variant.run(paths, corpus.ctags or (), corpus.language)
+def judge(corpus, paths, truths, variant, npm):
+    """(score, CPU seconds) of one variant on one corpus. Headers that belong to the sources are
+    indexed with them, since they define macros, but not judged."""
+    more = corpus.headers(npm) if corpus.stubs else []
+    ambiguous = measure.ambiguous_macros(paths + more)
+    tags, seconds, _ = variant.run(paths + more, corpus.ctags or (), corpus.language)
     score = measure.Score()
     for path in paths:
         known = truths.get(path)
@@ -286,7 +288,7 @@ def main():
         for variant in variants:
             if variant.is_ctags and corpus.ctags is None:
                 continue
-            score, seconds = judge(corpus, paths, truths, variant)
+            score, seconds = judge(corpus, paths, truths, variant, options.npm)
             row.add(variant.title, score, seconds)
         report.print_row(row)
         for title, score in row.scores.items():

@@ -38,25 +38,26 @@ class Stubs:
         for path in sources:
             self._by_name.setdefault(os.path.basename(path), path)
         os.makedirs(folder, exist_ok=True)
-        self._forget()
-
-    def _forget(self):
-        """Begins anew: what one file needs may contradict another's headers."""
         self._classes, self._values, self._interfaces, self._protocols = {}, {}, {}, {}
-        self._banned = set()
+        self._kinds = (self._classes, self._values, self._interfaces, self._protocols)
+        self._banned = {}
         self._write()
 
     def parse(self, index, path, flags, options):
         """The unit of `path` after the last round. `index` parses it."""
         full = [*flags, "-include", os.path.join(self._folder, "stubs.h"), "-idirafter",
                 self._folder]
-        self._forget()
         unit = index.parse(path, args=full, options=options)
         for _ in range(_ROUNDS):
             if not self._learn(unit):
                 break
             self._write()
             unit = index.parse(path, args=full, options=options)
+        # What contradicts the headers of this file may be missing in the next.
+        for name, known in self._banned.items():
+            known[name] = True
+        self._banned.clear()
+        self._write()
         return unit
 
     def _learn(self, unit):
@@ -93,10 +94,11 @@ class Stubs:
 
     def _ban(self, name):
         """Takes back a stand-in that contradicts a declaration."""
-        self._banned.add(name)
-        found = [known.pop(name, None) for known in (self._classes, self._values,
-                                                     self._interfaces, self._protocols)]
-        return any(found)
+        for known in self._kinds:
+            if known.pop(name, None):
+                self._banned[name] = known
+                return True
+        return False
 
     def _header(self, name):
         """Makes the header that `#include` names: of the packages, or empty."""

@@ -4,8 +4,8 @@
 
   recall_test.py --program build/dev/vexltags [--filter cxx/] [--show]
 
-A case is a folder tests/recall/LANGUAGE/IDEA with `input.EXT`, a `README` of one line, and `truth`: one
-declaration a line, its fields divided by tabs:
+A case is a folder tests/recall/LANGUAGE/IDEA with `input.EXT`, a `README` of one line, and `truth`:
+one declaration a line, its fields divided by tabs:
 
   LINE  KIND  NAME  [SCOPE]
 

@@ -157,8 +157,8 @@ class _Walk:
         return self._found
 
     def _place_in_containers(self):
-        """In Objective-C, what stands in an interface belongs to it for a reader, though types do
-        not for the compiler; and a category has several names."""
+        """Accepts an Objective-C container, under each of its names, as the scope of all that it
+        contains: types in it are global to the compiler, but indexers may name the container."""
         for found, first, last, names in self._containers:
             for (line, _), value in found.declarations.items():
                 if first < line <= last and not set(value[3]) - {"", *names}:
@@ -318,7 +318,7 @@ class _Walk:
             self._add(place, [spelling], "other", cursor, scope, False)
 
     def _property(self, cursor, place, scope):
-        """A getter of another name stands for the property; setters may be tagged."""
+        """A renamed getter counts as the property; setters may be tagged."""
         name = cursor.spelling
         words = []
         for token in cursor.get_tokens():

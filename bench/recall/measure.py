@@ -101,7 +101,7 @@ def judge(score, known, tags, lines, ambiguous):
 
 
 def _split(tags, by_name):
-    """A tag `a::b` stands for both namespaces of `namespace a::b {`."""
+    """A tag `a::b` counts as both namespaces of `namespace a::b {`."""
     for tag in tags:
         if "::" in tag.name and tag.name not in by_name and not tag.name.startswith("operator"):
             for part in tag.name.split("::"):

@@ -36,7 +36,7 @@ _readers = {}
 
 
 def _read(key, wanted, flags, sources, path, done):
-    """One file in a worker process. `sources`, if given, are the files that stand in for headers
+    """One file in a worker process. `sources`, if given, are the files that replace headers
     that are missing."""
     if key not in _readers:
         clang_truth.load()

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
-"""Stands in for headers that are not installed, so that a compiler reads what uses them.
+"""Replaces headers that are not installed, so that the compiler can read sources that use them.
 
-A source for another system includes headers of that system. What it declares can be known all the
-same if the names that it uses are declared somehow. The stand-ins are made from the compiler's own
-complaints, in rounds, until it has no more that a declaration would mend.
+A source for another system includes headers of that system. Its own declarations can still be read
+if the names it uses are declared in some way. The replacements are derived from the compiler's
+error messages, in rounds, until no declaration would remove another error.
 """
 import os
 import re
@@ -61,8 +61,8 @@ class Stubs:
         return unit
 
     def _learn(self, unit):
-        """Whether the complaints of `unit` name something new. Headers come first: they may declare
-        what is missing."""
+        """Whether the errors of `unit` name something new. Headers come first: they may declare what
+        is missing."""
         errors = [one for one in unit.diagnostics if one.severity >= 3]
         headers = [_NOT_FOUND.search(one.spelling) for one in errors]
         if any([self._header(one.group(1)) for one in headers if one]):
@@ -93,7 +93,7 @@ class Stubs:
         return True
 
     def _ban(self, name):
-        """Takes back a stand-in that contradicts a declaration."""
+        """Removes a replacement that contradicts a declaration."""
         for known in self._kinds:
             if known.pop(name, None):
                 self._banned[name] = known

@@ -17,8 +17,8 @@ const kProperties = new Set(['property_declaration', 'protocol_property_declarat
 const kBodies = new Set(['function_body', 'computed_property', 'lambda_literal', 'statements',
   'willset_didset_block', 'computed_getter', 'computed_setter']);
 
-// Words newer than the grammar, and attributes that lead it astray. None declares anything, so
-// blanks of the same length take their place; names are read from the source as it is.
+// Keywords that are newer than the grammar, and attributes that it misreads. None declares
+// anything, so each is replaced by blanks; names are read from the original source.
 const kDeclares = '(?:func|var|let|class|struct|enum|init|protocol|extension|actor|typealias|' +
     'subscript)';
 const kBlank = [

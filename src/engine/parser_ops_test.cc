@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "parserstate/token_test_support.h"
+#include "engine/token_test_support.h"
 
 namespace vexltags {
 namespace {

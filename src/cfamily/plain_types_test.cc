@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "parserstate/token_test_support.h"
+#include "engine/token_test_support.h"
 
 namespace vexltags {
 namespace {

@@ -6,6 +6,7 @@
 
 #include <any>
 
+#include "engine/token_feed.h"
 #include "engine/token_table.h"
 
 namespace vexltags {
@@ -49,6 +50,8 @@ class Reading {
   /// Called before the first token. Can replace characters in place or let the stream read a
   /// changed copy, which must outlive the run of this file.
   virtual void PrepareText(pANTLR3_INPUT_STREAM input) = 0;
+  /// The scanner that reads the text as tokens; `exact` is the one that the grammar has.
+  virtual Scanner ScannerFor(Scanner exact) { return exact; }
   /// Called when all tokens are there and the parser has read none yet.
   virtual void PrepareTokens(TokenTable& tokens) = 0;
   /// Replaces the grammar's start rule.

@@ -64,7 +64,8 @@ class Recognizers {
 #ifndef VEXLTAGS_PLAIN
     if (reading != nullptr) return RunBy(*reading, options, fileState, builder);
 #endif
-    ReadTokens(options, fileState, builder);
+    // A scanner cannot report errors, so where they are shown the generated lexer reads everything.
+    ReadTokens(options.dumpErrors ? nullptr : Grammar::Scan, options, fileState, builder);
     Grammar::Start(parser.get());
     return Counts();
   }
@@ -87,7 +88,7 @@ class Recognizers {
                          typename Grammar::FileState& fileState,
                          typename Grammar::Builder& builder) {
     reading.PrepareText(input);
-    ReadTokens(options, fileState, builder);
+    ReadTokens(reading.ScannerFor(Grammar::Scan), options, fileState, builder);
     reading.PrepareTokens(*table);
     GrammarItems<Grammar> items(parser.get());
     reading.Parse(items);
@@ -95,9 +96,9 @@ class Recognizers {
   }
 #endif
 
-  /// Prepares for the file and reads all its tokens, before the parser reads the first.
-  void ReadTokens(const Options& options, typename Grammar::FileState& fileState,
-                  typename Grammar::Builder& builder) {
+  /// Prepares for the file and reads all its tokens with `scan`, before the parser reads the first.
+  void ReadTokens([[maybe_unused]] Scanner scan, const Options& options,
+                  typename Grammar::FileState& fileState, typename Grammar::Builder& builder) {
     Reset();
     if (!options.dumpErrors) {
       SilenceErrors(lexer->pLexer->rec);
@@ -123,8 +124,7 @@ class Recognizers {
     parser->follows = &tokens->Follows();
     RecoverByFollowStack(parser->pParser->rec, !options.dumpErrors);
     if (options.dumpErrors) table->KeepPlaces();
-    // A scanner cannot report errors, so where they are shown the generated lexer reads everything.
-    FillTokenTable(lexer->pLexer, options.dumpErrors ? nullptr : Grammar::Scan, *table);
+    FillTokenTable(lexer->pLexer, scan, *table);
 #endif
   }
 

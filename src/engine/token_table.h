@@ -121,10 +121,13 @@ class TokenTable {
   int NextLine() const { return static_cast<int>(position < count ? lines[position] : endLine); }
 
   // Of the token at `index`, which must be below `Count`, without making an object: type, 1-based
-  // line, characters or the text that replaces them, and offset of the first character in the
-  // input.
+  // line, characters in the source, those or the text that replaces them, and offset of the first
+  // character in the input.
   unsigned TypeAt(std::size_t index) const { return static_cast<unsigned>(types[index]); }
   unsigned LineAt(std::size_t index) const { return lines[index]; }
+  std::string_view SourceAt(std::size_t index) const {
+    return {reinterpret_cast<const char*>(data + starts[index]), ends[index] - starts[index]};
+  }
   std::string_view TextAt(std::size_t index);
   std::size_t OffsetAt(std::size_t index) const { return starts[index]; }
 

@@ -8,7 +8,9 @@ void Resuming::PrepareText(pANTLR3_INPUT_STREAM /*input*/) {}
 
 void Resuming::PrepareTokens(TokenTable& /*tokens*/) {}
 
-void Resuming::Parse(ItemParser& parser) {
+void Resuming::Parse(ItemParser& parser) { ParseResuming(parser); }
+
+void ParseResuming(ItemParser& parser) {
   TokenTable& tokens = parser.Tokens();
   parser.ReadItems();
   while (tokens.Position() < tokens.Count()) {

@@ -6,6 +6,10 @@
 
 namespace vexltags::thorough {
 
+/// Reads items to the end of the file. Where an item ends and none can begin, skips one token and
+/// tries again.
+void ParseResuming(ItemParser& parser);
+
 /// Reads text and tokens as they are. Where an item ends and none can begin, skips one token and
 /// tries again, so that a stray token costs no tags but its own.
 class Resuming : public Reading {

@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+// Finds the parts of a declaration.
+#include "thorough/declaration_outline.h"
+
+#include <algorithm>
+
+#include "vocabulary/main_tokens.h"
+
+namespace vexltags::thorough {
+namespace {
+
+bool IsOpen(unsigned type) { return type == kMainLParen || type == kMainLSquare; }
+bool IsClose(unsigned type) { return type == kMainRParen || type == kMainRSquare; }
+
+/// One past the symbol of the operator whose word is at `word`.
+std::size_t PastOperatorSymbol(const Words& words, std::size_t word) {
+  std::size_t at = word + 1;
+  if (at == words.size()) return at;
+  const unsigned type = words[at].type;
+  if (type == kMainLParen || type == kMainLSquare) return PastBracket(words, at);
+  if (type == kMainGreater || type == kMainLess || type == kMainShiftLeft) {
+    ++at;
+    while (at < words.size() && (words[at].type == kMainGreater || words[at].type == kMainLess ||
+                                 words[at].type == kMainGreaterOrEqual)) {
+      ++at;
+    }
+    return at;
+  }
+  // A literal's suffix, new and delete with brackets, or the words of a type up to the parameters.
+  ++at;
+  while (at < words.size() && words[at].type != kMainLParen && words[at].type != kMainSemicolon) {
+    if (words[at].type == kMainLess && words[at - 1].type == kMainId) {
+      const std::size_t past = PastAngle(words, at);
+      if (past == at) break;
+      at = past;
+    } else {
+      ++at;
+    }
+  }
+  return at;
+}
+
+/// One past the constraint that follows the word `requires` at `word`.
+std::size_t PastRequires(const Words& words, std::size_t word) {
+  std::size_t at = word + 1;
+  for (;;) {
+    while (at < words.size() && words[at].type == kMainNot) ++at;
+    if (at < words.size() && words[at].type == kMainKw_requires) {
+      ++at;
+      if (at < words.size() && words[at].type == kMainLParen) at = PastBracket(words, at);
+      if (at < words.size() && words[at].type == kMainLCurly) ++at;
+    } else if (at < words.size() && words[at].type == kMainLParen) {
+      at = PastBracket(words, at);
+    } else {
+      while (at < words.size() && (words[at].type == kMainId || words[at].type == kMainScope)) {
+        const bool isName = words[at].type == kMainId;
+        ++at;
+        if (isName && at < words.size() && words[at].type == kMainLess) {
+          at = std::max(PastAngle(words, at), at);
+        }
+        if (isName && (at == words.size() || words[at].type != kMainScope)) break;
+      }
+    }
+    if (at == words.size() || (words[at].type != kMainAnd && words[at].type != kMainOr)) return at;
+    ++at;
+  }
+}
+
+/// True for the parentheses from `open` to `past` in `int (*name)(int)` and its like.
+bool IsPointerGroup(const Words& words, std::size_t open, std::size_t past) {
+  if (open + 1 >= past) return false;
+  const unsigned first = words[open + 1].type;
+  if (first == kMainStar || first == kMainBitwiseXor) return true;
+  if (past >= words.size() || words[past].type != kMainLParen) return false;
+  for (std::size_t i = open + 1; i + 1 < past; ++i) {
+    const unsigned type = words[i].type;
+    if (type == kMainStar || type == kMainBitwiseXor || type == kMainAmpersand) return true;
+    if (type != kMainId && type != kMainScope) return false;
+  }
+  return false;
+}
+
+}  // namespace
+
+bool IsBuiltInType(unsigned type) { return type >= kMainKw_char && type <= kMainKw_void; }
+bool IsQualifier(unsigned type) {
+  return type == kMainKw_const || type == kMainKw_volatile || type == kMainKw_constexpr;
+}
+bool IsClassKey(unsigned type) {
+  return type == kMainKw_class || type == kMainKw_struct || type == kMainKw_union;
+}
+
+bool LooksLikeMacro(const Word& word) {
+  if (word.type != kMainId || word.text.size() < 2) return false;
+  bool hasLetter = false;
+  for (const char c : word.text) {
+    if (c >= 'a' && c <= 'z') return false;
+    hasLetter |= c >= 'A' && c <= 'Z';
+  }
+  return hasLetter;
+}
+
+std::size_t PastBracket(const Words& words, std::size_t open) {
+  int depth = 0;
+  for (std::size_t i = open; i < words.size(); ++i) {
+    if (IsOpen(words[i].type)) ++depth;
+    if (IsClose(words[i].type) && --depth == 0) return i + 1;
+  }
+  return words.size();
+}
+
+bool AreAdjacent(const Word& a, const Word& b) {
+  return a.text.data() + a.text.size() == b.text.data();
+}
+
+std::size_t PastAngle(const Words& words, std::size_t open) {
+  int depth = 0;
+  bool afterAssign = false;
+  for (std::size_t i = open; i < words.size();) {
+    const unsigned type = words[i].type;
+    if (IsOpen(type)) {
+      i = PastBracket(words, i);
+      continue;
+    }
+    if (type == kMainSemicolon || IsClose(type)) return open;
+    if (type == kMainAssign) afterAssign = true;
+    if (type == kMainComma) afterAssign = false;
+    if (type == kMainLess) {
+      const unsigned before = i > 0 ? words[i - 1].type : 0;
+      const bool opens =
+          before == kMainId || before == kMainKw_template || before == kMainKw_operator;
+      // `bool ok = a < b` compares.
+      const bool compares = afterAssign && i + 1 < words.size() && i > 0 &&
+                            !AreAdjacent(words[i - 1], words[i]) &&
+                            !AreAdjacent(words[i], words[i + 1]);
+      if (i == open || (opens && !compares)) ++depth;
+    }
+    if (type == kMainGreater && --depth == 0) return i + 1;
+    if (type == kMainGreaterOrEqual && --depth == 0) return i + 1;
+    ++i;
+  }
+  return open;
+}
+
+Outline::Outline(const Words& words) {
+  std::size_t i = 0;
+  if (i < words.size() && words[i].type == kMainRCurly) ++i;
+  while (i < words.size() && words[i].type == kMainKw_template) {
+    ++i;
+    if (i < words.size() && words[i].type == kMainLess) {
+      const std::size_t past = PastAngle(words, i);
+      if (past == i) break;
+      i = past;
+    }
+  }
+  if (i < words.size() && words[i].type == kMainKw_requires) i = PastRequires(words, i);
+  begin = i;
+  // Each that stays open costs a look at the whole rest.
+  constexpr int kMostOpenAngles = 8;
+  int openAngles = 0;
+  while (i < words.size()) {
+    const unsigned type = words[i].type;
+    if (IsClassKey(type)) {
+      if (classKey == kNoWord && params == kNoWord) classKey = i;
+    } else if (type == kMainKw_enum || type == kMainNsOptionsMacro) {
+      if (enumKey == kNoWord) enumKey = i;
+    } else if (type == kMainKw_namespace) {
+      if (namespaceKey == kNoWord) namespaceKey = i;
+    } else if (type == kMainKw_operator) {
+      if (operatorWord == kNoWord && params == kNoWord && assign == kNoWord) {
+        operatorWord = i;
+        i = PastOperatorSymbol(words, i);
+        if (i < words.size() && words[i].type == kMainLParen) {
+          params = i;
+          pastParams = i = PastBracket(words, i);
+        }
+        continue;
+      }
+    } else if (type == kMainAssign) {
+      if (assign == kNoWord) assign = i;
+    } else if (type == kMainPointerTo) {
+      if (arrow == kNoWord && assign == kNoWord) arrow = i;
+    } else if (type == kMainColon) {
+      if (colon == kNoWord && assign == kNoWord) colon = i;
+    } else if (type == kMainComma) {
+      if (comma == kNoWord) comma = i;
+    } else if (type == kMainLess && i > 0 && openAngles < kMostOpenAngles &&
+               (words[i - 1].type == kMainId || words[i - 1].type == kMainKw_template)) {
+      const std::size_t past = PastAngle(words, i);
+      if (past != i) {
+        i = past;
+        continue;
+      }
+      ++openAngles;
+    } else if (IsOpen(type)) {
+      const std::size_t past = PastBracket(words, i);
+      if (type == kMainLParen && params == kNoWord && assign == kNoWord &&
+          IsPointerGroup(words, i, past)) {
+        pointer = i;
+        i = past < words.size() && words[past].type == kMainLParen ? PastBracket(words, past)
+                                                                   : past;
+        continue;
+      }
+      const bool isCall = type == kMainLParen && i > begin && assign == kNoWord &&
+                          (words[i - 1].type == kMainId || words[i - 1].type == kMainGreater);
+      const bool isName = type == kMainLParen && past < words.size() && past - i == 3 &&
+                          words[past].type == kMainLParen && words[i + 1].type == kMainId;
+      if (isName && params == kNoWord && assign == kNoWord) {
+        // A name in parentheses.
+        params = past;
+        i = pastParams = PastBracket(words, past);
+        colon = kNoWord;
+        continue;
+      }
+      if (isCall && params == kNoWord) {
+        params = i;
+        pastParams = past;
+        colon = kNoWord;
+      }
+      i = past;
+      continue;
+    }
+    ++i;
+  }
+}
+
+}  // namespace vexltags::thorough

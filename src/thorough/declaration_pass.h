@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+// Prepares the tokens of a C-family file for the parser, declaration by declaration.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/token_edits.h"
+#include "engine/token_table.h"
+#include "thorough/condition.h"
+#include "thorough/declaration_outline.h"
+#include "thorough/declaration_repair.h"
+#include "thorough/expander.h"
+
+namespace vexltags::thorough {
+
+/// Walks through the tokens of one file at declaration level: expands macros, repairs each
+/// declaration, and passes over bodies and initialisers untouched. Braces alone tell the levels
+/// apart.
+class DeclarationPass {
+ public:
+  /// All must outlive the pass. What it finds to change goes to `edits`, in order.
+  DeclarationPass(TokenTable& tokens, TokenEdits& edits, Expander& expander, Dialect dialect);
+
+  void Run();
+
+ private:
+  enum class Level : std::uint8_t { Namespace, Class, Objc, Variables };
+  struct Scope {
+    Level level;
+    std::string_view name;
+    int closes = 1;  ///< How many scopes its brace closes: two for `namespace a::b`.
+  };
+  enum class Curly : std::uint8_t { Namespace, Class, Enum, Variables, Body, Initializer };
+
+  Word SourceWord(std::size_t index);
+  bool TryMacro();
+  bool IsWorthExpanding(const MacroDefinition& definition, const std::vector<Word>& result,
+                        bool hasBodyAfter, bool& declaresNothing) const;
+  void Take(const Word& word);
+  void TakeCurly(const Word& word);
+  void TakeClose(const Word& word);
+  void TakeColon(const Word& word);
+  void TakeStdNamespace(const Word& word);
+  void TakeObjcWord(const Word& word);
+  Curly ClassifyCurly() const;
+  /// True while the declaration is the head of an interface, protocol or implementation.
+  bool IsObjcHead() const;
+  /// Ends the declaration before `word`, which belongs to the next one.
+  void EndBefore(const Word& word);
+  bool IsOldStyleHead() const;
+  /// One past the `}` of the `{` at `open`; the number of tokens if there is none.
+  std::size_t PastBlock(std::size_t open);
+  void TakeBlock(const Word& word);
+  void EndDeclaration(DeclarationEnd end);
+  /// Turns `namespace a::b {` into two heads, one a name. Returns their number.
+  int SplitNamespace();
+  void Flush();
+  void Insert(std::size_t index, const Word& word);
+  std::string_view ClassName() const;
+  Level CurrentLevel() const { return scopes.empty() ? Level::Namespace : scopes.back().level; }
+
+  TokenTable& tokens;
+  TokenEdits& edits;
+  Expander& expander;
+  Dialect dialect;
+  std::size_t at = 0;           ///< The next token of the table.
+  std::size_t flushed = 0;      ///< The first one whose changes are not recorded yet.
+  Words words;                  ///< The declaration so far.
+  Words defines;                ///< The macros defined inside it, which go first.
+  std::size_t longCallEnd = 0;  ///< Before this token no call of a macro ends.
+  bool hasChanged = false;      ///< Whether a macro was expanded in it.
+  int brackets = 0;             ///< Open parentheses and square brackets in it.
+  int enumDepth = 0;            ///< Open braces of an enum.
+  bool inEnum = false;
+  int madeCurlies = 0;    ///< Open braces of a block that a macro opened ...
+  bool madeBody = false;  ///< ... and whether it is the body of a function.
+  bool unclosed = false;  ///< A block that stays open has been met: there is no other end.
+  std::vector<Scope> scopes;
+  std::string spaced;
+};
+
+}  // namespace vexltags::thorough

@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+// Replaces uses of macros by what they expand to.
+#include "thorough/expander.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+#include "base/character_class.h"
+#include "cfamily/main_words.h"
+#include "vocabulary/main_tokens.h"
+
+namespace vexltags::thorough {
+namespace {
+
+bool HasLowerCase(std::string_view name) {
+  return std::any_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+}
+
+std::string_view FolderOf(std::string_view path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string_view::npos ? std::string_view() : path.substr(0, slash + 1);
+}
+
+/// True when one of the folders is in the other, or they are the same.
+bool AreNear(std::string_view a, std::string_view b) {
+  const std::string_view x = FolderOf(a);
+  const std::string_view y = FolderOf(b);
+  return x.starts_with(y) || y.starts_with(x);
+}
+
+/// How much a definition can say about declarations.
+int RankOf(const MacroDefinition& definition) {
+  if (definition.body.find_first_of("{};") != std::string_view::npos) return 3;
+  if (definition.body.starts_with("static_assert")) return 0;
+  if (definition.body.empty() || definition.body.starts_with("__attribute__")) return 2;
+  return 1;
+}
+
+}  // namespace
+
+std::pair<std::vector<std::vector<Word>>, std::size_t> SplitArguments(
+    const std::vector<Word>& words, std::size_t from) {
+  std::vector<std::vector<Word>> arguments(1);
+  int open = 0;
+  for (std::size_t i = from; i < words.size(); ++i) {
+    const unsigned type = words[i].type;
+    if (type == kMainLParen || type == kMainLSquare || type == kMainLCurly) ++open;
+    if (type == kMainRParen && open == 0) return {std::move(arguments), i - from + 1};
+    if (type == kMainRParen || type == kMainRSquare || type == kMainRCurly) --open;
+    if (type == kMainComma && open == 0) {
+      arguments.emplace_back();
+    } else {
+      arguments.back().push_back(words[i]);
+    }
+  }
+  return {{}, 0};
+}
+
+void Expander::BeginFile(std::uint32_t number, const std::vector<std::string>& allPaths) {
+  file = number;
+  paths = &allPaths;
+  texts.clear();
+  choices.clear();
+  active.clear();
+  budget = kBudget;
+}
+
+const MacroDefinition* Expander::Find(std::string_view name) const {
+  const MacroDefinition* known = macros.Find(name);
+  if (known == nullptr) return nullptr;
+  const auto [choice, isNew] = choices.emplace(known, nullptr);
+  if (isNew) choice->second = Choose(*known, name);
+  return choice->second;
+}
+
+const MacroDefinition* Expander::Choose(const MacroDefinition& first, std::string_view name) const {
+  const bool isLocal = HasLowerCase(name) && name[0] != '_';
+  const MacroDefinition* best = nullptr;
+  int bestRank = -1;
+  for (const MacroDefinition* known = &first; known != nullptr; known = macros.Next(*known)) {
+    int rank = RankOf(*known);
+    if (known->file == file) {
+      rank += 10;
+    } else if (isLocal && known->file != 0 && paths != nullptr &&
+               !AreNear((*paths)[known->file], (*paths)[file])) {
+      continue;
+    }
+    if (rank > bestRank) {
+      best = known;
+      bestRank = rank;
+    }
+  }
+  return best;
+}
+
+bool Expander::IsActive(const MacroDefinition* definition) const {
+  return std::find(active.begin(), active.end(), definition) != active.end();
+}
+
+bool Expander::Expand(const MacroDefinition& definition,
+                      const std::vector<std::vector<Word>>& arguments, unsigned line,
+                      std::vector<Word>& result) {
+  if (active.size() >= kDeepest) return false;
+  const MacroBody& body = bodies.Of(definition);
+  std::vector<Word> words;
+  if (!Substitute(body, arguments, line, words)) return false;
+  active.push_back(&definition);
+  const std::size_t size = result.size();
+  const bool done = Rescan(words, line, result);
+  active.pop_back();
+  if (!done) result.resize(size);
+  return done;
+}
+
+bool Expander::Substitute(const MacroBody& body, const std::vector<std::vector<Word>>& arguments,
+                          unsigned line, std::vector<Word>& result) {
+  static const std::vector<Word> kNothing;
+  // The words of an argument; a variadic parameter takes all that are left, with their commas.
+  const auto argument = [&](std::int32_t number) {
+    const auto place = static_cast<std::size_t>(number);
+    std::vector<Word> words = place < arguments.size() ? arguments[place] : kNothing;
+    if (body.isVariadic && place + 1 == body.parameterCount) {
+      for (std::size_t i = place + 1; i < arguments.size(); ++i) {
+        Word comma;
+        comma.type = kMainComma;
+        comma.text = ",";
+        words.push_back(comma);
+        words.insert(words.end(), arguments[i].begin(), arguments[i].end());
+      }
+    }
+    return words;
+  };
+  const std::vector<BodyToken>& tokens = body.tokens;
+  for (std::size_t i = 0; i < tokens.size(); ++i) {
+    const BodyToken& token = tokens[i];
+    const bool isPasted = (i + 1 < tokens.size() && tokens[i + 1].type == kMacroPaste) ||
+                          (i > 0 && tokens[i - 1].type == kMacroPaste);
+    if (token.type == kMacroPaste) {
+      // The operator works on the words on its two sides.
+      if (i + 1 == tokens.size()) break;
+      const BodyToken& right = tokens[++i];
+      std::vector<Word> words;
+      if (right.parameter >= 0) {
+        words = argument(right.parameter);
+      } else {
+        words.push_back({right.type, right.text, line, -1, 1});
+      }
+      if (!Spend(words.size() + 1)) return false;
+      if (!words.empty() && !result.empty() && result.back().type != kMainComma) {
+        result.back() = Paste(result.back(), words[0]);
+        words.erase(words.begin());
+      } else if (words.empty() && !result.empty() && result.back().type == kMainComma) {
+        result.pop_back();  // `, ## __VA_ARGS__` without arguments.
+      }
+      for (Word& word : words) {
+        word.line = line;
+        word.index = -1;
+        result.push_back(word);
+      }
+    } else if (token.type == kMacroHash && i + 1 < tokens.size() && tokens[i + 1].parameter >= 0) {
+      result.push_back(Stringify(argument(tokens[++i].parameter), line));
+    } else if (token.parameter >= 0) {
+      std::vector<Word> words = argument(token.parameter);
+      if (!Spend(words.size() + 1)) return false;
+      if (isPasted) {
+        result.insert(result.end(), words.begin(), words.end());
+        // An empty operand of `##` leaves the other as it is.
+        if (words.empty() && i + 1 < tokens.size() && tokens[i + 1].type == kMacroPaste) {
+          ++i;
+        }
+      } else if (active.size() >= kDeepest || !Rescan(words, line, result)) {
+        return false;
+      }
+    } else if (token.type != kMacroHash) {
+      if (!Spend(1)) return false;
+      result.push_back({token.type, token.text, line, -1, 1});
+    }
+  }
+  for (Word& word : result) {
+    word.line = line;
+    word.index = -1;
+    word.span = 1;
+  }
+  return true;
+}
+
+bool Expander::Rescan(const std::vector<Word>& words, unsigned line, std::vector<Word>& result) {
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const Word& word = words[i];
+    const MacroDefinition* definition = word.type == kMainId ? Find(word.text) : nullptr;
+    if (definition == nullptr || IsActive(definition)) {
+      if (!Spend(1)) return false;
+      result.push_back(word);
+      continue;
+    }
+    std::vector<std::vector<Word>> arguments;
+    std::size_t taken = 0;
+    if (definition->isFunction) {
+      if (i + 1 == words.size() || words[i + 1].type != kMainLParen) {
+        result.push_back(word);
+        continue;
+      }
+      std::tie(arguments, taken) = SplitArguments(words, i + 2);
+      if (taken == 0) {
+        result.push_back(word);
+        continue;
+      }
+      ++taken;
+    }
+    if (!Spend(taken + 1)) return false;
+    if (!Expand(*definition, arguments, line, result)) return false;
+    i += taken;
+  }
+  return true;
+}
+
+Word Expander::Paste(const Word& left, const Word& right) {
+  std::string text(left.text);
+  text += right.text;
+  constexpr std::size_t kLongest = 4096;
+  if (text.size() > kLongest) text.resize(kLongest);
+  budget -= std::min(budget, text.size() / 8);
+  texts.push_back(std::move(text));
+  Word word = left;
+  word.text = texts.back();
+  word.type = bodies.TypeOf(word.text);
+  return word;
+}
+
+Word Expander::Stringify(const std::vector<Word>& words, unsigned line) {
+  std::string text = "\"";
+  constexpr std::size_t kLongest = 256;
+  for (const Word& word : words) {
+    if (text.size() + word.text.size() < kLongest) text += word.text;
+  }
+  texts.push_back(text + '"');
+  return {kMainStringLiteral, texts.back(), line, -1, 1};
+}
+
+}  // namespace vexltags::thorough

@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: MIT
+// The macros that the sources of a run define, as far as they can matter to declarations.
+#include "thorough/macro_table.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "base/character_class.h"
+#include "cfamily/main_words.h"
+#include "vocabulary/main_tokens.h"
+
+namespace vexltags::thorough {
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::size_t kLongestDefinition = 16384;
+/// More definitions of one name than this are of no use: the name is an X-macro.
+constexpr int kMostDefinitions = 64;
+constexpr std::size_t kBlock = std::size_t{1} << 16;
+
+/// Keywords of compilers, and of languages next to C++, by the words of the vocabulary.
+constexpr std::string_view kCompilerWords = R"(
+#define __extension__
+#define __inline inline
+#define __inline__ inline
+#define __forceinline inline
+#define __const const
+#define __const__ const
+#define __volatile volatile
+#define __volatile__ volatile
+#define __signed signed
+#define __signed__ signed
+#define __restrict
+#define __restrict__
+#define restrict
+#define _Noreturn
+#define __thread
+#define _Thread_local
+#define _Complex
+#define __complex__
+#define _Atomic(x) x
+#define _Static_assert static_assert
+#define __typeof decltype
+#define __typeof__ decltype
+#define typeof decltype
+#define typeof_unqual decltype
+#define __int64 long
+#define __int128 long
+#define __int128_t long
+#define __attribute(x)
+#define __attribute__(x)
+#define __declspec(x)
+#define __asm(...)
+#define __asm__(...)
+#define asm(...)
+#define alignas(...)
+#define _Alignas(...)
+#define __cdecl
+#define __stdcall
+#define __fastcall
+#define __thiscall
+#define __vectorcall
+#define __pascal
+#define __unaligned
+#define __ptr64
+#define __w64
+#define _Nullable_result
+#define __unused
+#define __builtin_va_list long
+)";
+
+bool IsWord(char c) { return kLettersAndDigits[static_cast<unsigned char>(c)]; }
+bool IsLetter(char c) { return kLetters[static_cast<unsigned char>(c)]; }
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+/// True for a body that can be more than an expression, by its first character.
+bool CanDeclare(std::string_view body, bool isFunction) {
+  if (body.empty()) return true;
+  const char c = body[0];
+  if (IsLetter(c) || c == '{' || c == '}' || c == ';' || c == ':' || c == '[' || c == '@') {
+    return true;
+  }
+  return isFunction && (c == '#' || c == '~');
+}
+
+/// True for the number of a version, which may become part of the name of a namespace.
+bool IsVersion(std::string_view name, std::string_view body) {
+  constexpr std::size_t kLongest = 6;
+  if (body.empty() || body.size() > kLongest || body[0] < '0' || body[0] > '9') return false;
+  for (const std::string_view part : {"VERSION", "MAJOR", "MINOR", "PATCH", "REVISION", "ABI"}) {
+    if (name.find(part) != kNone) return true;
+  }
+  return false;
+}
+
+/// True for a body that only names or calls something that is neither a keyword nor a macro by its
+/// looks: `puts`, `puts(text)`. It says nothing about declarations.
+bool IsPlainAlias(const MacroDefinition& definition, std::string_view body) {
+  std::size_t length = 0;
+  bool hasLowerCase = false;
+  while (length < body.size() && IsWord(body[length])) {
+    hasLowerCase |= body[length] >= 'a' && body[length] <= 'z';
+    ++length;
+  }
+  if (length == 0 || !hasLowerCase || body[0] == '_') return false;
+  const auto* const word = reinterpret_cast<const unsigned char*>(body.data());
+  if (ClassifyMainWord(word, length) != kMainId) return false;
+  // The name may be that of a parameter.
+  const std::string_view name = body.substr(0, length);
+  if (definition.parameters.find(name) != kNone) return false;
+  std::size_t at = length;
+  while (at < body.size() && IsBlank(body[at])) ++at;
+  if (at == body.size()) return true;
+  if (body[at] != '(') return false;
+  // The call must be all that there is.
+  int open = 0;
+  for (; at < body.size(); ++at) {
+    if (body[at] == '#' || body[at] == '{' || body[at] == ';') return false;
+    if (body[at] == '(') ++open;
+    if (body[at] == ')' && --open == 0) break;
+  }
+  return at + 1 >= body.size();
+}
+
+}  // namespace
+
+MacroTable::MacroTable() {
+  Learn(kCompilerWords, 0, [](std::string_view) {});
+}
+
+std::string_view MacroTable::Store(std::string_view text) {
+  if (text.empty()) return {};
+  if (text.size() > room) {
+    const std::size_t size = std::max(kBlock, text.size());
+    blocks.push_back(std::make_unique_for_overwrite<char[]>(size));
+    next = blocks.back().get();
+    room = size;
+  }
+  std::memcpy(next, text.data(), text.size());
+  const std::string_view stored(next, text.size());
+  next += text.size();
+  room -= text.size();
+  return stored;
+}
+
+std::size_t MacroTable::NextDirective(std::string_view text, std::size_t from) {
+  while ((from = text.find('#', from)) != kNone) {
+    std::size_t before = from;
+    while (before > 0 && IsBlank(text[before - 1])) --before;
+    std::size_t word = from + 1;
+    if (before == 0 || text[before - 1] == '\n' || text[before - 1] == '\r') {
+      while (word < text.size() && IsBlank(text[word])) ++word;
+      return word;
+    }
+    from = word;
+  }
+  return kNone;
+}
+
+std::string_view MacroTable::QuotedPath(std::string_view text, std::size_t at) {
+  while (at < text.size() && IsBlank(text[at])) ++at;
+  if (at >= text.size() || text[at] != '"') return {};
+  const std::size_t end = text.find_first_of("\"\n", at + 1);
+  if (end == kNone || text[end] != '"') return {};
+  return text.substr(at + 1, end - at - 1);
+}
+
+std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::uint32_t file) {
+  const std::size_t word = at;
+  while (at < text.size() && IsBlank(text[at])) ++at;
+  if (at == word || at == text.size() || !IsLetter(text[at])) return at;
+  const std::size_t nameBegin = at;
+  while (at < text.size() && IsWord(text[at])) ++at;
+  const std::string_view name = text.substr(nameBegin, at - nameBegin);
+
+  // The logical line. A comment that goes on over the next lines belongs to it.
+  std::size_t end = at;
+  for (;;) {
+    const std::size_t newline = std::min(text.find('\n', end), text.size());
+    std::size_t last = newline;
+    if (last > end && text[last - 1] == '\r') --last;
+    const bool continues = last > at && text[last - 1] == '\\' && newline < text.size();
+    end = newline;
+    if (!continues) break;
+    ++end;
+  }
+  const std::string_view rest = text.substr(at, end - at);
+  if (rest.size() > kLongestDefinition) return end;
+
+  MacroDefinition definition;
+  definition.file = file;
+  std::size_t bodyBegin = 0;
+  if (!rest.empty() && rest[0] == '(') {
+    const std::size_t close = rest.find(')');
+    if (close == kNone) return end;
+    definition.isFunction = true;
+    definition.parameters = rest.substr(1, close - 1);
+    bodyBegin = close + 1;
+  }
+  std::string_view body = rest.substr(bodyBegin);
+  // Blanks, continued lines and comments before the body's first word.
+  for (;;) {
+    if (body.empty()) break;
+    if (IsBlank(body[0]) || body[0] == '\\' || body[0] == '\n' || body[0] == '\r') {
+      body.remove_prefix(1);
+    } else if (body.starts_with("//")) {
+      body = {};
+    } else if (body.starts_with("/*")) {
+      const std::size_t close = body.find("*/", 2);
+      body = close == kNone ? std::string_view() : body.substr(close + 2);
+    } else {
+      break;
+    }
+  }
+  const bool isVersion = !definition.isFunction && IsVersion(name, body);
+  if (!isVersion && !CanDeclare(body, definition.isFunction)) return end;
+  // A macro in capitals may give a namespace its name.
+  const bool hasLowerCase =
+      std::any_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+  if ((definition.isFunction || hasLowerCase) && IsPlainAlias(definition, body)) return end;
+  if (ClassifyMainWord(reinterpret_cast<const unsigned char*>(name.data()), name.size()) !=
+          kMainId &&
+      name != "__attribute__") {
+    return end;
+  }
+  // What compilers define stays, and the same again adds nothing.
+  const auto found = firsts.find(name);
+  std::uint32_t last = 0;
+  if (found != firsts.end()) {
+    int known = 0;
+    for (std::uint32_t i = found->second; i != 0; i = definitions[i].next) {
+      const MacroDefinition& other = definitions[i];
+      const bool isSame =
+          other.file == file && other.body == body && other.parameters == definition.parameters;
+      if (isSame || other.file == 0 || ++known == kMostDefinitions) return end;
+      last = i;
+    }
+  }
+  definition.parameters = Store(definition.parameters);
+  definition.body = Store(body);
+  const auto number = static_cast<std::uint32_t>(definitions.size());
+  if (last != 0) {
+    definitions[last].next = number;
+  } else {
+    firsts.emplace(Store(name), number);
+    filter[FilterPlace(name)] = true;
+  }
+  definitions.push_back(definition);
+  return end;
+}
+
+}  // namespace vexltags::thorough

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+// The macros that the sources of a run define, as far as they can matter to declarations.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace vexltags::thorough {
+
+/// One `#define`. Its text lives as long as the table.
+struct MacroDefinition {
+  std::string_view parameters;  ///< What is between its parentheses; of function-like macros only.
+  std::string_view body;        ///< As written: with comments and continued lines.
+  std::uint32_t file = 0;       ///< The number of the file that defines it.
+  std::uint32_t next = 0;       ///< The next definition of the same name, 0 for none.
+  bool isFunction = false;
+};
+
+/// Learns macros from texts and finds them by name. Bodies that can only be expressions are not
+/// kept, neither are definitions of words that the vocabulary or the lexer's lists have: nothing
+/// overrides those.
+class MacroTable {
+ public:
+  /// Starts with the keywords of compilers that the vocabulary does not have.
+  MacroTable();
+  MacroTable(const MacroTable&) = delete;
+  MacroTable& operator=(const MacroTable&) = delete;
+
+  /// Learns every `#define` of `text`, which is the file numbered `file`, and calls `include` with
+  /// the path of each `#include "path"`.
+  template <class Include>
+  void Learn(std::string_view text, std::uint32_t file, Include include);
+
+  /// The first definition of `name` that was learned; null when there is none. It is good until
+  /// the table learns more.
+  const MacroDefinition* Find(std::string_view name) const {
+    if (!MayHave(name)) return nullptr;
+    const auto found = firsts.find(name);
+    return found == firsts.end() ? nullptr : &definitions[found->second];
+  }
+  /// The definition of the same name that was learned after `definition`; null after the last.
+  const MacroDefinition* Next(const MacroDefinition& definition) const {
+    return definition.next == 0 ? nullptr : &definitions[definition.next];
+  }
+
+  /// The number of definitions that are kept.
+  std::size_t Count() const { return definitions.size() - 1; }
+
+ private:
+  /// A cheap test that says no to most words.
+  bool MayHave(std::string_view name) const { return filter[FilterPlace(name)]; }
+  static std::size_t FilterPlace(std::string_view name) {
+    const auto at = [&name](std::size_t i) { return static_cast<unsigned char>(name[i]); };
+    const std::size_t middle = name.size() / 2;
+    return (at(0) * 31U + at(name.size() - 1) * 131U + at(middle) * 517U + name.size() * 1031U) &
+           (kFilterSize - 1);
+  }
+  /// The offset of the next line in `text` at or after `from` that begins with a directive, past
+  /// its `#` and blanks; npos at the end.
+  static std::size_t NextDirective(std::string_view text, std::size_t from);
+  /// Learns the definition whose name is at `at`; returns the offset of its end.
+  std::size_t LearnDefine(std::string_view text, std::size_t at, std::uint32_t file);
+  static std::string_view QuotedPath(std::string_view text, std::size_t at);
+  std::string_view Store(std::string_view text);
+
+  static constexpr std::size_t kFilterSize = std::size_t{1} << 16;
+
+  std::vector<bool> filter = std::vector<bool>(kFilterSize);
+  std::unordered_map<std::string_view, std::uint32_t> firsts;
+  std::vector<MacroDefinition> definitions = std::vector<MacroDefinition>(1);  ///< 0 is none.
+  std::vector<std::unique_ptr<char[]>> blocks;
+  char* next = nullptr;
+  std::size_t room = 0;
+};
+
+template <class Include>
+void MacroTable::Learn(std::string_view text, std::uint32_t file, Include include) {
+  std::size_t at = 0;
+  while ((at = NextDirective(text, at)) != std::string_view::npos) {
+    const std::string_view ahead = text.substr(at);
+    if (ahead.starts_with("define")) {
+      at = LearnDefine(text, at + 6, file);
+    } else if (ahead.starts_with("include")) {
+      const std::string_view path = QuotedPath(text, at + 7);
+      if (!path.empty()) include(path);
+    }
+  }
+}
+
+}  // namespace vexltags::thorough

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+// The reading of C, C++ and Objective-C files.
+#include "thorough/main_reading.h"
+
+#include <string_view>
+
+#include "base/character_class.h"
+#include "cfamily/main_scanner.h"
+#include "thorough/conditionals.h"
+#include "thorough/declaration_pass.h"
+#include "thorough/resuming.h"
+#include "vocabulary/main_tokens.h"
+
+namespace vexltags::thorough {
+namespace {
+
+std::string_view TextOf(pANTLR3_INPUT_STREAM input) {
+  return {static_cast<const char*>(input->data), input->sizeBuf};
+}
+
+/// True when the text has a directive that can make a choice necessary: a second branch, or a
+/// condition that begins with a digit.
+bool HasChoice(std::string_view text) {
+  for (std::size_t at = text.find('#'); at != std::string_view::npos; at = text.find('#', at + 1)) {
+    std::size_t word = at + 1;
+    while (word < text.size() && (text[word] == ' ' || text[word] == '\t')) ++word;
+    const std::string_view ahead = text.substr(word, 3);
+    if (ahead.starts_with("el")) return true;
+    if (!ahead.starts_with("if ") && !ahead.starts_with("if\t") && !ahead.starts_with("if(")) {
+      continue;
+    }
+    word += 2;
+    while (word < text.size() && (text[word] == ' ' || text[word] == '\t' || text[word] == '(')) {
+      ++word;
+    }
+    if (word < text.size() && text[word] >= '0' && text[word] <= '9') return true;
+  }
+  return false;
+}
+
+using Byte = unsigned char;
+
+bool IsLetterAt(const Byte* at, const Byte* end) { return at < end && kLetters[*at]; }
+
+/// A string or character literal with escapes that the lexer does not have. Ends with its line.
+bool TakeLiteral(ScanCursor& cursor, TokenTable& table) {
+  const Byte quote = *cursor.at;
+  const Byte* next = cursor.at + 1;
+  while (next < cursor.end && *next != quote && *next != '\n' && *next != '\r') {
+    next += *next == '\\' && cursor.end - next > 1 && next[1] != '\n' && next[1] != '\r' ? 2 : 1;
+  }
+  if (next < cursor.end && *next == quote) ++next;
+  table.Add(quote == '"' ? kMainStringLiteral : kMainCharLiteral, cursor.at, next, cursor.line);
+  cursor.at = next;
+  return true;
+}
+
+/// An `@` word of Objective-C that opens or ends nothing: it is left out.
+bool SkipAtWord(ScanCursor& cursor) {
+  const Byte* const begin = cursor.at + 1;
+  if (!IsLetterAt(begin, cursor.end)) return false;
+  const Byte* const past = EndOfWord(begin, cursor.end);
+  const std::string_view word(reinterpret_cast<const char*>(begin),
+                              static_cast<std::size_t>(past - begin));
+  for (const std::string_view known :
+       {"interface", "implementation", "protocol", "end", "property", "synthesize"}) {
+    if (word == known) return false;
+  }
+  cursor.at = word == "class" ? begin : past;
+  return true;
+}
+
+/// Reads what the scanner of the C family leaves to the generated lexer, where that would lose more
+/// than it has to.
+void ScanThoroughly(ScanCursor& cursor, TokenTable& table) {
+  for (;;) {
+    ScanMain(cursor, table);
+    if (cursor.at >= cursor.end) return;
+    bool goesOn = false;
+    if (*cursor.at == '"' || *cursor.at == '\'') {
+      goesOn = TakeLiteral(cursor, table);
+    } else if (*cursor.at == '@') {
+      goesOn = SkipAtWord(cursor);
+    }
+    if (!goesOn) return;
+  }
+}
+
+}  // namespace
+
+void MainReading::SetFile(std::uint32_t number) {
+  expander.BeginFile(number, paths);
+  dialect = DialectOf(paths[number]);
+}
+
+void MainReading::PrepareText(pANTLR3_INPUT_STREAM input) {
+  const std::string_view text = TextOf(input);
+  if (!HasChoice(text)) return;
+  auto* const bytes = static_cast<char*>(input->data);
+  for (const TextRange& range : DroppedText(text, dialect)) {
+    for (std::uint32_t i = range.begin; i < range.end; ++i) {
+      if (bytes[i] != '\n' && bytes[i] != '\r') bytes[i] = ' ';
+    }
+  }
+}
+
+Scanner MainReading::ScannerFor(Scanner /*exact*/) { return ScanThoroughly; }
+
+void MainReading::PrepareTokens(TokenTable& tokens) {
+  edits.Clear();
+  DeclarationPass(tokens, edits, expander, dialect).Run();
+  tokens.Apply(edits);
+}
+
+void MainReading::Parse(ItemParser& parser) { ParseResuming(parser); }
+
+}  // namespace vexltags::thorough

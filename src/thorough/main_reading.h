@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// The reading of C, C++ and Objective-C files.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/reading.h"
+#include "engine/token_edits.h"
+#include "thorough/condition.h"
+#include "thorough/expander.h"
+
+namespace vexltags::thorough {
+
+/// Chooses branches of conditionals before the file is read as tokens, expands macros and repairs
+/// declarations before the parser gets them, and goes on after a token at which no item can begin.
+class MainReading : public Reading {
+ public:
+  /// `macros` must outlive the reading, and so must `paths`, which names files by their numbers.
+  MainReading(const MacroTable& macros, const std::vector<std::string>& paths)
+      : expander(macros, bodies), paths(paths) {}
+
+  /// To be called before each file.
+  void SetFile(std::uint32_t number);
+
+  void PrepareText(pANTLR3_INPUT_STREAM input) override;
+  Scanner ScannerFor(Scanner exact) override;
+  void PrepareTokens(TokenTable& tokens) override;
+  void Parse(ItemParser& parser) override;
+
+ private:
+  MacroBodies bodies;
+  Expander expander;
+  const std::vector<std::string>& paths;
+  Dialect dialect = Dialect::Unknown;
+  TokenEdits edits;
+};
+
+}  // namespace vexltags::thorough

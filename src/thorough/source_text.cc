@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+// Walks through the text of a C-family file from directive to directive.
+#include "thorough/source_text.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+
+namespace vexltags::thorough {
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+bool IsWord(char c) { return kLettersAndDigits[static_cast<unsigned char>(c)]; }
+
+DirectiveKind KindOf(std::string_view word) {
+  if (word == "if") return DirectiveKind::If;
+  if (word == "ifdef") return DirectiveKind::Ifdef;
+  if (word == "ifndef") return DirectiveKind::Ifndef;
+  if (word == "elif" || word == "elifdef" || word == "elifndef") return DirectiveKind::Elif;
+  if (word == "else") return DirectiveKind::Else;
+  if (word == "endif") return DirectiveKind::Endif;
+  if (word == "define") return DirectiveKind::Define;
+  if (word == "undef") return DirectiveKind::Undef;
+  if (word == "include" || word == "import" || word == "include_next") {
+    return DirectiveKind::Include;
+  }
+  if (word == "error") return DirectiveKind::Error;
+  return DirectiveKind::Other;
+}
+
+}  // namespace
+
+std::size_t SourceText::CommentClose(std::size_t from) {
+  if (noCommentCloses) return kNone;
+  const std::size_t close = text.find("*/", from);
+  if (close == kNone) {
+    noCommentCloses = true;
+    return kNone;
+  }
+  return close + 2;
+}
+
+std::size_t SourceText::EndOfDirective(std::size_t from) {
+  std::size_t at = from;
+  while (at < text.size()) {
+    const char c = text[at];
+    if (c == '\n') {
+      std::size_t last = at;
+      if (last > from && text[last - 1] == '\r') --last;
+      if (last == from || text[last - 1] != '\\') return at;
+      ++at;
+    } else if (c == '/' && text.substr(at).starts_with("/*")) {
+      const std::size_t past = CommentClose(at + 2);
+      // One that is never closed ends with its line, so that the rest of the file can be read.
+      if (past == kNone) return std::min(text.find('\n', at), text.size());
+      at = past;
+    } else if (c == '/' && text.substr(at).starts_with("//")) {
+      at = std::min(text.find('\n', at), text.size());
+      if (at < text.size() && text[at - 1] == '\\') ++at;
+    } else {
+      ++at;
+    }
+  }
+  return at;
+}
+
+Directive SourceText::ReadDirective(std::size_t begin) {
+  std::size_t at = begin + 1;
+  while (at < text.size() && IsBlank(text[at])) ++at;
+  const std::size_t word = at;
+  while (at < text.size() && IsWord(text[at])) ++at;
+  Directive directive;
+  directive.kind = KindOf(text.substr(word, at - word));
+  while (at < text.size() && IsBlank(text[at])) ++at;
+  const std::size_t end = EndOfDirective(at);
+  directive.begin = static_cast<std::uint32_t>(begin);
+  directive.end = static_cast<std::uint32_t>(end);
+  directive.argument = text.substr(at, end - at);
+  return directive;
+}
+
+std::size_t SourceText::SkipComment(std::size_t from) {
+  if (text.substr(from).starts_with("//")) {
+    std::size_t at = from;
+    for (;;) {
+      at = text.find('\n', at);
+      if (at == kNone) return text.size();
+      if (text[at - 1] != '\\') return at;
+      ++at;
+    }
+  }
+  if (!text.substr(from).starts_with("/*")) return from;
+  const std::size_t past = CommentClose(from + 2);
+  return past == kNone ? text.size() : past;
+}
+
+std::size_t SourceText::SkipLiteral(std::size_t from) {
+  const char quote = text[from];
+  const bool followsWord = from > 0 && IsWord(text[from - 1]);
+  // A digit separator, as in 1'000'000.
+  if (quote == '\'' && followsWord && text[from - 1] != 'L' && text[from - 1] != 'u' &&
+      text[from - 1] != 'U' && text[from - 1] != '8') {
+    return from + 1;
+  }
+  if (quote == '"' && followsWord && text[from - 1] == 'R' && !noRawStringCloses) {
+    const std::size_t open = text.find('(', from);
+    constexpr std::size_t kLongestDelimiter = 16;
+    if (open != kNone && open - from - 1 <= kLongestDelimiter) {
+      std::string close = ")";
+      close += text.substr(from + 1, open - from - 1);
+      close += '"';
+      const std::size_t end = text.find(close, open);
+      if (end != kNone) return end + close.size();
+      noRawStringCloses = true;
+    }
+  }
+  std::size_t at = from + 1;
+  while (at < text.size() && text[at] != quote && text[at] != '\n') {
+    if (text[at] == '\\' && at + 1 < text.size()) {
+      at += text[at + 1] == '\r' && at + 2 < text.size() && text[at + 2] == '\n' ? 3 : 2;
+    } else {
+      ++at;
+    }
+  }
+  if (at < text.size() && text[at] == quote) ++at;
+  return std::min(at, text.size());
+}
+
+}  // namespace vexltags::thorough

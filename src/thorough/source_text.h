@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+// Walks through the text of a C-family file from directive to directive.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "base/character_class.h"
+
+namespace vexltags::thorough {
+
+enum class DirectiveKind : std::uint8_t {
+  If,
+  Ifdef,
+  Ifndef,
+  Elif,
+  Else,
+  Endif,
+  Define,
+  Undef,
+  Include,
+  Error,
+  Other,
+};
+
+/// A preprocessor directive: a line whose first character that is not blank is `#`.
+struct Directive {
+  DirectiveKind kind = DirectiveKind::Other;
+  std::uint32_t begin = 0;  ///< The offset of its `#`.
+  /// One past its last character. A backslash continues the line, a comment that begins on it
+  /// belongs to it whole, and its line end does not.
+  std::uint32_t end = 0;
+  /// What follows the directive's name and blanks, up to the end.
+  std::string_view argument;
+};
+
+/// What a character can begin, for a walk through the text.
+enum class CharacterClass : std::uint8_t { Plain, Blank, LineEnd, Slash, Quote, Apostrophe, Hash };
+
+constexpr ByteTable<CharacterClass> MakeCharacterClasses() {
+  ByteTable<CharacterClass> classes{};
+  for (const char c : {' ', '\t', '\v', '\f', '\r'}) {
+    classes[static_cast<unsigned char>(c)] = CharacterClass::Blank;
+  }
+  classes['\n'] = CharacterClass::LineEnd;
+  classes['/'] = CharacterClass::Slash;
+  classes['"'] = CharacterClass::Quote;
+  classes['\''] = CharacterClass::Apostrophe;
+  classes['#'] = CharacterClass::Hash;
+  return classes;
+}
+inline constexpr ByteTable<CharacterClass> kCharacterClasses = MakeCharacterClasses();
+
+/// Reads a text once from its beginning, past comments, strings and character literals.
+class SourceText {
+ public:
+  explicit SourceText(std::string_view text) : text(text) {}
+
+  /// Goes on to the next directive, which `Found` then returns; false at the end of the text.
+  /// Calls `take` with each character on the way that is neither blank nor part of a comment; a
+  /// string or character literal counts as its closing quote.
+  template <class Take>
+  bool NextDirective(Take take);
+
+  const Directive& Found() const { return found; }
+
+ private:
+  /// The directive whose `#` is at `begin`.
+  Directive ReadDirective(std::size_t begin);
+  /// One past the last character of the logical line at `from`, comments taken whole, without its
+  /// line end.
+  std::size_t EndOfDirective(std::size_t from);
+  /// One past the comment at `from`, or `from` if none begins there.
+  std::size_t SkipComment(std::size_t from);
+  /// One past the string or character literal at `from`, which may be raw.
+  std::size_t SkipLiteral(std::size_t from);
+  /// One past the next end of a comment from `from` on, or npos.
+  std::size_t CommentClose(std::size_t from);
+
+  std::string_view text;
+  std::size_t at = 0;
+  bool isLineStart = true;
+  // What is open for good is searched for once.
+  bool noCommentCloses = false;
+  bool noRawStringCloses = false;
+  Directive found;
+};
+
+template <class Take>
+bool SourceText::NextDirective(Take take) {
+  while (at < text.size()) {
+    const char c = text[at];
+    switch (kCharacterClasses[static_cast<unsigned char>(c)]) {
+      case CharacterClass::Blank:
+        ++at;
+        continue;
+      case CharacterClass::LineEnd:
+        ++at;
+        isLineStart = true;
+        continue;
+      case CharacterClass::Slash: {
+        const std::size_t past = SkipComment(at);
+        if (past != at) {
+          at = past;
+          continue;
+        }
+        break;
+      }
+      case CharacterClass::Quote:
+      case CharacterClass::Apostrophe:
+        at = SkipLiteral(at);
+        isLineStart = false;
+        take(c);
+        continue;
+      case CharacterClass::Hash:
+        if (isLineStart) {
+          found = ReadDirective(at);
+          at = found.end;
+          return true;
+        }
+        break;
+      case CharacterClass::Plain:
+        break;
+    }
+    isLineStart = false;
+    take(c);
+    ++at;
+  }
+  return false;
+}
+
+}  // namespace vexltags::thorough

@@ -1,0 +1,3 @@
+int class;
+struct new { int delete; };
+int template(int private, int this);

@@ -1,0 +1,7 @@
+int f(a, b)
+  int a;
+  char *b;
+{
+  return a;
+}
+int g;

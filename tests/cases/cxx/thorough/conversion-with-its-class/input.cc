@@ -1,0 +1,5 @@
+struct A {
+  operator std::less<int>() const;
+  operator bool() const;
+};
+A::operator bool() const { return true; }

@@ -1,0 +1,4 @@
+struct S {
+  int(min)() const { return 0; }
+};
+int (paren)(int);

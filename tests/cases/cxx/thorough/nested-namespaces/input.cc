@@ -1,0 +1,4 @@
+namespace a::inline b {
+int f();
+}
+int g();

@@ -1,0 +1,3 @@
+const char *a = "\e[1m \%";
+char b = '\e';
+int c;

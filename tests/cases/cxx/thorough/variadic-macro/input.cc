@@ -1,0 +1,2 @@
+#define ENUM(name, ...) enum name { __VA_ARGS__ };
+ENUM(Color, kRed, kGreen)

@@ -1,0 +1,7 @@
+@interface A : B {
+  int a;
+ @private
+  struct { int x; } s;
+}
+- (void)run;
+@end

@@ -72,6 +72,10 @@ bool IsPointerGroup(const Words& words, std::size_t open, std::size_t past) {
   const unsigned first = words[open + 1].type;
   if (first == kMainStar || first == kMainBitwiseXor) return true;
   if (past >= words.size() || words[past].type != kMainLParen) return false;
+  // `(API_POINTER name)(...)`
+  if (past == open + 4 && LooksLikeMacro(words[open + 1]) && words[open + 2].type == kMainId) {
+    return true;
+  }
   for (std::size_t i = open + 1; i + 1 < past; ++i) {
     const unsigned type = words[i].type;
     if (type == kMainStar || type == kMainBitwiseXor || type == kMainAmpersand) return true;

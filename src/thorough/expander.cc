@@ -29,9 +29,28 @@ bool AreNear(std::string_view a, std::string_view b) {
   return x.starts_with(y) || y.starts_with(x);
 }
 
+/// The word after `namespace` in a definition's body; empty for none.
+std::string_view NamespaceIn(std::string_view body) {
+  constexpr std::string_view kWord = "namespace ";
+  const std::size_t at = body.find(kWord);
+  if (at == std::string_view::npos) return {};
+  const std::string_view rest = body.substr(at + kWord.size());
+  std::size_t length = 0;
+  while (length < rest.size() && kLettersAndDigits[static_cast<unsigned char>(rest[length])]) {
+    ++length;
+  }
+  return rest.substr(0, length);
+}
+
 /// How much a definition can say about declarations.
-int RankOf(const MacroDefinition& definition) {
-  if (definition.body.find_first_of("{};") != std::string_view::npos) return 3;
+int RankOf(const MacroDefinition& definition, const MacroTable& macros) {
+  if (definition.body.find_first_of("{};") != std::string_view::npos) {
+    // A namespace with the name of a macro that no input defines is one that is switched off.
+    const std::string_view name = NamespaceIn(definition.body);
+    const bool isOff = !name.empty() && !HasLowerCase(name) && macros.Find(name) == nullptr &&
+                       definition.parameters.find(name) == std::string_view::npos;
+    return isOff ? 1 : 3;
+  }
   if (definition.body.starts_with("static_assert")) return 0;
   if (definition.body.empty() || definition.body.starts_with("__attribute__")) return 2;
   return 1;
@@ -79,7 +98,7 @@ const MacroDefinition* Expander::Choose(const MacroDefinition& first, std::strin
   const MacroDefinition* best = nullptr;
   int bestRank = -1;
   for (const MacroDefinition* known = &first; known != nullptr; known = macros.Next(*known)) {
-    int rank = RankOf(*known);
+    int rank = RankOf(*known, macros);
     if (known->file == file) {
       rank += 10;
     } else if (isLocal && known->file != 0 && paths != nullptr &&

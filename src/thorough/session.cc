@@ -64,7 +64,8 @@ Session::Session(const Options& options, const std::vector<std::string>& paths)
 }
 
 std::uint32_t Session::NumberOf(const std::string& path) {
-  const auto [place, isNew] = numbers.emplace(path, static_cast<std::uint32_t>(files.size()));
+  const auto [place, isNew] = numbers.emplace(std::filesystem::path(path).lexically_normal(),
+                                              static_cast<std::uint32_t>(files.size()));
   if (isNew) files.push_back(path);
   return place->second;
 }
@@ -97,8 +98,8 @@ void Session::FindInclude(std::uint32_t includer, std::string_view name) {
   for (int i = 0; i < kMostParents; ++i) {
     const std::size_t slash = folder.rfind('/', folder.size() < 2 ? 0 : folder.size() - 2);
     folder.resize(slash == std::string::npos ? 0 : slash + 1);
-    std::string path = folder;
-    path += name;
+    // Without `..`, so that headers that include each other do not make ever longer paths.
+    const std::string path = std::filesystem::path(folder + std::string(name)).lexically_normal();
     const auto [known, isNew] = searched.emplace(path, false);
     if (isNew) {
       known->second = numbers.contains(path) || IsFile(path);

@@ -123,7 +123,8 @@ class Recognizers {
     parser->tokens = table.get();
     parser->follows = &tokens->Follows();
     RecoverByFollowStack(parser->pParser->rec, !options.dumpErrors);
-    if (options.dumpErrors) table->KeepPlaces();
+    // Only the generated lexer records them.
+    if (options.dumpErrors && scan == nullptr) table->KeepPlaces();
     FillTokenTable(lexer->pLexer, scan, *table);
 #endif
   }

@@ -205,7 +205,9 @@ Outline::Outline(const Words& words) {
                                                                    : past;
         continue;
       }
-      const bool isCall = type == kMainLParen && i > begin && assign == kNoWord &&
+      // After the colon of a bit field a call is its width.
+      const bool isWidth = colon != kNoWord && colon > begin + 1;
+      const bool isCall = type == kMainLParen && i > begin && assign == kNoWord && !isWidth &&
                           (words[i - 1].type == kMainId || words[i - 1].type == kMainGreater);
       const bool isName = type == kMainLParen && past < words.size() && past - i == 3 &&
                           words[past].type == kMainLParen && words[i + 1].type == kMainId;

@@ -130,9 +130,29 @@ bool DeclarationPass::TryMacro() {
   return true;
 }
 
+bool DeclarationPass::NeedsName() const {
+  if (words.empty() || inEnum || brackets > 0) return false;
+  int names = 0;
+  for (std::size_t i = Outline(words).begin; i < words.size(); ++i) {
+    const unsigned type = words[i].type;
+    const bool isOther = type == kMainLParen || type == kMainAssign || type == kMainComma ||
+                         IsClassKey(type) || type == kMainKw_enum || type == kMainKw_namespace;
+    if (isOther) return false;
+    // Several words of built-in types are one type.
+    const bool goesOn = i > 0 && IsBuiltInType(words[i - 1].type);
+    if (type == kMainId || (IsBuiltInType(type) && !goesOn)) ++names;
+  }
+  const unsigned last = words.back().type;
+  return last == kMainStar || last == kMainAmpersand || names == 1;
+}
+
 bool DeclarationPass::IsWorthExpanding(const MacroDefinition& definition,
                                        const std::vector<Word>& result, bool hasBodyAfter,
                                        bool& declaresNothing) const {
+  const bool saysNothing = result.empty() || result[0].type == kMainNumber ||
+                           (result.size() == 1 && LooksLikeMacro(result[0]));
+  // A function may have the name of a macro that takes its place where the function is not wanted.
+  if (definition.isFunction && saysNothing && NeedsName()) return false;
   if (result.empty()) return true;
   const unsigned first = result[0].type;
   const bool declares = std::any_of(result.begin(), result.end(),

@@ -38,6 +38,8 @@ class DeclarationPass {
 
   Word SourceWord(std::size_t index);
   bool TryMacro();
+  /// True where a declaration has its type, but no name yet.
+  bool NeedsName() const;
   bool IsWorthExpanding(const MacroDefinition& definition, const std::vector<Word>& result,
                         bool hasBodyAfter, bool& declaresNothing) const;
   void Take(const Word& word);

@@ -225,15 +225,20 @@ class Reader {
 
   static Value Integer(std::string_view word) {
     std::int64_t number = 0;
-    const bool isHex = word.size() > 1 && (word[1] == 'x' || word[1] == 'X');
-    for (const char c : word.substr(isHex ? 2 : 0)) {
+    const char prefix = word.size() > 1 && word[0] == '0' ? word[1] : '\0';
+    const bool isHex = prefix == 'x' || prefix == 'X';
+    const bool isBinary = prefix == 'b' || prefix == 'B';
+    int base = word[0] == '0' ? 8 : 10;
+    if (isHex) base = 16;
+    if (isBinary) base = 2;
+    for (const char c : word.substr(isHex || isBinary ? 2 : 0)) {
       int digit = -1;
       if (c >= '0' && c <= '9') digit = c - '0';
       if (isHex && c >= 'a' && c <= 'f') digit = c - 'a' + 10;
       if (isHex && c >= 'A' && c <= 'F') digit = c - 'A' + 10;
       if (digit < 0) break;
       if (number > (INT64_MAX >> 5)) return {};
-      number = number * (isHex ? 16 : 10) + digit;
+      number = number * base + digit;
     }
     return Value::Number(number);
   }

@@ -7,28 +7,29 @@
 
 namespace vexltags::thorough {
 
-/// What is known of a condition. `Likely` and `Unlikely` are guesses from the names of platforms:
-/// good enough to choose one of two branches, never to drop the only one.
+/// What is known about a condition. `Likely` and `Unlikely` are guesses from the names of
+/// platforms: they can decide between two branches, but never drop the only one.
 enum class Truth : std::uint8_t { False, Unlikely, Unknown, Likely, True };
 
-/// Which language the file is in, as far as its name says.
+/// The language of a file, as far as its name shows it.
 enum class Dialect : std::uint8_t {
   Cxx,      ///< `__cplusplus` is defined.
   C,        ///< It is not.
-  Unknown,  ///< A header: it may be.
+  Unknown,  ///< A header, where it may be defined.
 };
 
-/// The dialect that the suffix of `path` says.
+/// Returns the dialect of the file at `path`, by its suffix.
 Dialect DialectOf(std::string_view path);
 
-/// The truth of the expression of an `#if` or `#elif`, without the directive's name. Integers,
-/// `defined`, `__cplusplus` and the names of other platforms are known, everything else is not.
+/// Returns the truth of `expression`, what follows the name of an `#if` or `#elif`. Integers,
+/// `defined`, `__cplusplus` and the names of other platforms are known; everything else, arithmetic
+/// included, is unknown, and so is an expression that is malformed or nests too deep.
 Truth EvaluateCondition(std::string_view expression, Dialect dialect);
 
-/// The truth of an `#ifdef` of the macro that `argument` begins with.
+/// Returns whether the macro whose name `argument` begins with is defined.
 Truth IsDefined(std::string_view argument, Dialect dialect);
 
-/// The truth of the contrary.
+/// Returns the truth of the negated condition.
 Truth Not(Truth truth);
 
 }  // namespace vexltags::thorough

@@ -3,7 +3,6 @@
 #include "thorough/conditionals.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "base/character_class.h"
@@ -51,14 +50,15 @@ struct Branch {
   std::uint32_t directive = 0;  ///< Where the line that opens it begins ...
   std::uint32_t begin = 0;      ///< ... and where that ends.
   std::uint32_t end = 0;
+  std::size_t firstDefine = 0;  ///< How many `#define` lines were known where it begins.
   Truth truth = Truth::Unknown;
-  std::vector<TextRange> defines;  ///< Its `#define` lines, those of nested conditionals included.
   Shape shape;
 };
 
 struct Conditional {
   std::vector<Branch> branches;
-  char before = 0;  ///< The last character in front of it that is read; 0 at the file's beginning.
+  char before = 0;  ///< The last character before it that is read; 0 at the beginning of the file.
+  Truth likeliest = Truth::False;  ///< The greatest truth of its branches so far.
 };
 
 bool EndsStatement(char c) { return c == 0 || c == ';' || c == '{' || c == '}' || c == ','; }
@@ -69,10 +69,10 @@ class Chooser {
 
   std::vector<TextRange> Run() {
     while (source.NextDirective([this](char c) { Take(c); })) HandleDirective(source.Found());
-    // What is never closed is kept as it is: its lines are hidden by themselves.
+    // A conditional that is never closed is kept whole: the scanner hides its directives.
     std::sort(dropped.begin(), dropped.end(),
               [](const TextRange& a, const TextRange& b) { return a.begin < b.begin; });
-    return Merge();
+    return WithoutDefines(Merge());
   }
 
  private:
@@ -95,13 +95,11 @@ class Chooser {
     }
   }
 
-  /// The last character that is read in front of the present place.
+  /// The last character before the current position that is read.
   char Before() const {
-    for (auto group = open.rbegin(); group != open.rend(); ++group) {
-      if (group->branches.back().shape.last != 0) return group->branches.back().shape.last;
-      if (group->before != 0) return group->before;
-    }
-    return top.last;
+    if (open.empty()) return top.last;
+    const char last = open.back().branches.back().shape.last;
+    return last != 0 ? last : open.back().before;
   }
 
   void HandleDirective(const Directive& directive) {
@@ -116,50 +114,56 @@ class Chooser {
         return;
       }
       case DirectiveKind::Elif:
+      case DirectiveKind::Elifdef:
+      case DirectiveKind::Elifndef:
       case DirectiveKind::Else:
         if (open.empty()) return;
-        open.back().branches.back().end = directive.begin;
+        EndBranch(directive);
         OpenBranch(directive);
         return;
       case DirectiveKind::Endif:
         if (open.empty()) return;
-        open.back().branches.back().end = directive.begin;
+        EndBranch(directive);
         Close(directive);
         return;
       case DirectiveKind::Define:
-        if (!open.empty()) {
-          open.back().branches.back().defines.push_back({directive.begin, directive.end});
-        }
+        if (!open.empty()) defines.push_back({directive.begin, directive.end});
         return;
       default:
         return;
     }
+  }
+
+  void EndBranch(const Directive& directive) {
+    Branch& branch = open.back().branches.back();
+    branch.end = directive.begin;
+    // The definitions of a branch that is never read go with it.
+    if (branch.truth == Truth::False) defines.resize(branch.firstDefine);
   }
 
   void OpenBranch(const Directive& directive) {
     Branch branch;
     branch.directive = directive.begin;
     branch.begin = directive.end;
+    branch.firstDefine = defines.size();
+    Truth& likeliest = open.back().likeliest;
     switch (directive.kind) {
       case DirectiveKind::Ifdef:
+      case DirectiveKind::Elifdef:
         branch.truth = IsDefined(directive.argument, dialect);
         break;
       case DirectiveKind::Ifndef:
+      case DirectiveKind::Elifndef:
         branch.truth = Not(IsDefined(directive.argument, dialect));
         break;
       case DirectiveKind::Else:
-        branch.truth = TruthOfElse(open.back().branches);
+        branch.truth = Not(likeliest);
         break;
       default:
         branch.truth = EvaluateCondition(directive.argument, dialect);
     }
+    likeliest = std::max(likeliest, branch.truth);
     open.back().branches.push_back(std::move(branch));
-  }
-
-  static Truth TruthOfElse(const std::vector<Branch>& earlier) {
-    Truth any = Truth::False;
-    for (const Branch& branch : earlier) any = std::max(any, branch.truth);
-    return Not(any);
   }
 
   void Close(const Directive& endif) {
@@ -180,30 +184,13 @@ class Chooser {
     for (std::size_t i = 0; i < kept.size(); ++i) {
       const Branch& branch = group.branches[i];
       if (kept[i]) shape.Append(branch.shape);
-      // The lines of a conditional with one branch that is kept are hidden by any scanner.
+      // The scanner hides the directives of a lone branch that is kept.
       if (!hasSecond && !dropsAny) continue;
       dropped.push_back({branch.directive, branch.begin});
-      if (!kept[i]) Drop(branch);
+      if (!kept[i]) dropped.push_back({branch.begin, branch.end});
     }
     if (hasSecond || dropsAny) dropped.push_back({endif.begin, endif.end});
     Current().Append(shape);
-    if (open.empty()) return;
-    std::vector<TextRange>& outer = open.back().branches.back().defines;
-    for (const Branch& branch : group.branches) {
-      if (branch.truth == Truth::False) continue;
-      outer.insert(outer.end(), branch.defines.begin(), branch.defines.end());
-    }
-  }
-
-  void Drop(const Branch& branch) {
-    std::uint32_t from = branch.begin;
-    if (branch.truth != Truth::False) {
-      for (const TextRange& define : branch.defines) {
-        dropped.push_back({from, define.begin});
-        from = define.end;
-      }
-    }
-    dropped.push_back({from, branch.end});
   }
 
   static bool KeepsAll(const Conditional& group) {
@@ -237,7 +224,7 @@ class Chooser {
       const Branch& branch = branches[i];
       if (branch.truth == Truth::False) continue;
       int worth = static_cast<int>(branch.truth);
-      // Of those that nothing speaks against, the first.
+      // Likely and unknown branches are worth the same: the first of them is read.
       if (branch.truth == Truth::Likely) worth = static_cast<int>(Truth::Unknown);
       if (branch.shape.IsEmpty() && branch.truth != Truth::True) worth = 0;
       if (worth > bestWorth) {
@@ -261,10 +248,26 @@ class Chooser {
     return merged;
   }
 
+  /// `ranges` without the definitions in them.
+  std::vector<TextRange> WithoutDefines(const std::vector<TextRange>& ranges) const {
+    std::vector<TextRange> result;
+    auto define = defines.begin();
+    for (TextRange range : ranges) {
+      for (; define != defines.end() && define->begin < range.end; ++define) {
+        if (define->begin < range.begin) continue;
+        if (range.begin < define->begin) result.push_back({range.begin, define->begin});
+        range.begin = define->end;
+      }
+      if (range.begin < range.end) result.push_back(range);
+    }
+    return result;
+  }
+
   SourceText source;
   Dialect dialect;
   Shape top;
   std::vector<Conditional> open;
+  std::vector<TextRange> defines;  ///< The `#define` lines of branches that might be read.
   std::vector<TextRange> dropped;
 };
 

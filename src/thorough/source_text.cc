@@ -19,7 +19,9 @@ DirectiveKind KindOf(std::string_view word) {
   if (word == "if") return DirectiveKind::If;
   if (word == "ifdef") return DirectiveKind::Ifdef;
   if (word == "ifndef") return DirectiveKind::Ifndef;
-  if (word == "elif" || word == "elifdef" || word == "elifndef") return DirectiveKind::Elif;
+  if (word == "elif") return DirectiveKind::Elif;
+  if (word == "elifdef") return DirectiveKind::Elifdef;
+  if (word == "elifndef") return DirectiveKind::Elifndef;
   if (word == "else") return DirectiveKind::Else;
   if (word == "endif") return DirectiveKind::Endif;
   if (word == "define") return DirectiveKind::Define;
@@ -60,6 +62,10 @@ std::size_t SourceText::EndOfDirective(std::size_t from) {
     } else if (c == '/' && text.substr(at).starts_with("//")) {
       at = std::min(text.find('\n', at), text.size());
       if (at < text.size() && text[at - 1] == '\\') ++at;
+    } else if (c == '"') {
+      at = SkipLiteral(at);
+    } else if (text.substr(at).starts_with("'\"'")) {
+      at += 3;
     } else {
       ++at;
     }
@@ -97,20 +103,22 @@ std::size_t SourceText::SkipComment(std::size_t from) {
   return past == kNone ? text.size() : past;
 }
 
+bool SourceText::IsPrefix(std::size_t end) const {
+  if (text.substr(0, end).ends_with("u8")) return end == 2 || !IsWord(text[end - 3]);
+  return text[end - 1] == 'L' || text[end - 1] == 'u' || text[end - 1] == 'U';
+}
+
 std::size_t SourceText::SkipLiteral(std::size_t from) {
   const char quote = text[from];
   const bool followsWord = from > 0 && IsWord(text[from - 1]);
-  // A digit separator, as in 1'000'000.
-  if (quote == '\'' && followsWord && text[from - 1] != 'L' && text[from - 1] != 'u' &&
-      text[from - 1] != 'U' && text[from - 1] != '8') {
-    return from + 1;
-  }
+  if (quote == '\'' && followsWord && !IsPrefix(from)) return from + 1;  // As in 1'000'000.
   if (quote == '"' && followsWord && text[from - 1] == 'R' && !noRawStringCloses) {
-    const std::size_t open = text.find('(', from);
     constexpr std::size_t kLongestDelimiter = 16;
-    if (open != kNone && open - from - 1 <= kLongestDelimiter) {
+    const std::size_t length = text.substr(from + 1, kLongestDelimiter + 1).find('(');
+    if (length != kNone) {
+      const std::size_t open = from + 1 + length;
       std::string close = ")";
-      close += text.substr(from + 1, open - from - 1);
+      close += text.substr(from + 1, length);
       close += '"';
       const std::size_t end = text.find(close, open);
       if (end != kNone) return end + close.size();

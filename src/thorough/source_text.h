@@ -14,6 +14,8 @@ enum class DirectiveKind : std::uint8_t {
   Ifdef,
   Ifndef,
   Elif,
+  Elifdef,
+  Elifndef,
   Else,
   Endif,
   Define,
@@ -74,13 +76,15 @@ class SourceText {
   std::size_t SkipComment(std::size_t from);
   /// One past the string or character literal at `from`, which may be raw.
   std::size_t SkipLiteral(std::size_t from);
+  /// True when the prefix of a character literal, as in `u8'a'`, ends just before `end`.
+  bool IsPrefix(std::size_t end) const;
   /// One past the next end of a comment from `from` on, or npos.
   std::size_t CommentClose(std::size_t from);
 
   std::string_view text;
   std::size_t at = 0;
   bool isLineStart = true;
-  // What is open for good is searched for once.
+  // Whether an earlier search ended without a result; it is not repeated.
   bool noCommentCloses = false;
   bool noRawStringCloses = false;
   Directive found;

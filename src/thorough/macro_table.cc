@@ -14,11 +14,11 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 constexpr std::size_t kLongestDefinition = 16384;
-/// More definitions of one name than this are of no use: the name is an X-macro.
+/// A name with more definitions than this is redefined for each use; further ones are ignored.
 constexpr int kMostDefinitions = 64;
 constexpr std::size_t kBlock = std::size_t{1} << 16;
 
-/// Keywords of compilers, and of languages next to C++, by the words of the vocabulary.
+/// Keywords of compilers and of related languages, in terms of the vocabulary.
 constexpr std::string_view kCompilerWords = R"(
 #define __extension__
 #define __inline inline
@@ -93,8 +93,8 @@ bool IsVersion(std::string_view name, std::string_view body) {
   return false;
 }
 
-/// True for a body that only names or calls something that is neither a keyword nor a macro by its
-/// looks: `puts`, `puts(text)`. It says nothing about declarations.
+/// True for a body that only names or calls something that is not a keyword and does not look like
+/// a macro: `puts`, `puts(text)`. It declares nothing.
 bool IsPlainAlias(const MacroDefinition& definition, std::string_view body) {
   std::size_t length = 0;
   bool hasLowerCase = false;
@@ -173,7 +173,7 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
   while (at < text.size() && IsWord(text[at])) ++at;
   const std::string_view name = text.substr(nameBegin, at - nameBegin);
 
-  // The logical line. A comment that goes on over the next lines belongs to it.
+  // The logical line, up to the first line end without a backslash before it.
   std::size_t end = at;
   for (;;) {
     const std::size_t newline = std::min(text.find('\n', end), text.size());
@@ -184,7 +184,8 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
     if (!continues) break;
     ++end;
   }
-  const std::string_view rest = text.substr(at, end - at);
+  std::string_view rest = text.substr(at, end - at);
+  if (rest.ends_with('\r')) rest.remove_suffix(1);
   if (rest.size() > kLongestDefinition) return end;
 
   MacroDefinition definition;
@@ -223,7 +224,7 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
       name != "__attribute__") {
     return end;
   }
-  // What compilers define stays, and the same again adds nothing.
+  // Words of compilers are never redefined, and a repeated definition adds nothing.
   const auto found = firsts.find(name);
   std::uint32_t last = 0;
   if (found != firsts.end()) {

@@ -14,16 +14,15 @@ namespace vexltags::thorough {
 
 /// One `#define`. Its text lives as long as the table.
 struct MacroDefinition {
-  std::string_view parameters;  ///< What is between its parentheses; of function-like macros only.
+  std::string_view parameters;  ///< The text between its parentheses, if function-like.
   std::string_view body;        ///< As written: with comments and continued lines.
   std::uint32_t file = 0;       ///< The number of the file that defines it.
   std::uint32_t next = 0;       ///< The next definition of the same name, 0 for none.
   bool isFunction = false;
 };
 
-/// Learns macros from texts and finds them by name. Bodies that can only be expressions are not
-/// kept, neither are definitions of words that the vocabulary or the lexer's lists have: nothing
-/// overrides those.
+/// Learns macros from texts and finds them by name. Ignores bodies that can only be expressions,
+/// and definitions of words of the vocabulary or of the lexer's lists, which nothing overrides.
 class MacroTable {
  public:
   /// Starts with the keywords of compilers that the vocabulary does not have.
@@ -31,19 +30,19 @@ class MacroTable {
   MacroTable(const MacroTable&) = delete;
   MacroTable& operator=(const MacroTable&) = delete;
 
-  /// Learns every `#define` of `text`, which is the file numbered `file`, and calls `include` with
-  /// the path of each `#include "path"`.
+  /// Learns every `#define` of `text`, the content of file number `file`, and calls `include` with
+  /// the path of each `#include "path"`, a view into `text`. Copies what it keeps.
   template <class Include>
   void Learn(std::string_view text, std::uint32_t file, Include include);
 
-  /// The first definition of `name` that was learned; null when there is none. It is good until
-  /// the table learns more.
+  /// Returns the first definition of `name`, which must not be empty; null when there is none. The
+  /// pointer is valid until the next call of `Learn`.
   const MacroDefinition* Find(std::string_view name) const {
     if (!MayHave(name)) return nullptr;
     const auto found = firsts.find(name);
     return found == firsts.end() ? nullptr : &definitions[found->second];
   }
-  /// The definition of the same name that was learned after `definition`; null after the last.
+  /// Returns the definition of the same name learned after `definition`; null after the last.
   const MacroDefinition* Next(const MacroDefinition& definition) const {
     return definition.next == 0 ? nullptr : &definitions[definition.next];
   }
@@ -52,7 +51,7 @@ class MacroTable {
   std::size_t Count() const { return definitions.size() - 1; }
 
  private:
-  /// A cheap test that says no to most words.
+  /// A cheap test that rules out most words.
   bool MayHave(std::string_view name) const { return filter[FilterPlace(name)]; }
   static std::size_t FilterPlace(std::string_view name) {
     const auto at = [&name](std::size_t i) { return static_cast<unsigned char>(name[i]); };

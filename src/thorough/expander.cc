@@ -42,7 +42,7 @@ std::string_view NamespaceIn(std::string_view body) {
   return rest.substr(0, length);
 }
 
-/// How much a definition can say about declarations.
+/// How likely a definition is to matter to declarations; greater is likelier.
 int RankOf(const MacroDefinition& definition, const MacroTable& macros) {
   if (definition.body.find_first_of("{};") != std::string_view::npos) {
     // A namespace with the name of a macro that no input defines is one that is switched off.
@@ -135,7 +135,7 @@ bool Expander::Expand(const MacroDefinition& definition,
 bool Expander::Substitute(const MacroBody& body, const std::vector<std::vector<Word>>& arguments,
                           unsigned line, std::vector<Word>& result) {
   static const std::vector<Word> kNothing;
-  // The words of an argument; a variadic parameter takes all that are left, with their commas.
+  // The words of an argument; a variadic parameter takes all remaining ones, with their commas.
   const auto argument = [&](std::int32_t number) {
     const auto place = static_cast<std::size_t>(number);
     std::vector<Word> words = place < arguments.size() ? arguments[place] : kNothing;
@@ -178,7 +178,9 @@ bool Expander::Substitute(const MacroBody& body, const std::vector<std::vector<W
         result.push_back(word);
       }
     } else if (token.type == kMacroHash && i + 1 < tokens.size() && tokens[i + 1].parameter >= 0) {
-      result.push_back(Stringify(argument(tokens[++i].parameter), line));
+      const std::vector<Word> words = argument(tokens[++i].parameter);
+      if (!Spend(words.size() + 1)) return false;
+      result.push_back(Stringify(words, line));
     } else if (token.parameter >= 0) {
       std::vector<Word> words = argument(token.parameter);
       if (!Spend(words.size() + 1)) return false;

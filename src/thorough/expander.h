@@ -18,23 +18,25 @@
 namespace vexltags::thorough {
 
 /// Expands macros for one file: arguments substituted, stringified and pasted, nested uses
-/// expanded, a macro never within itself. What a file's macros may cost is bounded; past that,
-/// nothing is expanded any more.
+/// expanded, a macro never within itself. Each file has a budget for all its expansions, counted in
+/// words; an expansion that exceeds what is left of it fails.
 class Expander {
  public:
   Expander(const MacroTable& table, MacroBodies& bodies) : macros(table), bodies(bodies) {}
 
-  /// To be called before each file. Texts of expansions live until the next call. `paths` names
-  /// the files by their numbers and must outlive the file.
+  /// Must be called before each file. Texts of expansions live until the next call. `paths` holds
+  /// the path of each file at its number, and must live as long.
   void BeginFile(std::uint32_t file, const std::vector<std::string>& paths);
 
-  /// The definition of `name` that serves this file best, with or without parameters; null for
-  /// none. A definition in this file comes first; among others one with braces or `;`, then one
-  /// that is empty, then the rest. Lower-case names are known in their own folder only.
+  /// Returns the definition of `name` that suits this file best, null if there is none. One in this
+  /// file comes first; then one with braces or `;`, then an empty one or `__attribute__`, then the
+  /// rest. Names with lower-case letters that do not begin with `_` are known only in their own
+  /// folder, in those that contain it and in those within it.
   const MacroDefinition* Find(std::string_view name) const;
 
   /// Appends to `result` what `definition` expands to, with one list of words for each argument.
-  /// All words are on `line`. False, with `result` as it was, when that costs more than is left.
+  /// All words are on `line`. Returns false and leaves `result` unchanged if this nests too deep or
+  /// exceeds the budget.
   bool Expand(const MacroDefinition& definition, const std::vector<std::vector<Word>>& arguments,
               unsigned line, std::vector<Word>& result);
 
@@ -60,7 +62,7 @@ class Expander {
 
   const MacroTable& macros;
   MacroBodies& bodies;
-  /// What `Find` has chosen for this file.
+  /// The choices of `Find` for this file.
   mutable std::unordered_map<const MacroDefinition*, const MacroDefinition*> choices;
   std::vector<const MacroDefinition*> active;
   std::deque<std::string> texts;
@@ -69,8 +71,8 @@ class Expander {
   const std::vector<std::string>* paths = nullptr;
 };
 
-/// Splits the words between a call's parentheses at its commas. `words` begins after the `(`; the
-/// result's second part is the number of words up to and with the closing `)`, 0 if there is none.
+/// Splits the words of a call at its commas, from index `from`, the one after the `(`. Returns the
+/// arguments and the number of words up to and including the closing `)`, 0 if there is none.
 std::pair<std::vector<std::vector<Word>>, std::size_t> SplitArguments(
     const std::vector<Word>& words, std::size_t from);
 

@@ -25,15 +25,15 @@ struct BodyToken {
   std::string_view text;
 };
 
-/// A definition that has been read.
+/// The body of a definition as tokens.
 struct MacroBody {
   std::vector<BodyToken> tokens;
   std::size_t parameterCount = 0;
   bool isFunction = false;
-  bool isVariadic = false;  ///< The last parameter takes all arguments that are left.
+  bool isVariadic = false;  ///< The last parameter takes all remaining arguments.
 };
 
-/// Reads bodies into tokens by the scanner of the C family, each once.
+/// Reads bodies into tokens with the scanner of the C family, each of them once.
 class MacroBodies {
  public:
   MacroBodies();
@@ -41,12 +41,12 @@ class MacroBodies {
   MacroBodies(const MacroBodies&) = delete;
   MacroBodies& operator=(const MacroBodies&) = delete;
 
-  /// The tokens of `definition`, which must outlive this object. What the lexer hides is left out:
-  /// comments, and annotations with their arguments.
-  /// The type of a token that the text makes; that of an identifier for one that it does not.
-  unsigned TypeOf(std::string_view text);
-
+  /// Returns the tokens of `definition`, which must outlive this object. What the lexer hides is
+  /// left out: comments, and annotations with their arguments.
   const MacroBody& Of(const MacroDefinition& definition);
+
+  /// Returns the type of the first token of `text`; that of an identifier if it has none.
+  unsigned TypeOf(std::string_view text);
 
  private:
   struct FreeStream {

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+// Removes macros without a definition from declarations.
+
+#include <algorithm>
+
+#include "thorough/declaration_repairer.h"
+#include "vocabulary/main_tokens.h"
+
+namespace vexltags::thorough {
+namespace {
+
+/// Words that begin the name of a type.
+bool BeginsType(unsigned type) {
+  return type == kMainId || IsBuiltInType(type) || IsClassKey(type) || type == kMainKw_enum ||
+         type == kMainKw_const || type == kMainKw_volatile || type == kMainKw_typename ||
+         type == kMainKw_auto || type == kMainKw_decltype || type == kMainScope;
+}
+
+/// True for a word that can follow a macro at the beginning of a declaration, but not the name of
+/// a type.
+bool BeginsDeclaration(unsigned type) {
+  return IsBuiltInType(type) || IsSpecifier(type) || IsClassKey(type) || type == kMainKw_enum ||
+         type == kMainKw_typename || type == kMainKw_auto || type == kMainKw_namespace ||
+         type == kMainKw_using || type == kMainTilde || type == kMainKw_template ||
+         type == kMainKw_decltype;
+}
+
+}  // namespace
+
+void DeclarationRepairer::RemoveMacrosBefore() {
+  std::size_t i = 0;
+  if (TypeAt(0) == kMainKw_template) i = Outline(words).begin;
+  RemoveMacroLines(i);
+  RemoveMadeTemplateHead();
+  // A call of one, followed by the rest of a declaration.
+  for (;;) {
+    while (IsSpecifier(TypeAt(i)) || TypeAt(i) == kMainKw_const) ++i;
+    if (TypeAt(i) == kMainId && TypeAt(i + 1) == kMainLParen) {
+      const std::size_t past = PastBracket(words, i + 1);
+      const unsigned after = TypeAt(past);
+      // A macro that makes a type.
+      if (after == kMainStar ||
+          (after == kMainId && !LooksLikeMacro(words[past]) && !LooksLikeMacro(words[i]))) {
+        Erase(i + 1, past);
+        break;
+      }
+      if (!LooksLikeMacro(words[i])) break;
+      const bool goesOn =
+          (BeginsType(after) && after != kMainKw_const && after != kMainKw_volatile) ||
+          IsSpecifier(after) || after == kMainTilde;
+      if (!goesOn) break;
+      Erase(i, past);
+      continue;
+    }
+    if (TypeAt(i) != kMainId) break;
+    // A name directly before a word that cannot follow the name of a type.
+    const unsigned after = TypeAt(i + 1);
+    if (BeginsDeclaration(after) && after != kMainKw_constexpr) {
+      Erase(i, i + 1);
+      continue;
+    }
+    if ((after == kMainKw_const || after == kMainKw_volatile) && LooksLikeMacro(words[i]) &&
+        BeginsType(TypeAt(i + 2)) && BeginsType(TypeAt(i + 3))) {
+      Erase(i, i + 1);
+      continue;
+    }
+    break;
+  }
+  RemoveThirdNames(i);
+}
+
+void DeclarationRepairer::RemoveMadeTemplateHead() {
+  if ((TypeAt(0) != kMainKw_template && TypeAt(0) != kMainId) || TypeAt(1) != kMainLParen) return;
+  std::size_t past = PastBracket(words, 1);
+  if (TypeAt(past) != kMainLParen) return;
+  past = PastBracket(words, past);
+  const unsigned after = TypeAt(past);
+  const bool hasTypes = TypeAt(2) == kMainKw_typename || TypeAt(2) == kMainKw_class;
+  if (hasTypes && (BeginsType(after) || BeginsDeclaration(after))) Erase(0, past);
+}
+
+void DeclarationRepairer::RemoveMacroLines(std::size_t at) {
+  while (at + 1 < words.size() && LooksLikeMacro(words[at]) &&
+         words[at + 1].line > words[at].line && TypeAt(at + 1) != kMainLParen &&
+         !(TypeAt(at + 1) == kMainId && TypeAt(at + 2) == kMainLParen) &&
+         TypeAt(at + 1) != kMainStar && TypeAt(at + 1) != kMainSemicolon) {
+    Erase(at, at + 1);
+  }
+  std::size_t past = at;
+  while (past < words.size() && LooksLikeMacro(words[past])) ++past;
+  if (past > at + 1 && BeginsDeclaration(TypeAt(past))) Erase(at, past);
+}
+
+void DeclarationRepairer::RemoveThirdNames(std::size_t from) {
+  std::size_t i = from;
+  while (i < words.size()) {
+    const unsigned type = TypeAt(i);
+    if (type == kMainLParen || type == kMainAssign || type == kMainSemicolon ||
+        type == kMainLCurly || type == kMainKw_operator || type == kMainColon ||
+        type == kMainComma) {
+      return;
+    }
+    if (type == kMainLess && i > 0 && TypeAt(i - 1) == kMainId) {
+      i = std::max(PastAngle(words, i), i + 1);
+      continue;
+    }
+    const bool isPair = type == kMainId && TypeAt(i + 1) == kMainId;
+    if (!isPair) {
+      ++i;
+      continue;
+    }
+    // `a b c`, `int a b`, `a* b c`, `a b ::c`: one of a and b is a macro.
+    const unsigned before = i > 0 ? TypeAt(i - 1) : 0;
+    const bool hasTypeBefore =
+        i > from && (IsBuiltInType(before) || before == kMainStar || before == kMainAmpersand ||
+                     before == kMainGreater || before == kMainAnd);
+    const bool hasThird =
+        TypeAt(i + 2) == kMainId || TypeAt(i + 2) == kMainKw_operator ||
+        (TypeAt(i + 2) == kMainStar && LooksLikeMacro(words[i]) && i == from) ||
+        (TypeAt(i + 2) == kMainAmpersand && LooksLikeMacro(words[i]) && i == from) ||
+        (TypeAt(i + 2) == kMainLess && LooksLikeMacro(words[i])) ||
+        (TypeAt(i + 2) == kMainScope && LooksLikeMacro(words[i]));
+    if (hasTypeBefore && LooksLikeMacro(words[i + 1]) && !LooksLikeMacro(words[i])) {
+      // `int name MACRO`
+      if (TypeAt(i + 2) != kMainLParen || TypeAt(i + 3) == kMainRParen) {
+        Erase(i + 1, i + 2);
+        continue;
+      }
+      Erase(i + 1, PastBracket(words, i + 2));
+      continue;
+    }
+    if (hasTypeBefore) {
+      Erase(i, i + 1);
+      continue;
+    }
+    if (hasThird) {
+      if (LooksLikeMacro(words[i + 2]) && !LooksLikeMacro(words[i + 1]) &&
+          !LooksLikeMacro(words[i])) {
+        Erase(i + 2, TypeAt(i + 3) == kMainLParen && TypeAt(i + 4) == kMainStringLiteral
+                         ? PastBracket(words, i + 3)
+                         : i + 3);
+      } else if (LooksLikeMacro(words[i + 1]) && !LooksLikeMacro(words[i])) {
+        Erase(i + 1, i + 2);
+      } else {
+        Erase(i, i + 1);
+      }
+      continue;
+    }
+    // `type name MACRO;`
+    i += 2;
+  }
+}
+
+void DeclarationRepairer::RemoveTrailingMacros() {
+  for (;;) {
+    if (words.size() < 4 || TypeAt(words.size() - 1) != kMainSemicolon) return;
+    std::size_t at = words.size() - 2;
+    if (TypeAt(at) == kMainRParen) {
+      int depth = 0;
+      while (at > 0) {
+        if (TypeAt(at) == kMainRParen) ++depth;
+        if (TypeAt(at) == kMainLParen && --depth == 0) break;
+        --at;
+      }
+      if (at < 3) return;
+      --at;
+    }
+    if (TypeAt(at) != kMainId) return;
+    const unsigned before = TypeAt(at - 1);
+    if (before == kMainRParen) {
+      int depth = 0;
+      std::size_t open = at - 1;
+      while (open > 0) {
+        if (TypeAt(open) == kMainRParen) ++depth;
+        if (TypeAt(open) == kMainLParen && --depth == 0) break;
+        --open;
+      }
+      // The name after the type `decltype(...)`, or after one that a macro makes.
+      if (open == 0 || TypeAt(open - 1) == kMainKw_decltype || open == 1) return;
+    }
+    const bool isExtra = before == kMainRParen || before == kMainRSquare ||
+                         (before == kMainId && at >= 3 &&
+                          (TypeAt(at - 2) == kMainId || TypeAt(at - 2) == kMainStar ||
+                           IsBuiltInType(TypeAt(at - 2)) || TypeAt(at - 2) == kMainGreater ||
+                           TypeAt(at - 2) == kMainAmpersand || TypeAt(at - 2) == kMainComma));
+    if (!isExtra) return;
+    Erase(at, words.size() - 1);
+  }
+}
+
+bool DeclarationRepairer::IsMacroCall(const Outline& outline) const {
+  if (outline.params != 1 || TypeAt(0) != kMainId || outline.operatorWord != kNoWord) {
+    return false;
+  }
+  if (end == DeclarationEnd::Body)
+    return LooksLikeMacro(words[0]) && words[0].text != place.className;
+  if (place.inClass && words[0].text == place.className) return false;
+  const unsigned after = TypeAt(outline.pastParams);
+  const bool ends = outline.pastParams >= words.size() || after == kMainSemicolon;
+  if (!ends) return false;
+  return true;
+}
+
+}  // namespace vexltags::thorough

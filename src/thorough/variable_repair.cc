@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+// Repairs variables and typedefs.
+
+#include <algorithm>
+
+#include "thorough/declaration_repairer.h"
+#include "vocabulary/main_tokens.h"
+
+namespace vexltags::thorough {
+
+void DeclarationRepairer::RepairTail() {
+  CutInitializer(1);
+  RemoveLeadingScopes();
+  // A macro with arguments.
+  while (TypeAt(1) == kMainId && TypeAt(2) == kMainLParen) Erase(1, PastBracket(words, 2));
+  // `} __attribute__((...)) const name;`
+  while (TypeAt(1) == kMainKw_const || TypeAt(1) == kMainKw_volatile ||
+         TypeAt(1) == kMainKw_static || TypeAt(1) == kMainKw_inline ||
+         TypeAt(1) == kMainKw_constexpr) {
+    Erase(1, 2);
+  }
+  // Words that look like macros between the brace and the first name.
+  while (words.size() > 3 && LooksLikeMacro(words[1]) &&
+         (TypeAt(2) == kMainId || TypeAt(2) == kMainStar)) {
+    Erase(1, 2);
+  }
+  // A macro after the last name.
+  while (words.size() > 3 && TypeAt(words.size() - 1) == kMainSemicolon &&
+         LooksLikeMacro(words[words.size() - 2]) && TypeAt(words.size() - 3) == kMainId) {
+    Erase(words.size() - 2, words.size() - 1);
+  }
+}
+
+void DeclarationRepairer::RepairVariable(const Outline& outline) {
+  const unsigned first = TypeAt(0);
+  if (first == kMainKw_typedef) return RepairTypedef(outline);
+  if (outline.classKey == kNoWord) RemoveDefaults();
+  if (TypeAt(outline.begin) == kMainKw_concept) return RepairConcept(outline);
+  if (TypeAt(outline.begin) == kMainKw_namespace || first == kMainKw_namespace) return;
+  // A bit field: its width is no part of a tag. One without a name is none.
+  if (outline.colon != kNoWord && outline.params == kNoWord && place.inClass &&
+      outline.colon + 1 < words.size() && TypeAt(0) != kMainKw_public &&
+      TypeAt(0) != kMainKw_protected && TypeAt(0) != kMainKw_private && outline.colon > 0) {
+    if (TypeAt(outline.colon - 1) != kMainId || outline.colon == 1) {
+      Erase(0, words.size());
+      return;
+    }
+    for (std::size_t i = outline.colon; i < words.size();) {
+      if (TypeAt(i) == kMainColon) {
+        std::size_t stop = i + 1;
+        while (stop < words.size() && TypeAt(stop) != kMainComma &&
+               TypeAt(stop) != kMainSemicolon) {
+          stop = TypeAt(stop) == kMainLParen ? PastBracket(words, stop) : stop + 1;
+        }
+        Erase(i, stop);
+      }
+      ++i;
+    }
+    return;
+  }
+  CutInitializer(outline.begin);
+  RemoveTrailingMacros();
+  RemoveNameArguments(outline.begin);
+}
+
+void DeclarationRepairer::RemoveNameArguments(std::size_t begin) {
+  const std::size_t last = words.size() - 1;
+  if (begin == 0 || TypeAt(last) != kMainSemicolon || TypeAt(last - 1) != kMainGreater) return;
+  for (std::size_t i = begin + 1; i < last; ++i) {
+    if (TypeAt(i) == kMainLess && TypeAt(i - 1) == kMainId) {
+      const std::size_t past = PastAngle(words, i);
+      if (past == last && i >= begin + 2) return Erase(i, past);
+      if (past != i) i = past - 1;
+    }
+  }
+}
+
+void DeclarationRepairer::RepairTypedef(const Outline& outline) {
+  RemoveTrailingMacros();
+  const std::size_t last = words.size() - 1;
+  if (TypeAt(last) != kMainSemicolon || outline.comma != kNoWord || outline.classKey != kNoWord ||
+      outline.operatorWord != kNoWord || last < 3) {
+    return;
+  }
+  std::size_t name = last - 1;
+  if (outline.pointer != kNoWord) {
+    // The last name in the parentheses.
+    name = PastBracket(words, outline.pointer) - 1;
+    while (name > outline.pointer && TypeAt(name) != kMainId) --name;
+  } else if (outline.params != kNoWord) {
+    name = outline.params - 1;
+    if (TypeAt(name) == kMainRParen) --name;
+  } else {
+    while (name > 1 && TypeAt(name) == kMainRSquare) {
+      while (name > 1 && TypeAt(name) != kMainLSquare) --name;
+      --name;
+    }
+  }
+  if (name < 2 || TypeAt(name) != kMainId) return;
+  Erase(name + 1, last);
+  if (name == 2 && TypeAt(1) == kMainKw_int) return;
+  Erase(1, name);
+  Insert(1, kMainKw_int, "int");
+}
+
+void DeclarationRepairer::CutInitializer(std::size_t from) {
+  const std::size_t last = words.size() - 1;
+  if (TypeAt(last) != kMainSemicolon) return;
+  std::size_t i = from;
+  while (i < last) {
+    const unsigned type = TypeAt(i);
+    if (type == kMainLParen || type == kMainLSquare) {
+      i = PastBracket(words, i);
+      continue;
+    }
+    if (type == kMainLess && i > 0 && TypeAt(i - 1) == kMainId) {
+      i = std::max(PastAngle(words, i), i + 1);
+      continue;
+    }
+    if (type == kMainKw_operator) return;
+    if (type == kMainAssign || type == kMainLCurly) break;
+    ++i;
+  }
+  if (i >= last) return;
+  // Up to the next declarator.
+  std::size_t stop = i;
+  while (stop < last && TypeAt(stop) != kMainComma) {
+    const unsigned type = TypeAt(stop);
+    if (type == kMainLParen || type == kMainLSquare) {
+      stop = PastBracket(words, stop);
+    } else if (type == kMainLess && TypeAt(stop - 1) == kMainId) {
+      stop = std::max(PastAngle(words, stop), stop + 1);
+    } else {
+      ++stop;
+    }
+  }
+  stop = std::min(stop, last);
+  Erase(i, stop);
+  if (TypeAt(i) == kMainComma) CutInitializer(i + 1);
+}
+
+void DeclarationRepairer::RemoveDefaults() {
+  int depth = 0;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const unsigned type = TypeAt(i);
+    if (type == kMainLParen) ++depth;
+    if (type == kMainRParen) --depth;
+    if (type != kMainAssign || depth == 0) continue;
+    std::size_t stop = i + 1;
+    while (stop < words.size() && TypeAt(stop) != kMainComma && TypeAt(stop) != kMainRParen) {
+      const unsigned inside = TypeAt(stop);
+      if (inside == kMainLParen || inside == kMainLSquare) {
+        stop = PastBracket(words, stop);
+      } else if (inside == kMainLess && TypeAt(stop - 1) == kMainId) {
+        stop = std::max(PastAngle(words, stop), stop + 1);
+      } else {
+        ++stop;
+      }
+    }
+    Erase(i, std::min(stop, words.size()));
+    --i;
+  }
+}
+
+}  // namespace vexltags::thorough

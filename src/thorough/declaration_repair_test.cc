@@ -93,6 +93,7 @@ TEST(DeclarationRepair, ReducesEnumsToNames) {
                  {"enum class A : unsigned char { B };", "enum class A { B } ;"},
                  {"enum EXPORT A { B };", "enum A { B } ;"},
                  {"enum a::B { C };", "enum B { C } ;"},
+                 {"enum class a::b::C { D };", "enum class C { D } ;"},
                  {"static enum A { B };", "enum A { B } ;"},
                  {"enum : int { B };", "enum { B } ;"}});
 }

@@ -36,13 +36,9 @@ void DeclarationRepairer::RepairEnum() {
       colon = TypeAt(colon) == kMainLParen ? std::min(PastBracket(words, colon), open) : colon + 1;
     }
     Erase(colon, open);  // The type below has no place in a tag.
-    const std::size_t pastName = KeepOneName(name, colon);
-    // A qualified name: the last of its words.
-    while (pastName - name > 2 && TypeAt(name + 2) == kMainScope) {
-      open = name;  // Recomputed below.
-      Erase(name + 1, name + 3);
-      break;
-    }
+    KeepOneName(name, colon);
+    // Of a qualified name, the grammar reads the last word.
+    while (TypeAt(name + 1) == kMainId && TypeAt(name + 2) == kMainScope) Erase(name + 1, name + 3);
     open = name;
     while (open < words.size() && TypeAt(open) != kMainLCurly) ++open;
   } else {

@@ -173,6 +173,8 @@ TEST(DeclarationRepair, ReducesFunctions) {
                 {{"int f(int a, B b = {1, 2}) noexcept(true) { return 1; }", "int f ( ) {}"},
                  {"A::A(int b) : c(b) {}", "A :: A ( ) {}"},
                  {"int (f)(int a) {}", "int f ( ) {}"},
+                 {"template(typename T)(requires B<T>) void f(T) {}", "void f ( ) {}"},
+                 {"MAKE_TEMPLATE(typename T)(requires B<T>) void f(T) {}", "void f ( ) {}"},
                  {"template <class T> requires B<T> void f(T) {}", "template < > void f ( ) {}"}});
   ExpectRepairs(DeclarationEnd::Semicolon, kInClass,
                 {{"virtual void f(int) const = 0;", "virtual void f ( ) ;"},

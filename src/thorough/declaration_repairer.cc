@@ -61,7 +61,9 @@ bool DeclarationRepairer::Run() {
 void DeclarationRepairer::RepairPlain() {
   // An explicit instantiation declares nothing new.
   const bool isExtern = TypeAt(0) == kMainKw_extern && TypeAt(1) == kMainKw_template;
-  if (isExtern || (TypeAt(0) == kMainKw_template && TypeAt(1) != kMainLess)) {
+  const bool isInstantiation =
+      TypeAt(0) == kMainKw_template && TypeAt(1) != kMainLess && TypeAt(1) != kMainLParen;
+  if (isExtern || isInstantiation) {
     return Erase(0, words.size());
   }
   if (place.dialect != Dialect::C) RetypeNames();

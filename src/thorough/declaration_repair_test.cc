@@ -112,6 +112,7 @@ TEST(DeclarationRepair, SplitsTheNamesAfterAnEnum) {
                  {"typedef enum A { B } C, D;", "typedef enum A { B } C ; typedef int D ;"},
                  {"typedef enum { B } OLD A;", "typedef enum { B } A ;"},
                  {"enum A { B } c;", "enum A { B } ; int c ;"},
+                 {"enum A { B = 1 } c;", "enum A { B } ; int c ;"},
                  {"static enum A { B } c, *d;", "enum A { B } ; int c ; int d ;"}});
 }
 

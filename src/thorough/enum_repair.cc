@@ -80,10 +80,9 @@ void DeclarationRepairer::RepairEnumerators(std::size_t open) {
   const std::size_t close = i;
   if (close < words.size()) kept.push_back(words[close]);
   RepairEnumTail(close + 1, kept);
-  if (kept.size() != words.size()) {
-    words = std::move(kept);
-    changed = true;
-  }
+  // A declaration added after the enum can make up for words removed from it.
+  changed |= kept.size() != words.size();
+  words = std::move(kept);
 }
 
 void DeclarationRepairer::RepairEnumTail(std::size_t from, Words& kept) {

@@ -9,7 +9,7 @@ import json
 import sys
 
 LEFT, BARS, RIGHT = 210, 380, 150
-BAR, GAP, TOP = 9, 9, 84
+BAR, GAP, TOP = 12, 10, 84
 COLOURS = ("ctags", "plain", "thorough")
 STYLE = """  <style>
     text { font: 13px system-ui, sans-serif; fill: #24292f }

@@ -15,6 +15,10 @@ _vexltags() {
       --tag-relative | --cannonical-paths | --append | --checkForFilesWithAbortedParse)
         COMPREPLY=($(compgen -W 'yes no' -- "$cur"))
         ;;
+      --macros)
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -f -- "$cur")
+        ;;
     esac
     return
   fi
@@ -31,7 +35,8 @@ _vexltags() {
       -h --help -v --version --dumpErrors --debugDump --debugDumpFilenames
       --debugDumpFilesWithHugeOutput --time --tag-relative --cannonical-paths
       --checkForFilesWithAbortedParse --reportIfLonger= --abortIfLonger= --sort= --append
-      --filterToken -I -L -f --exclude --c-kinds --excmd=number --language-force' -- "$cur"))
+      --filterToken -I -L -f --exclude --c-kinds --excmd=number --language-force
+      --thorough --macros=' -- "$cur"))
     [[ ${COMPREPLY[0]-} == *= ]] && compopt -o nospace 2>/dev/null
     return
   fi

@@ -22,6 +22,9 @@ complete -c vexltags -n $option -a '--append --append=yes --append=no' -d 'Keep 
 complete -c vexltags -x -s I -l filterToken -d 'Comma-separated tokens to ignore'
 complete -c vexltags -r -F -s L -d 'Read input paths from a file, - for standard input'
 complete -c vexltags -r -F -s f -d 'Write to a file, - for standard output'
+complete -c vexltags -l thorough -d 'Find more declarations than the plain rules do'
+complete -c vexltags -n $option -a '--macros=' -d 'With --thorough, learn macros from a file or folder'
+complete -c vexltags -n 'string match -q -- "--macros=*" (commandline -ct)' -a "--macros=(__fish_complete_path (string replace -- --macros= '' (commandline -ct)))"
 complete -c vexltags -l exclude -d 'Ignored, with a message'
 complete -c vexltags -l c-kinds -d 'Ignored'
 complete -c vexltags -l excmd=number -d 'Ignored'

@@ -28,7 +28,8 @@ install(CODE "
        DESTINATION \${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/zsh/\${_folder})")
 
 install(FILES CHANGELOG.md doc/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES doc/tags-format.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/doc)
+install(FILES doc/tags-format.md doc/why-is-my-tag-missing.md
+        DESTINATION ${CMAKE_INSTALL_DOCDIR}/doc)
 install(DIRECTORY editors DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY hooks DESTINATION ${CMAKE_INSTALL_DOCDIR} USE_SOURCE_PERMISSIONS)
 

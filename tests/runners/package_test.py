@@ -23,6 +23,7 @@ FILES = (
     "share/fish/vendor_completions.d/vexltags-portable.fish",
     "share/doc/vexltags/copyright",
     "share/doc/vexltags/doc/tags-format.md",
+    "share/doc/vexltags/doc/why-is-my-tag-missing.md",
     "share/doc/vexltags/editors/vim.md",
     "share/doc/vexltags/editors/vexltags.vim",
     "share/doc/vexltags/editors/vexltags.el",

@@ -37,7 +37,8 @@ class FakeParser : public ItemParser {
   TokenTable& tokens;
 };
 
-/// Where `Resuming` finds items among tokens: `i` for one that is an item, anything else for not.
+/// Where `ParseResuming` finds items among tokens: `i` for one that is an item, anything else for
+/// not.
 std::vector<std::size_t> ItemsOf(std::string text) {
   unsigned char name[] = "test";
   const auto size = static_cast<ANTLR3_UINT32>(text.size());
@@ -52,10 +53,7 @@ std::vector<std::size_t> ItemsOf(std::string text) {
     }
     tokens.Finish(1);
     FakeParser parser(tokens);
-    Resuming reading;
-    reading.PrepareText(input);
-    reading.PrepareTokens(tokens);
-    reading.Parse(parser);
+    ParseResuming(parser);
     EXPECT_EQ(tokens.Position(), tokens.Count()) << text;
     items = parser.items;
   }

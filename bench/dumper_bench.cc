@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Benchmarks the tag sink: collecting, sorting and writing tag lines.
+// Benchmarks the tag sink: writing, collecting and sorting tag lines.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
@@ -9,6 +9,7 @@
 
 #include "base/options.h"
 #include "output/dumper.h"
+#include "parserstate/tag.h"
 
 namespace {
 
@@ -45,21 +46,24 @@ void Collect(benchmark::State& state) {
 }
 BENCHMARK(Collect);
 
-/// Collects lines in several pieces, as the tag builders print them.
-void CollectPieces(benchmark::State& state) {
+/// Collects the lines of tags, as the tag builders write them.
+void CollectTags(benchmark::State& state) {
   for (auto step : state) {
     vexltags::Dumper dumper;
     for (std::size_t i = 0; i < kLines; ++i) {
-      dumper.PrintFormat("%s\t%s\t%d;\"\t%c", "some_function_name", "/usr/include/library/part.h",
-                         static_cast<int>(i), 'p');
-      dumper.Print("\tclass:ns::Holder");
-      dumper.Print("\n");
+      vexltags::Tag tag;
+      tag.name = "some_function_name";
+      tag.file = "/usr/include/library/part.h";
+      tag.line = static_cast<std::int32_t>(i) + 1;
+      tag.kind = 'p';
+      tag.fields[0] = vexltags::ScopeField("class", "ns::Holder");
+      vexltags::WriteTag(dumper, tag);
     }
     benchmark::DoNotOptimize(dumper.Lines().size());
   }
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(kLines));
 }
-BENCHMARK(CollectPieces);
+BENCHMARK(CollectTags);
 
 /// Collects the lines, sorts them in order `range(0)` and writes them to /dev/null. Subtract
 /// `Collect` to get the time of sorting and writing.

@@ -92,6 +92,14 @@ TEST(ScanMain, ReadsWholeNumbers) {
   EXPECT_EQ(Scan("1.5lf").tokens, (Tokens{"55:1:1.5l", "14:1:f"}));
 }
 
+TEST(ScanMain, ReadsNothingAfterTheText) {
+  for (const char* number : {"7", "0x1F", "1'0", "1.5", "1.5e10", "1L", "1.5f"}) {
+    EXPECT_EQ(Scan(number).tokens, Tokens{std::string("55:1:") + number}) << number;
+  }
+  EXPECT_EQ(Scan("#  ").stopped, 0U);
+  EXPECT_EQ(Scan("a ").stopped, 2U);
+}
+
 TEST(ScanMain, ReadsLiterals) {
   EXPECT_EQ(Scan("\"a\\\"b\" c").tokens, (Tokens{"57:1:\"a\\\"b\"", "14:1:c"}));
   EXPECT_EQ(Scan("\"a\\\nb\" c").tokens, (Tokens{"57:1:\"a\\\nb\"", "14:2:c"}));

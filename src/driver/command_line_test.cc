@@ -232,10 +232,19 @@ TEST(ScanCommandLine, TruncatesSecondsToMicroseconds) {
     const char* value;
     std::int64_t expected;
   } cases[] = {
-      {"=1.5", 1500000},      {"=0", 0},           {"=abc", 0},
-      {"=a=2", 2000000},      {"=0.0000019", 1},   {"=-2", -2000000},
-      {"=-0.0000019", -1},    {"=nan", 0},         {"=1e300", INT64_MAX},
-      {"=-1e300", INT64_MIN}, {"=inf", INT64_MAX}, {"ish=3", 3000000},
+      {"=1.5", 1500000},
+      {"=0", 0},
+      {"=abc", 0},
+      {"=a=2", 2000000},
+      {"=0.0000019", 1},
+      {"=-2", -2000000},
+      {"=-0.0000019", -1},
+      {"=nan", 0},
+      {"=1e300", INT64_MAX},
+      {"=-1e300", INT64_MIN},
+      {"=inf", INT64_MAX},
+      {"ish=3", 3000000},
+      {"=9223372036854.775", INT64_MAX},  // In microseconds it rounds to 2^63.
   };
   for (const auto& c : cases) {
     const std::string value = c.value;

@@ -26,6 +26,7 @@ TEST(LastLineObserver, KeepsTheLargestNumber) {
   EXPECT_EQ(LastLineOf({}), -1);
   EXPECT_EQ(LastLineOf({"a\tf\t7;\"\tf\n"}), 7);
   EXPECT_EQ(LastLineOf({"a\tf\t7;\"\tf\n", "b\tf\t30;\"\tf\n", "c\tf\t9;\"\tf\n"}), 30);
+  EXPECT_EQ(LastLineOf({"a\tf\t1234567890;\"\tf\n"}), 1234567890);
 }
 
 TEST(LastLineObserver, IgnoresLinesThatAreNotTags) {

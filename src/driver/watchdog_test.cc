@@ -89,6 +89,13 @@ TEST(WatchDog, WakesUpForQuit) {
   thread.join();
 }
 
+TEST(WatchDog, DoesNotWaitAfterQuit) {
+  Startup startup;
+  const auto watchDog = std::make_shared<WatchDog>(startup, kNever, nullptr);
+  watchDog->Quit();
+  watchDog->Run();
+}
+
 TEST(WatchDog, ReturnsWithoutAnAborter) {
   Startup startup;
   const auto watchDog = std::make_shared<WatchDog>(startup, 1us, nullptr);

@@ -150,5 +150,25 @@ TEST(ErrorRecovery, AgreesWithTheRuntime) {
   }
 }
 
+TEST(FailForDepth, IsASyntaxErrorOutsideSpeculativeParses) {
+  Parser parser("abc", true);
+  const pANTLR3_RECOGNIZER_SHARED_STATE state = parser.Recognizer()->state;
+  FailForDepth(parser.Recognizer());
+  EXPECT_TRUE(state->error);
+  ASSERT_NE(state->exception, nullptr);
+  EXPECT_EQ(state->exception->type, static_cast<ANTLR3_UINT32>(ANTLR3_NO_VIABLE_ALT_EXCEPTION));
+  EXPECT_FALSE(state->failed);
+}
+
+TEST(FailForDepth, OnlyFailsASpeculativeParse) {
+  Parser parser("abc", true);
+  const pANTLR3_RECOGNIZER_SHARED_STATE state = parser.Recognizer()->state;
+  state->backtracking = 1;
+  FailForDepth(parser.Recognizer());
+  EXPECT_TRUE(state->failed);
+  EXPECT_FALSE(state->error);
+  state->backtracking = 0;
+}
+
 }  // namespace
 }  // namespace vexltags

@@ -6,13 +6,6 @@
 
 namespace vexltags {
 
-pANTLR3_BITSET_LIST FollowStack::AllTypes() {
-  constexpr ANTLR3_BITWORD kAll = ~ANTLR3_BITWORD{0};
-  static ANTLR3_BITWORD words[kWords] = {kAll, kAll, kAll, kAll};
-  static ANTLR3_BITSET_LIST set = {words, kWords};
-  return &set;
-}
-
 FollowStack::Union FollowStack::All() {
   if (size == 0) return {};
   if (made.size() < size) made.resize(std::max(size, 2 * made.size()));

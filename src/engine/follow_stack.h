@@ -36,9 +36,6 @@ class FollowStack {
     }
   }
 
-  /// Returns a set of all token types, to be pushed.
-  static pANTLR3_BITSET_LIST AllTypes();
-
   /// Pushes a set of the generated code, which outlives the stack.
   void Push(pANTLR3_BITSET_LIST set) {
     if (size == sets.size()) sets.resize(2 * size + 64);

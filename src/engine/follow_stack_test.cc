@@ -36,14 +36,6 @@ TEST_F(FollowStackTest, SetsContainTokenTypes) {
   EXPECT_TRUE(FollowStack::Has(set, 1));
 }
 
-TEST_F(FollowStackTest, HasASetOfAllTypes) {
-  stack.Push(FollowStack::AllTypes());
-  for (unsigned type = 0; type < FollowStack::kTypes; ++type) {
-    EXPECT_TRUE(FollowStack::Has(stack.All(), type)) << type;
-  }
-  EXPECT_FALSE(FollowStack::Has(stack.All(), FollowStack::kTypes));
-}
-
 TEST_F(FollowStackTest, UnitesSetsOfAnyLength) {
   stack.Push(&low);
   EXPECT_EQ(stack.All(), (FollowStack::Union{0x12}));

@@ -145,29 +145,6 @@ class RuleMemo {
   SpeculativeParse<kRule, Context> parse;
 };
 
-/// The outcome of a speculative parse of one item.
-struct ItemTrial {
-  bool parses;  ///< The whole item parsed.
-  bool begins;  ///< Its first token matched, if nothing more.
-};
-
-/// Parses one item speculatively from the current token on, by its rule `item`.
-template <class Context, class Rule>
-ItemTrial TryOneItem(Context* ctx, Rule item) {
-  pANTLR3_RECOGNIZER_SHARED_STATE state = ctx->pParser->rec->state;
-  const std::size_t token = PositionOf(ctx);
-  const ANTLR3_BOOLEAN inRecovery = state->errorRecovery;
-  state->errorRecovery = ANTLR3_TRUE;  // Cleared by the first token that matches.
-  state->backtracking++;
-  item(ctx);
-  const ItemTrial result = {!state->failed, state->errorRecovery == ANTLR3_FALSE};
-  SeekTo(ctx, token);
-  state->backtracking--;
-  state->failed = ANTLR3_FALSE;
-  state->errorRecovery = inRecovery;
-  return result;
-}
-
 /// Evaluates a predicate of a lexer. Its outcome is not kept, since it is needed only once.
 template <class Context>
 ANTLR3_BOOLEAN RunLexerTrial(Context* ctx, void (*fragment)(Context*)) {

@@ -11,7 +11,7 @@
 
 namespace vexltags {
 
-/// The parser of one file, driven item by item by a `Reading`. An item is one repetition in the
+/// The parser of one file, driven by a `Reading`. An item is one repetition in the
 /// grammar's start rule: a declaration, a brace, a directive.
 class ItemParser {
  public:
@@ -22,13 +22,6 @@ class ItemParser {
   /// Reads items from the current token until none can begin, like the start rule without the end
   /// of the file. If the file has exceeded its time limit, seeks to its end.
   virtual void ReadItems() = 0;
-  /// Reads one item and returns whether it had no syntax error. After an error the position is
-  /// within the item or directly after it.
-  virtual bool ReadItem() = 0;
-  /// Returns whether an item parses at the current token. The parse is speculative: it runs no
-  /// actions and keeps the position. Its outcome can be memoised, so tokens must not change
-  /// afterwards.
-  virtual bool ItemParses() = 0;
 
   /// Returns the tag builder of the file, which must be a `Builder`.
   template <class Builder>

@@ -30,8 +30,7 @@ namespace vexltags {
 ///   for one file);
 /// - NewLexer(input) and NewParser(tokens), the generated constructors, null on lack of memory;
 /// - Start(parser), which calls the start rule;
-/// - ReadItems(parser) and ReadItem(parser), which call the rules of a run of items and of one, and
-///   TryItem(parser), which calls `NAMETryItem` (trials.cc.in);
+/// - ReadItems(parser), which calls the rule of a run of items;
 /// - Attach(lexer), which sets the other members of the lexer's context, for a new file;
 /// - kFiltersTokens: whether the words of `-I` go into the file's filter set;
 /// - kKeepsNeighbours: whether the parser needs the hidden neighbours of tokens;

@@ -48,8 +48,6 @@ using namespace vexltags;
 @parser::members {
 #include "engine/recognizer_support.h"
 
-#define VEXL_ITEM inputToken1
-
 // Evaluated directly after a LESSTHAN: only one that follows a name opens a template argument list.
 static bool LooksLikeTemplateOpener(pmainParser ctx) { return TypeBehind(ctx, 2) == ID; }
 }

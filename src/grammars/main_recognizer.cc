@@ -9,8 +9,6 @@
 #include "mainLexer.h"
 #include "mainParser.h"
 
-vexltags::ItemTrial mainTryItem(void* parser);  // In main_trials.cc.
-
 namespace vexltags {
 namespace {
 
@@ -31,8 +29,6 @@ struct MainGrammar {
   }
   static void Start(pmainParser parser) { parser->inputStream(parser); }
   static void ReadItems(pmainParser parser) { parser->inputTokens(parser); }
-  static void ReadItem(pmainParser parser) { parser->inputToken1(parser); }
-  static ItemTrial TryItem(pmainParser parser) { return mainTryItem(parser); }
 
   /// What the lexer knows of the conditionals of the file.
   ConditionalMemo conditionals;

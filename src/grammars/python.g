@@ -38,8 +38,6 @@ options {
 
 @parser::members {
 #include "engine/recognizer_support.h"
-
-#define VEXL_ITEM inputToken
 }
 
 // --- Parser ---

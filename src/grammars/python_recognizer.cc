@@ -8,8 +8,6 @@
 #include "pythonLexer.h"
 #include "pythonParser.h"
 
-vexltags::ItemTrial pythonTryItem(void* parser);  // In python_trials.cc.
-
 namespace vexltags {
 namespace {
 
@@ -28,8 +26,6 @@ struct PythonGrammar {
   static void Attach(ppythonLexer) {}
   static void Start(ppythonParser parser) { parser->inputStream(parser); }
   static void ReadItems(ppythonParser parser) { parser->inputTokens(parser); }
-  static void ReadItem(ppythonParser parser) { parser->inputToken(parser); }
-  static ItemTrial TryItem(ppythonParser parser) { return pythonTryItem(parser); }
 };
 
 }  // namespace

@@ -51,7 +51,6 @@ options {
 @parser::members {
 #include "engine/recognizer_support.h"
 
-#define VEXL_ITEM statement
 #include "grammars/swift_parser_predicates.h"
 }
 

@@ -8,8 +8,6 @@
 #include "swiftLexer.h"
 #include "swiftParser.h"
 
-vexltags::ItemTrial swiftTryItem(void* parser);  // In swift_trials.cc.
-
 namespace vexltags {
 namespace {
 
@@ -27,12 +25,7 @@ struct SwiftGrammar {
   }
   static void Attach(pswiftLexer) {}
   static void Start(pswiftParser parser) { parser->inputStream(parser); }
-  static void ReadItems(pswiftParser parser) {
-    // The rule wants at least one statement, and would skip to the end of the file for it.
-    if (TryItem(parser).begins) parser->inputTokens(parser);
-  }
-  static void ReadItem(pswiftParser parser) { parser->statement(parser); }
-  static ItemTrial TryItem(pswiftParser parser) { return swiftTryItem(parser); }
+  static void ReadItems(pswiftParser parser) { parser->inputTokens(parser); }
 };
 
 }  // namespace

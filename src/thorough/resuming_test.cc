@@ -20,14 +20,8 @@ class FakeParser : public ItemParser {
 
   TokenTable& Tokens() override { return tokens; }
   void ReadItems() override {
-    while (ItemParses()) ReadItem();
+    for (; tokens.LA(1) == kItem; tokens.Consume()) items.push_back(tokens.Position());
   }
-  bool ReadItem() override {
-    items.push_back(tokens.Position());
-    tokens.Consume();
-    return true;
-  }
-  bool ItemParses() override { return tokens.LA(1) == kItem; }
 
   std::vector<std::size_t> items;
 

@@ -63,6 +63,9 @@ class DeclarationPass {
   void Flush();
   void Insert(std::size_t index, const Word& word);
   std::string_view ClassName() const;
+  /// A declaration of more words than this is passed on as it is.
+  static constexpr std::size_t kLongestDeclaration = 4096;
+
   Level CurrentLevel() const { return scopes.empty() ? Level::Namespace : scopes.back().level; }
 
   TokenTable& tokens;

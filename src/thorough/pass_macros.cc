@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+// The part of the declaration pass that expands macros.
+#include "thorough/declaration_pass.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "vocabulary/main_tokens.h"
+
+namespace vexltags::thorough {
+namespace {
+
+/// What an expansion has to hold to be more than a name.
+bool Declares(unsigned type) {
+  if (type == kMainLCurly || type == kMainRCurly || type == kMainSemicolon || type == kMainScope) {
+    return true;
+  }
+  if (type == kMainKw_sizeof || type == kMainKw_true || type == kMainKw_false ||
+      type == kMainKw_new) {
+    return false;
+  }
+  return type >= kMainKw_typedef;
+}
+
+}  // namespace
+
+bool DeclarationPass::TryMacro() {
+  const std::string_view name = tokens.SourceAt(at);
+  const MacroDefinition* definition = expander.Find(name);
+  if (definition == nullptr) return false;
+  if (!words.empty()) {
+    const unsigned before = words.back().type;
+    if (before == kMainScope || before == kMainDot || before == kMainPointerTo) return false;
+  }
+  std::size_t past = at + 1;
+  std::vector<std::vector<Word>> arguments;
+  if (definition->isFunction) {
+    if (past >= tokens.Count() || tokens.TypeAt(past) != kMainLParen) return false;
+    if (at < longCallEnd) return false;
+    std::vector<Word> call;
+    int depth = 0;
+    for (; past < tokens.Count() && call.size() < Expander::kMostArguments; ++past) {
+      const unsigned type = tokens.TypeAt(past);
+      call.push_back(SourceWord(past));
+      if (type == kMainLParen) ++depth;
+      if (type == kMainRParen && --depth == 0) {
+        ++past;
+        break;
+      }
+    }
+    if (depth != 0) {
+      // What is in a call without an end, or in one that is too long, is not looked at again.
+      longCallEnd = past;
+      return false;
+    }
+    arguments = SplitArguments(call, 1).first;
+  } else if (past < tokens.Count() &&
+             (tokens.TypeAt(past) == kMainScope || tokens.TypeAt(past) == kMainLess)) {
+    return false;
+  }
+  std::vector<Word> result;
+  if (!expander.Expand(*definition, arguments, tokens.LineAt(at), result)) return false;
+  const bool hasBodyAfter = past < tokens.Count() && tokens.TypeAt(past) == kMainLCurly;
+  bool declaresNothing = false;
+  if (!IsWorthExpanding(*definition, result, hasBodyAfter, declaresNothing)) return false;
+  at = past;
+  hasChanged = true;
+  if (declaresNothing) {
+    // The semicolon that ends such a call goes with it.
+    if (at < tokens.Count() && tokens.TypeAt(at) == kMainSemicolon) ++at;
+    return true;
+  }
+  for (const Word& word : result) {
+    hasChanged = true;  // A declaration may have ended with the word before.
+    Take(word);
+  }
+  return true;
+}
+
+bool DeclarationPass::NeedsName() const {
+  if (words.empty() || inEnum || brackets > 0) return false;
+  int names = 0;
+  for (std::size_t i = Outline(words).begin; i < words.size(); ++i) {
+    const unsigned type = words[i].type;
+    const bool isOther = type == kMainLParen || type == kMainAssign || type == kMainComma ||
+                         IsClassKey(type) || type == kMainKw_enum || type == kMainKw_namespace;
+    if (isOther) return false;
+    // Several words of built-in types are one type.
+    const bool goesOn = i > 0 && IsBuiltInType(words[i - 1].type);
+    if (type == kMainId || (IsBuiltInType(type) && !goesOn)) ++names;
+  }
+  const unsigned last = words.back().type;
+  return last == kMainStar || last == kMainAmpersand || names == 1;
+}
+
+bool DeclarationPass::IsWorthExpanding(const MacroDefinition& definition,
+                                       const std::vector<Word>& result, bool hasBodyAfter,
+                                       bool& declaresNothing) const {
+  const bool saysNothing = result.empty() || result[0].type == kMainNumber ||
+                           (result.size() == 1 && LooksLikeMacro(result[0]));
+  // A function may have the name of a macro that takes its place where the function is not wanted.
+  if (definition.isFunction && saysNothing && NeedsName()) return false;
+  if (result.empty()) return true;
+  const unsigned first = result[0].type;
+  const bool declares = std::any_of(result.begin(), result.end(),
+                                    [](const Word& word) { return Declares(word.type); });
+  const bool isExpression = first == kMainNumber || first == kMainStringLiteral ||
+                            first == kMainCharLiteral || first == kMainKw_sizeof ||
+                            first == kMainKw_true || first == kMainKw_false || first == kMainNot ||
+                            first == kMainMinus;
+  if (isExpression) return false;
+  if (!definition.isFunction) {
+    const bool namesNamespace = !words.empty() && words.back().type == kMainKw_namespace;
+    return declares || (namesNamespace && first == kMainId);
+  }
+  if (declares) {
+    // A statement, which a file has no place for.
+    return result[0].text != "do" && result[0].text != "if" && result[0].text != "for" &&
+           result[0].text != "while" && result[0].text != "return" && result[0].text != "switch";
+  }
+  if (first == kMainLParen) return !words.empty();
+  if (inEnum) return first == kMainId;
+  const bool isCall = first == kMainId && result.size() > 1 && result[1].type == kMainLParen &&
+                      PastBracket(result, 1) == result.size();
+  if (isCall) {
+    const bool isAlone = words.empty() && !hasBodyAfter;
+    declaresNothing = isAlone;
+    return isAlone;
+  }
+  // An expression of several operands.
+  return std::none_of(result.begin(), result.end(), [](const Word& word) {
+    return word.type == kMainPlus || word.type == kMainMinus || word.type == kMainDivide ||
+           word.type == kMainQuestionMark || word.type == kMainPointerTo ||
+           word.type == kMainEqual || word.type == kMainDot || word.type == kMainShiftLeft;
+  });
+}
+
+}  // namespace vexltags::thorough

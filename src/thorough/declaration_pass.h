@@ -77,6 +77,9 @@ class DeclarationPass {
   Words words;                  ///< The declaration so far.
   Words defines;                ///< The macros defined inside it, which go first.
   std::size_t longCallEnd = 0;  ///< Before this token no call of a macro ends.
+  std::size_t vainWords = 0;    ///< The words of long calls that were not expanded.
+  Words call;                   ///< Of the macro that is tried ...
+  Words expansion;              ///< ... and what it expands to.
   bool hasChanged = false;      ///< Whether a macro was expanded in it.
   int brackets = 0;             ///< Open parentheses and square brackets in it.
   int enumDepth = 0;            ///< Open braces of an enum.

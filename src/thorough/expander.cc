@@ -58,20 +58,20 @@ int RankOf(const MacroDefinition& definition, const MacroTable& macros) {
 
 }  // namespace
 
-std::pair<std::vector<std::vector<Word>>, std::size_t> SplitArguments(
-    const std::vector<Word>& words, std::size_t from) {
-  std::vector<std::vector<Word>> arguments(1);
+std::pair<Arguments, std::size_t> SplitArguments(std::span<const Word> words, std::size_t from) {
+  Arguments arguments;
+  std::size_t begin = from;
   int open = 0;
   for (std::size_t i = from; i < words.size(); ++i) {
     const unsigned type = words[i].type;
     if (type == kMainLParen || type == kMainLSquare || type == kMainLCurly) ++open;
-    if (type == kMainRParen && open == 0) return {std::move(arguments), i - from + 1};
-    if (type == kMainRParen || type == kMainRSquare || type == kMainRCurly) --open;
-    if (type == kMainComma && open == 0) {
-      arguments.emplace_back();
-    } else {
-      arguments.back().push_back(words[i]);
+    const bool isEnd = type == kMainRParen && open == 0;
+    if (isEnd || (type == kMainComma && open == 0)) {
+      arguments.push_back(words.subspan(begin, i - begin));
+      begin = i + 1;
     }
+    if (isEnd) return {std::move(arguments), i - from + 1};
+    if (type == kMainRParen || type == kMainRSquare || type == kMainRCurly) --open;
   }
   return {{}, 0};
 }
@@ -82,6 +82,7 @@ void Expander::BeginFile(std::uint32_t number, const std::vector<std::string>& a
   texts.clear();
   choices.clear();
   active.clear();
+  depth = 0;
   budget = kBudget;
 }
 
@@ -117,38 +118,33 @@ bool Expander::IsActive(const MacroDefinition* definition) const {
   return std::find(active.begin(), active.end(), definition) != active.end();
 }
 
-bool Expander::Expand(const MacroDefinition& definition,
-                      const std::vector<std::vector<Word>>& arguments, unsigned line,
+bool Expander::Expand(const MacroDefinition& definition, const Arguments& arguments, unsigned line,
                       std::vector<Word>& result) {
-  if (active.size() >= kDeepest) return false;
+  if (active.size() >= kDeepest || depth >= kDeepestCalls) return false;
+  ++depth;
   const MacroBody& body = bodies.Of(definition);
   std::vector<Word> words;
-  if (!Substitute(body, arguments, line, words)) return false;
-  active.push_back(&definition);
-  const std::size_t size = result.size();
-  const bool done = Rescan(words, line, result);
-  active.pop_back();
-  if (!done) result.resize(size);
+  bool done = Substitute(body, arguments, line, words);
+  if (done) {
+    active.push_back(&definition);
+    const std::size_t size = result.size();
+    done = Rescan(words, line, result);
+    active.pop_back();
+    if (!done) result.resize(size);
+  }
+  --depth;
   return done;
 }
 
-bool Expander::Substitute(const MacroBody& body, const std::vector<std::vector<Word>>& arguments,
-                          unsigned line, std::vector<Word>& result) {
-  static const std::vector<Word> kNothing;
+bool Expander::Substitute(const MacroBody& body, const Arguments& arguments, unsigned line,
+                          std::vector<Word>& result) {
   // The words of an argument; a variadic parameter takes all remaining ones, with their commas.
-  const auto argument = [&](std::int32_t number) {
+  const auto argument = [&](std::int32_t number) -> std::span<const Word> {
     const auto place = static_cast<std::size_t>(number);
-    std::vector<Word> words = place < arguments.size() ? arguments[place] : kNothing;
-    if (body.isVariadic && place + 1 == body.parameterCount) {
-      for (std::size_t i = place + 1; i < arguments.size(); ++i) {
-        Word comma;
-        comma.type = kMainComma;
-        comma.text = ",";
-        words.push_back(comma);
-        words.insert(words.end(), arguments[i].begin(), arguments[i].end());
-      }
-    }
-    return words;
+    if (place >= arguments.size()) return {};
+    if (!body.isVariadic || place + 1 != body.parameterCount) return arguments[place];
+    const Word* const end = arguments.back().data() + arguments.back().size();
+    return {arguments[place].data(), end};
   };
   const std::vector<BodyToken>& tokens = body.tokens;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
@@ -159,30 +155,18 @@ bool Expander::Substitute(const MacroBody& body, const std::vector<std::vector<W
       // The operator works on the words on its two sides.
       if (i + 1 == tokens.size()) break;
       const BodyToken& right = tokens[++i];
-      std::vector<Word> words;
-      if (right.parameter >= 0) {
-        words = argument(right.parameter);
-      } else {
-        words.push_back({right.type, right.text, line, -1, 1});
-      }
-      if (!Spend(words.size() + 1)) return false;
-      if (!words.empty() && !result.empty() && result.back().type != kMainComma) {
-        result.back() = Paste(result.back(), words[0]);
-        words.erase(words.begin());
-      } else if (words.empty() && !result.empty() && result.back().type == kMainComma) {
-        result.pop_back();  // `, ## __VA_ARGS__` without arguments.
-      }
-      for (Word& word : words) {
-        word.line = line;
-        word.index = -1;
-        result.push_back(word);
+      const Word plain{right.type, right.text, line, -1, 1};
+      const bool isPlain = right.parameter < 0;
+      if (!SubstitutePasted(isPlain ? std::span(&plain, 1) : argument(right.parameter), line,
+                            result)) {
+        return false;
       }
     } else if (token.type == kMacroHash && i + 1 < tokens.size() && tokens[i + 1].parameter >= 0) {
-      const std::vector<Word> words = argument(tokens[++i].parameter);
+      const std::span<const Word> words = argument(tokens[++i].parameter);
       if (!Spend(words.size() + 1)) return false;
       result.push_back(Stringify(words, line));
     } else if (token.parameter >= 0) {
-      std::vector<Word> words = argument(token.parameter);
+      const std::span<const Word> words = argument(token.parameter);
       if (!Spend(words.size() + 1)) return false;
       if (isPasted) {
         result.insert(result.end(), words.begin(), words.end());
@@ -206,7 +190,25 @@ bool Expander::Substitute(const MacroBody& body, const std::vector<std::vector<W
   return true;
 }
 
-bool Expander::Rescan(const std::vector<Word>& words, unsigned line, std::vector<Word>& result) {
+/// Appends the right operand of `##` and joins its first word to the last one of `result`.
+bool Expander::SubstitutePasted(std::span<const Word> words, unsigned line,
+                                std::vector<Word>& result) {
+  if (!Spend(words.size() + 1)) return false;
+  if (!words.empty() && !result.empty() && result.back().type != kMainComma) {
+    result.back() = Paste(result.back(), words[0]);
+    words = words.subspan(1);
+  } else if (words.empty() && !result.empty() && result.back().type == kMainComma) {
+    result.pop_back();  // `, ## __VA_ARGS__` without arguments.
+  }
+  for (Word word : words) {
+    word.line = line;
+    word.index = -1;
+    result.push_back(word);
+  }
+  return true;
+}
+
+bool Expander::Rescan(std::span<const Word> words, unsigned line, std::vector<Word>& result) {
   for (std::size_t i = 0; i < words.size(); ++i) {
     const Word& word = words[i];
     const MacroDefinition* definition = word.type == kMainId ? Find(word.text) : nullptr;
@@ -215,7 +217,7 @@ bool Expander::Rescan(const std::vector<Word>& words, unsigned line, std::vector
       result.push_back(word);
       continue;
     }
-    std::vector<std::vector<Word>> arguments;
+    Arguments arguments;
     std::size_t taken = 0;
     if (definition->isFunction) {
       if (i + 1 == words.size() || words[i + 1].type != kMainLParen) {
@@ -224,6 +226,8 @@ bool Expander::Rescan(const std::vector<Word>& words, unsigned line, std::vector
       }
       std::tie(arguments, taken) = SplitArguments(words, i + 2);
       if (taken == 0) {
+        // The search for the end is paid for: it may be repeated at the next word.
+        if (!Spend(words.size() - i)) return false;
         result.push_back(word);
         continue;
       }
@@ -237,10 +241,9 @@ bool Expander::Rescan(const std::vector<Word>& words, unsigned line, std::vector
 }
 
 Word Expander::Paste(const Word& left, const Word& right) {
-  std::string text(left.text);
-  text += right.text;
   constexpr std::size_t kLongest = 4096;
-  if (text.size() > kLongest) text.resize(kLongest);
+  std::string text(left.text.substr(0, kLongest));
+  text += right.text.substr(0, kLongest - text.size());
   budget -= std::min(budget, text.size() / 8);
   texts.push_back(std::move(text));
   Word word = left;
@@ -249,7 +252,7 @@ Word Expander::Paste(const Word& left, const Word& right) {
   return word;
 }
 
-Word Expander::Stringify(const std::vector<Word>& words, unsigned line) {
+Word Expander::Stringify(std::span<const Word> words, unsigned line) {
   std::string text = "\"";
   constexpr std::size_t kLongest = 256;
   for (const Word& word : words) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -16,6 +17,9 @@
 #include "thorough/word.h"
 
 namespace vexltags::thorough {
+
+/// The arguments of a call, each a part of the words of the call.
+using Arguments = std::vector<std::span<const Word>>;
 
 /// Expands macros for one file: arguments substituted, stringified and pasted, nested uses
 /// expanded, a macro never within itself. Each file has a budget for all its expansions, counted in
@@ -34,22 +38,23 @@ class Expander {
   /// folder, in those that contain it and in those within it.
   const MacroDefinition* Find(std::string_view name) const;
 
-  /// Appends to `result` what `definition` expands to, with one list of words for each argument.
-  /// All words are on `line`. Returns false and leaves `result` unchanged if this nests too deep or
-  /// exceeds the budget.
-  bool Expand(const MacroDefinition& definition, const std::vector<std::vector<Word>>& arguments,
-              unsigned line, std::vector<Word>& result);
+  /// Appends to `result` what `definition` expands to. `arguments` must be those of one call, as
+  /// `SplitArguments` returns them. All words are on `line`. Returns false and leaves `result`
+  /// unchanged if this nests too deep or exceeds the budget.
+  bool Expand(const MacroDefinition& definition, const Arguments& arguments, unsigned line,
+              std::vector<Word>& result);
 
   /// A call with more words than this between its parentheses is not expanded.
   static constexpr std::size_t kMostArguments = 4096;
 
  private:
   const MacroDefinition* Choose(const MacroDefinition& first, std::string_view name) const;
-  bool Substitute(const MacroBody& body, const std::vector<std::vector<Word>>& arguments,
-                  unsigned line, std::vector<Word>& result);
-  bool Rescan(const std::vector<Word>& words, unsigned line, std::vector<Word>& result);
+  bool Substitute(const MacroBody& body, const Arguments& arguments, unsigned line,
+                  std::vector<Word>& result);
+  bool SubstitutePasted(std::span<const Word> words, unsigned line, std::vector<Word>& result);
+  bool Rescan(std::span<const Word> words, unsigned line, std::vector<Word>& result);
   Word Paste(const Word& left, const Word& right);
-  Word Stringify(const std::vector<Word>& words, unsigned line);
+  Word Stringify(std::span<const Word> words, unsigned line);
   bool IsActive(const MacroDefinition* definition) const;
   bool Spend(std::size_t words) {
     if (words > budget) return false;
@@ -59,12 +64,15 @@ class Expander {
 
   static constexpr std::size_t kBudget = std::size_t{1} << 20;
   static constexpr std::size_t kDeepest = 64;
+  /// How deep calls can be in arguments of calls, where each macro is expanded outside the others.
+  static constexpr std::size_t kDeepestCalls = 256;
 
   const MacroTable& macros;
   MacroBodies& bodies;
   /// The choices of `Find` for this file.
   mutable std::unordered_map<const MacroDefinition*, const MacroDefinition*> choices;
   std::vector<const MacroDefinition*> active;
+  std::size_t depth = 0;  ///< Of expansions within each other, those of arguments counted.
   std::deque<std::string> texts;
   std::size_t budget = 0;
   std::uint32_t file = 0;
@@ -72,8 +80,8 @@ class Expander {
 };
 
 /// Splits the words of a call at its commas, from index `from`, the one after the `(`. Returns the
-/// arguments and the number of words up to and including the closing `)`, 0 if there is none.
-std::pair<std::vector<std::vector<Word>>, std::size_t> SplitArguments(
-    const std::vector<Word>& words, std::size_t from);
+/// arguments, which are parts of `words`, and the number of words up to and including the closing
+/// `)`, 0 if there is none.
+std::pair<Arguments, std::size_t> SplitArguments(std::span<const Word> words, std::size_t from);
 
 }  // namespace vexltags::thorough

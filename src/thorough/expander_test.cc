@@ -40,7 +40,7 @@ class ExpanderTest : public testing::Test {
     const std::vector<Word> words = WordsOf(use);
     const MacroDefinition* definition = expander.Find(words.at(0).text);
     if (definition == nullptr) return "none";
-    std::vector<std::vector<Word>> arguments;
+    Arguments arguments;
     if (definition->isFunction) arguments = SplitArguments(words, 2).first;
     Word first;
     first.text = "before";
@@ -195,6 +195,33 @@ TEST_F(ExpanderTest, BoundsTheCostOfStrings) {
   for (int i = 0; i < 4000; ++i) argument += "b ";
   Learn("#define S(a) " + body + '\n');
   EXPECT_TRUE(Expand("S(" + argument + ")") == "failed");
+}
+
+/// Calls of `name` in arguments of each other.
+std::string Nested(const std::string& name, int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += name + "(";
+  return text + "x" + std::string(static_cast<std::size_t>(count), ')');
+}
+
+TEST_F(ExpanderTest, BoundsTheDepthOfCallsInArguments) {
+  Learn("#define F(a) a\n");
+  EXPECT_EQ(Expand(Nested("F", 100)), "x");
+  EXPECT_EQ(Expand(Nested("F", 300)), "failed");
+  EXPECT_EQ(ExpandOn(Nested("F", 100)), "x") << "the depth is that of one use";
+}
+
+TEST_F(ExpanderTest, BoundsTheCostOfCallsThatStayOpen) {
+  std::string body;
+  for (int i = 0; i < 2000; ++i) body += "G(";
+  Learn("#define G(a) a\n#define F(a) " + body + '\n');
+  EXPECT_EQ(Expand("F(x)"), "failed");
+}
+
+TEST_F(ExpanderTest, CutsLongNamesThatItPastes) {
+  Learn("#define F(a) int a##a;\n");
+  const std::string name(3000, 'n');
+  EXPECT_EQ(Expand("F(" + name + ")"), "int " + std::string(4096, 'n') + " ;");
 }
 
 }  // namespace

@@ -10,6 +10,12 @@
 namespace vexltags::thorough {
 namespace {
 
+/// Calls in arguments of calls are looked at again where the outer one is not expanded. Only those
+/// of more words than the first number count, and after as many words as the second no call of the
+/// file is looked at.
+constexpr std::size_t kShortCall = 16;
+constexpr std::size_t kMostVainWords = std::size_t{1} << 20;
+
 /// What an expansion has to hold to be more than a name.
 bool Declares(unsigned type) {
   if (type == kMainLCurly || type == kMainRCurly || type == kMainSemicolon || type == kMainScope) {
@@ -33,11 +39,12 @@ bool DeclarationPass::TryMacro() {
     if (before == kMainScope || before == kMainDot || before == kMainPointerTo) return false;
   }
   std::size_t past = at + 1;
-  std::vector<std::vector<Word>> arguments;
+  Arguments arguments;
+  call.clear();
   if (definition->isFunction) {
     if (past >= tokens.Count() || tokens.TypeAt(past) != kMainLParen) return false;
     if (at < longCallEnd) return false;
-    std::vector<Word> call;
+    if (vainWords > kMostVainWords) return false;
     int depth = 0;
     for (; past < tokens.Count() && call.size() < Expander::kMostArguments; ++past) {
       const unsigned type = tokens.TypeAt(past);
@@ -58,11 +65,14 @@ bool DeclarationPass::TryMacro() {
              (tokens.TypeAt(past) == kMainScope || tokens.TypeAt(past) == kMainLess)) {
     return false;
   }
-  std::vector<Word> result;
-  if (!expander.Expand(*definition, arguments, tokens.LineAt(at), result)) return false;
+  expansion.clear();
   const bool hasBodyAfter = past < tokens.Count() && tokens.TypeAt(past) == kMainLCurly;
   bool declaresNothing = false;
-  if (!IsWorthExpanding(*definition, result, hasBodyAfter, declaresNothing)) return false;
+  if (!expander.Expand(*definition, arguments, tokens.LineAt(at), expansion) ||
+      !IsWorthExpanding(*definition, expansion, hasBodyAfter, declaresNothing)) {
+    if (call.size() > kShortCall) vainWords += call.size();
+    return false;
+  }
   at = past;
   hasChanged = true;
   if (declaresNothing) {
@@ -70,7 +80,7 @@ bool DeclarationPass::TryMacro() {
     if (at < tokens.Count() && tokens.TypeAt(at) == kMainSemicolon) ++at;
     return true;
   }
-  for (const Word& word : result) {
+  for (const Word& word : expansion) {
     hasChanged = true;  // A declaration may have ended with the word before.
     Take(word);
   }
@@ -78,7 +88,9 @@ bool DeclarationPass::TryMacro() {
 }
 
 bool DeclarationPass::NeedsName() const {
-  if (words.empty() || inEnum || brackets > 0) return false;
+  // A type of more words has its name before any macro.
+  constexpr std::size_t kLongestType = 256;
+  if (words.empty() || words.size() > kLongestType || inEnum || brackets > 0) return false;
   int names = 0;
   for (std::size_t i = Outline(words).begin; i < words.size(); ++i) {
     const unsigned type = words[i].type;

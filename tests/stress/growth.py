@@ -23,13 +23,13 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from growth_families import families  # noqa: E402
 
 
-def run(program, path, limit, memory):
+def run(program, arguments, path, limit, memory):
     """Seconds of processor time, peak MiB and how the run ended ("" for normally)."""
     def limits():
         resource.setrlimit(resource.RLIMIT_AS, (memory, memory))
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
         resource.setrlimit(resource.RLIMIT_CPU, (limit, limit + 1))
-    child = subprocess.Popen([program, path], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+    child = subprocess.Popen([program, *arguments, path], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                              stdin=subprocess.DEVNULL, preexec_fn=limits)
     _, status, usage = os.wait4(child.pid, 0)
     child.returncode = 0
@@ -50,9 +50,11 @@ def main():
     parser.add_argument("-n", type=int, default=25000, help="the first of the three sizes")
     parser.add_argument("--seconds", type=int, default=20, help="the most that one run may take")
     parser.add_argument("--gib", type=float, default=8, help="address space of one run")
+    parser.add_argument("--thorough", action="store_true", help="read with --thorough")
     parser.add_argument("--all", action="store_true", help="show the linear families too")
     options = parser.parse_intermixed_args()
     program = os.path.abspath(options.program)
+    arguments = ["--thorough"] if options.thorough else []
     sizes = [options.n, 2 * options.n, 4 * options.n]
     print("%-46s %8s %8s %8s %8s %7s" % ("family", *("n=%d" % n for n in sizes), "MiB", "growth"))
     steep = 0
@@ -65,7 +67,8 @@ def main():
                 path = os.path.join(folder, "input" + suffix)
                 with open(path, "w", encoding="latin-1", newline="") as file:
                     file.write(maker(size))
-                seconds, mib, end = run(program, path, options.seconds, int(options.gib * 2**30))
+                seconds, mib, end = run(program, arguments, path, options.seconds,
+                                        int(options.gib * 2**30))
                 times.append(seconds)
                 peak = max(peak, mib)
                 if end:

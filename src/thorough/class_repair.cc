@@ -31,7 +31,7 @@ void DeclarationRepairer::RepairClass() {
     if (type == kMainLParen) {
       stop = PastBracket(words, stop);
     } else if (type == kMainLess) {
-      stop = std::max(PastAngle(words, stop), stop + 1);
+      stop = std::max(PastAngles(stop), stop + 1);
     } else {
       ++stop;
     }
@@ -95,7 +95,7 @@ std::size_t DeclarationRepairer::KeepOneName(std::size_t key, std::size_t stop) 
     for (;;) {
       ++i;
       if (i < stop && TypeAt(i) == kMainLess) {
-        const std::size_t past = PastAngle(words, i);
+        const std::size_t past = PastAngles(i);
         if (past != i && past <= stop) {
           i = past;
           name.isMacro = false;

@@ -44,6 +44,16 @@ class DeclarationRepairer {
   /// The type of the word at `at`; 0 past the last one.
   unsigned TypeAt(std::size_t at) const { return at < words.size() ? words[at].type : 0; }
 
+  /// As `PastAngle` of the word at `open`, for a bounded number of angles that stay open: each of
+  /// them costs a look at the whole rest.
+  std::size_t PastAngles(std::size_t open) {
+    constexpr int kMostOpenAngles = 32;
+    if (openAngles == kMostOpenAngles) return open;
+    const std::size_t past = PastAngle(words, open);
+    if (past == open) ++openAngles;
+    return past;
+  }
+
   // Classes and namespaces
 
   /// Leaves the template head, the key, the name and `final` of a class.
@@ -151,6 +161,7 @@ class DeclarationRepairer {
   DeclarationEnd end;
   const DeclarationPlace& place;
   bool changed = false;
+  int openAngles = 0;
 };
 
 }  // namespace vexltags::thorough

@@ -66,7 +66,7 @@ void DeclarationRepairer::RepairEnumerators(std::size_t open) {
       if (type == kMainLParen || type == kMainLSquare) {
         i = PastBracket(words, i);
       } else if (type == kMainLess && hasValue && TypeAt(i - 1) == kMainId) {
-        i = std::max(PastAngle(words, i), i + 1);
+        i = std::max(PastAngles(i), i + 1);
       } else {
         ++i;
       }

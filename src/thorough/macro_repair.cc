@@ -101,7 +101,7 @@ void DeclarationRepairer::RemoveThirdNames(std::size_t from) {
       return;
     }
     if (type == kMainLess && i > 0 && TypeAt(i - 1) == kMainId) {
-      i = std::max(PastAngle(words, i), i + 1);
+      i = std::max(PastAngles(i), i + 1);
       continue;
     }
     const bool isPair = type == kMainId && TypeAt(i + 1) == kMainId;

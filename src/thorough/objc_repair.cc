@@ -70,7 +70,7 @@ void DeclarationRepairer::RepairProperty() {
       continue;
     }
     if (TypeAt(at) == kMainLess) {
-      const std::size_t past = PastAngle(words, at);
+      const std::size_t past = PastAngles(at);
       if (past != at) {
         at = past - 1;
         continue;
@@ -144,7 +144,7 @@ void DeclarationRepairer::RepairObjcHead() {
   // Macros before the name.
   while (TypeAt(i + 1) == kMainId && LooksLikeMacro(words[i])) Erase(i, i + 1);
   ++i;
-  if (TypeAt(i) == kMainLess) Erase(i, std::max(PastAngle(words, i), i + 1));
+  if (TypeAt(i) == kMainLess) Erase(i, std::max(PastAngles(i), i + 1));
   if (TypeAt(i) == kMainLParen) {
     const std::size_t past = PastBracket(words, i);
     if (TypeAt(i + 1) == kMainId && past - i > 3) {

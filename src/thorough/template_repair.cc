@@ -39,7 +39,7 @@ void DeclarationRepairer::RepairConcept(const Outline& outline) {
 void DeclarationRepairer::EmptyTemplateHeads() {
   std::size_t i = 0;
   while (TypeAt(i) == kMainKw_template && TypeAt(i + 1) == kMainLess) {
-    const std::size_t past = PastAngle(words, i + 1);
+    const std::size_t past = PastAngles(i + 1);
     if (past == i + 1) return;
     Erase(i + 2, past - 1);
     i += 3;
@@ -53,14 +53,14 @@ void DeclarationRepairer::RemoveConstraint(std::size_t from) {
 
 void DeclarationRepairer::RemoveTemplateDefaults() {
   for (std::size_t i = 0; TypeAt(i) == kMainKw_template && TypeAt(i + 1) == kMainLess;) {
-    std::size_t past = PastAngle(words, i + 1);
+    std::size_t past = PastAngles(i + 1);
     if (past == i + 1) return;
     for (std::size_t at = i + 2; at + 1 < past;) {
       const unsigned type = TypeAt(at);
       if (type == kMainLParen || type == kMainLSquare) {
         at = PastBracket(words, at);
       } else if (type == kMainLess) {
-        at = std::max(PastAngle(words, at), at + 1);
+        at = std::max(PastAngles(at), at + 1);
       } else if (type == kMainAssign) {
         std::size_t stop = at + 1;
         while (stop + 1 < past && TypeAt(stop) != kMainComma) {
@@ -68,7 +68,7 @@ void DeclarationRepairer::RemoveTemplateDefaults() {
           if (inside == kMainLParen || inside == kMainLSquare) {
             stop = PastBracket(words, stop);
           } else if (inside == kMainLess && TypeAt(stop - 1) == kMainId) {
-            stop = std::max(PastAngle(words, stop), stop + 1);
+            stop = std::max(PastAngles(stop), stop + 1);
           } else {
             ++stop;
           }

@@ -68,7 +68,7 @@ void DeclarationRepairer::RemoveNameArguments(std::size_t begin) {
   if (begin == 0 || TypeAt(last) != kMainSemicolon || TypeAt(last - 1) != kMainGreater) return;
   for (std::size_t i = begin + 1; i < last; ++i) {
     if (TypeAt(i) == kMainLess && TypeAt(i - 1) == kMainId) {
-      const std::size_t past = PastAngle(words, i);
+      const std::size_t past = PastAngles(i);
       if (past == last && i >= begin + 2) return Erase(i, past);
       if (past != i) i = past - 1;
     }
@@ -114,7 +114,7 @@ void DeclarationRepairer::CutInitializer(std::size_t from) {
       continue;
     }
     if (type == kMainLess && i > 0 && TypeAt(i - 1) == kMainId) {
-      i = std::max(PastAngle(words, i), i + 1);
+      i = std::max(PastAngles(i), i + 1);
       continue;
     }
     if (type == kMainKw_operator) return;
@@ -129,7 +129,7 @@ void DeclarationRepairer::CutInitializer(std::size_t from) {
     if (type == kMainLParen || type == kMainLSquare) {
       stop = PastBracket(words, stop);
     } else if (type == kMainLess && TypeAt(stop - 1) == kMainId) {
-      stop = std::max(PastAngle(words, stop), stop + 1);
+      stop = std::max(PastAngles(stop), stop + 1);
     } else {
       ++stop;
     }
@@ -152,7 +152,7 @@ void DeclarationRepairer::RemoveDefaults() {
       if (inside == kMainLParen || inside == kMainLSquare) {
         stop = PastBracket(words, stop);
       } else if (inside == kMainLess && TypeAt(stop - 1) == kMainId) {
-        stop = std::max(PastAngle(words, stop), stop + 1);
+        stop = std::max(PastAngles(stop), stop + 1);
       } else {
         ++stop;
       }

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <functional>
 #include <system_error>
 
 namespace vexltags::thorough {
@@ -18,35 +19,44 @@ constexpr std::size_t kMostFiles = 200000;
 constexpr off_t kLargestFile = off_t{1} << 28;
 /// How many folders up a quoted include is looked for.
 constexpr int kMostParents = 8;
+/// How many places includes are looked for in, over all files.
+constexpr std::size_t kMostPlaces = std::size_t{1} << 20;
+/// Longer paths cannot be opened.
+constexpr std::size_t kLongestPath = 4096;
 
 bool IsCFamily(const std::string& path) {
   return !path.ends_with(".py") && !path.ends_with(".pyx") && !path.ends_with(".swift");
 }
 
-/// Reads a regular file whole; false for anything else.
-bool ReadText(const std::string& path, std::string& text) {
-  const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  if (file < 0) return false;
-  struct stat status;
-  bool done = fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size < kLargestFile;
-  if (done) {
-    text.resize(static_cast<std::size_t>(status.st_size));
-    std::size_t size = 0;
-    while (size < text.size()) {
-      const ssize_t count = read(file, text.data() + size, text.size() - size);
-      if (count < 0 && errno == EINTR) continue;
-      if (count <= 0) break;
-      size += static_cast<std::size_t>(count);
-    }
-    text.resize(size);
-  }
-  close(file);
-  return done;
-}
-
 bool IsFile(const std::string& path) {
   struct stat status;
   return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+/// Appends the parts of `path` to `normal`, which is empty or ends with a slash, without `.`, and
+/// without `..` as far as there is a folder to leave: headers that include each other must not make
+/// ever longer paths.
+void AppendParts(std::string_view path, std::string& normal) {
+  while (!path.empty()) {
+    const std::size_t slash = path.find('/');
+    const std::string_view part = path.substr(0, slash);
+    path.remove_prefix(slash == std::string_view::npos ? path.size() : slash + 1);
+    if (part.empty() || part == ".") continue;
+    const bool canLeave = !normal.empty() && normal != "../" && !normal.ends_with("/../");
+    if (part == ".." && canLeave) {
+      if (normal != "/") normal.resize(normal.rfind('/', normal.size() - 2) + 1);
+      continue;
+    }
+    normal += part;
+    if (slash != std::string_view::npos) normal += '/';
+  }
+}
+
+/// The path without `.` and, as far as possible, without `..`.
+std::string Normal(std::string_view path) {
+  std::string normal = path.starts_with('/') ? "/" : "";
+  AppendParts(path, normal);
+  return normal;
 }
 
 }  // namespace
@@ -57,15 +67,20 @@ Session::Session(const Options& options, const std::vector<std::string>& paths)
     if (IsCFamily(path)) NumberOf(path);
   }
   for (const std::string& path : options.macroPaths) LearnPath(path);
+  const std::size_t given = files.size();
   // The list grows as includes are found.
-  for (std::uint32_t i = 1; i < files.size(); ++i) LearnFile(i);
-  text = {};
+  for (std::uint32_t i = 1; i < files.size(); ++i) LearnFile(i, i >= given);
+  buffer = {};
   searched = {};
+  identities = {};
 }
 
 std::uint32_t Session::NumberOf(const std::string& path) {
-  const auto [place, isNew] = numbers.emplace(std::filesystem::path(path).lexically_normal(),
-                                              static_cast<std::uint32_t>(files.size()));
+  return NumberOfNormal(Normal(path), path);
+}
+
+std::uint32_t Session::NumberOfNormal(const std::string& normal, const std::string& path) {
+  const auto [place, isNew] = numbers.emplace(normal, static_cast<std::uint32_t>(files.size()));
   if (isNew) files.push_back(path);
   return place->second;
 }
@@ -87,25 +102,58 @@ void Session::LearnPath(const std::string& path) {
   for (const std::string& file : found) NumberOf(file);
 }
 
-void Session::LearnFile(std::uint32_t number) {
-  if (!ReadText(files[number], text)) return;
-  macros.Learn(text, number, [this, number](std::string_view name) { FindInclude(number, name); });
+void Session::LearnFile(std::uint32_t number, bool isIncluded) {
+  const int file = open(files[number].c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (file < 0) return;
+  std::string_view text;
+  struct stat status;
+  if (fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size < kLargestFile) {
+    // By links, a header can be found under any number of paths.
+    const bool isNew = identities.emplace(status.st_dev, status.st_ino).second;
+    if (isNew || !isIncluded) text = ReadText(file, static_cast<std::size_t>(status.st_size));
+  }
+  close(file);
+  const std::string& path = files[number];
+  const std::string folder = Normal(path.substr(0, path.rfind('/') + 1));
+  macros.Learn(text, number, [&](std::string_view name) { FindInclude(folder, name); });
 }
 
-void Session::FindInclude(std::uint32_t includer, std::string_view name) {
-  if (files.size() >= kMostFiles) return;
-  std::string folder = files[includer];
-  for (int i = 0; i < kMostParents; ++i) {
-    const std::size_t slash = folder.rfind('/', folder.size() < 2 ? 0 : folder.size() - 2);
-    folder.resize(slash == std::string::npos ? 0 : slash + 1);
-    // Without `..`, so that headers that include each other do not make ever longer paths.
-    const std::string path = std::filesystem::path(folder + std::string(name)).lexically_normal();
-    const auto [known, isNew] = searched.emplace(path, false);
+std::string_view Session::ReadText(int file, std::size_t expected) {
+  if (expected > room) {
+    buffer = std::make_unique_for_overwrite<char[]>(expected);
+    room = expected;
+  }
+  std::size_t size = 0;
+  while (size < expected) {
+    const ssize_t count = read(file, buffer.get() + size, expected - size);
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) break;
+    size += static_cast<std::size_t>(count);
+  }
+  return {buffer.get(), size};
+}
+
+void Session::FindInclude(std::string_view includer, std::string_view name) {
+  if (includer.size() + name.size() > kLongestPath) return;
+  std::string_view folder = includer;
+  for (int left = kMostParents; left > 0; --left) {
+    if (files.size() >= kMostFiles || searched.size() >= kMostPlaces) return;
+    place.assign(folder);
+    AppendParts(name, place);
+    const auto [known, isNew] =
+        searched.emplace(std::hash<std::string>()(place), Search{left, false});
     if (isNew) {
-      known->second = numbers.contains(path) || IsFile(path);
-      if (known->second) NumberOf(path);
+      known->second.isFound = numbers.contains(place) || IsFile(place);
+      if (known->second.isFound) NumberOfNormal(place, place);
+    } else if (known->second.left >= left) {
+      // An earlier search went from here as far as this one would go.
+      return;
+    } else {
+      known->second.left = left;
     }
-    if (known->second || folder.empty()) return;
+    if (known->second.isFound || folder.empty()) return;
+    const std::size_t slash = folder.rfind('/', folder.size() < 2 ? 0 : folder.size() - 2);
+    folder = folder.substr(0, slash == std::string_view::npos ? 0 : slash + 1);
   }
 }
 

@@ -2,10 +2,16 @@
 // What `--thorough` knows of a whole run, and the reading that it has for each file.
 #pragma once
 
+#include <sys/types.h>
+
+#include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "base/options.h"
@@ -32,16 +38,34 @@ class Session {
 
  private:
   void LearnPath(const std::string& path);
-  void LearnFile(std::uint32_t number);
-  void FindInclude(std::uint32_t includer, std::string_view name);
+  /// Learns the macros of a file. One that is only included is passed over where it was learned
+  /// under another path.
+  void LearnFile(std::uint32_t number, bool isIncluded);
+  /// Reads an open file, of which `expected` bytes at most. The text is good until the next call.
+  std::string_view ReadText(int file, std::size_t expected);
+  /// Looks for `#include "name"` in the folder `includer` and in those that contain it, and puts
+  /// what it finds into the queue.
+  void FindInclude(std::string_view includer, std::string_view name);
   /// The number of the file at `path`, which is put into the queue if it is new.
   std::uint32_t NumberOf(const std::string& path);
+  std::uint32_t NumberOfNormal(const std::string& normal, const std::string& path);
+
+  /// A place where an include was looked for, and how many folders were left to be tried there.
+  struct Search {
+    int left;
+    bool isFound;
+  };
 
   MacroTable macros;
   std::vector<std::string> files = {""};  ///< By number; 0 is the compiler.
   std::unordered_map<std::string, std::uint32_t> numbers;
-  std::unordered_map<std::string, bool> searched;  ///< Folder and name of an include: found or not.
-  std::string text;
+  // While macros are learned.
+  std::unordered_map<std::size_t, Search> searched;  ///< By the hash of the place.
+  std::set<std::pair<dev_t, ino_t>> identities;      ///< Of the files that were read.
+  std::string place;
+  std::unique_ptr<char[]> buffer;
+  std::size_t room = 0;  ///< In `buffer`.
+
   MainReading cfamily;
   PythonReading python;
   SwiftReading swift;

@@ -4,6 +4,7 @@
 
     tests/stress/robustness.py --program build/release/vexltags            the quick part
     tests/stress/robustness.py --program build/release/vexltags --large    the large part
+    tests/stress/robustness.py --program ... --thorough                    either with --thorough
     tests/stress/robustness.py --program ... --list depth/swift            which cases there are
 
 Each case runs in a child with a limit on time and on address space, between two good files. A case
@@ -24,6 +25,7 @@ import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import robustness_files as files  # noqa: E402
+import robustness_includes as includes  # noqa: E402
 import robustness_inputs as inputs  # noqa: E402
 import robustness_process as process  # noqa: E402
 from robustness_place import Place, Skip, Wrong, require, require_tags  # noqa: E402
@@ -257,6 +259,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--program", required=True)
     parser.add_argument("words", nargs="*", help="only cases with one of these in their name")
+    parser.add_argument("--thorough", action="store_true", help="run the program with --thorough")
     parser.add_argument("--large", action="store_true", help="the large cases instead of the quick")
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("--gib", type=float, default=8,
@@ -266,7 +269,8 @@ def main():
     parser.add_argument("--verbose", action="store_true", help="show the time of every case")
     options = parser.parse_intermixed_args()
 
-    every = [*inputs.cases(), *files.cases(), *process.cases()]
+    options.always = ["--thorough"] if options.thorough else []
+    every = [*inputs.cases(options.thorough), *files.cases(), *process.cases(), *includes.cases()]
     cases = [case for case in every if case.large == options.large
              and (not options.words or any(word in case.name for word in options.words))]
     if options.list:

@@ -75,7 +75,8 @@ class Place:
             environment = dict(os.environ, HOME="/nonexistent", PWD=str(self.folder))
         with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
             start = time.monotonic()
-            child = subprocess.Popen([self.options.program, *arguments], cwd=self.folder,
+            child = subprocess.Popen([self.options.program, *self.options.always, *arguments],
+                                     cwd=self.folder,
                                      stdin=stdin or subprocess.DEVNULL, stdout=stdout or out,
                                      stderr=stderr or err, preexec_fn=prepare,
                                      restore_signals=True, env=environment)

@@ -16,9 +16,11 @@
 
 namespace vexltags::fuzz {
 
-/// Runs the reader that `newReader` makes on a file that contains the `size` bytes at `data`. The
-/// reader is kept for the next input, as in a run over many files. Traps if a tag line is malformed.
-inline void RunFromMemory(NewLanguageReader newReader, const std::uint8_t* data, std::size_t size) {
+/// Runs the reader that `newReader` makes on a file that contains the `size` bytes at `data`, with
+/// `reading` if it is not null. The reader is kept for the next input, as in a run over many files.
+/// Traps if a tag line is malformed.
+inline void RunFromMemory(NewLanguageReader newReader, const std::uint8_t* data, std::size_t size,
+                          Reading* reading = nullptr) {
   static std::vector<ANTLR3_UINT8> bytes;
   static std::vector<ANTLR3_UINT8> name = {'i', 'n', 'p', 'u', 't', 0};
   static pANTLR3_INPUT_STREAM input = nullptr;
@@ -43,7 +45,7 @@ inline void RunFromMemory(NewLanguageReader newReader, const std::uint8_t* data,
   constexpr std::size_t kStack = std::size_t{6} << 20;
   stackLimit = static_cast<const char*>(__builtin_frame_address(0)) - kStack;
   Dumper dumper;
-  reader->Run(options, dumper, "input", nullptr);
+  reader->Run(options, dumper, "input", reading);
   for (const std::string& line : dumper.Lines()) {
     const bool isLine = line.size() > 2 && line.back() == '\n' && line.find('\t') < line.size();
     if (!isLine) __builtin_trap();

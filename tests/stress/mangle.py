@@ -4,6 +4,7 @@
 
     tests/stress/mangle.py --program build/asan/vexltags                   a sample, seconds
     tests/stress/mangle.py --program build/asan/vexltags --every           all of it, an hour or so
+    tests/stress/mangle.py --program build/asan/vexltags --thorough        with --thorough
 
 Each input is cut at either end, has a byte dropped, doubled or replaced at each place, and is run with
 the suffix of every grammar. The tags are not checked. A run fails if it ends by a signal, with a
@@ -26,7 +27,7 @@ SUFFIXES = [".cc", ".mm", ".swift", ".py"]
 BYTES = b"\0\xff\xe9\r\n\t \\\"'`(){}[]<>;:,.=*&/#@_a0"
 PIECES = [b"/*", b"*/", b"//", b'"""', b"'''", b"#if 0\n", b"#endif\n", b"#else\n", b"\\(", b"::",
           b"template<", b"@interface ", b"@end", b"operator", b"func ", b"class ", b"def ", b"\r\n",
-          b"->", b"[[", b"]]", b"R\"(", b"#\"", b"typedef ", b"((((", b"{{{{", b"A<A<A<"]
+          b"#define A A A\n", b"#define A(x) x##x {\n", b"#else\n#endif\n", b"A(", b"@a(", b"->", b"[[", b"]]", b"R\"(", b"#\"", b"typedef ", b"((((", b"{{{{", b"A<A<A<"]
 
 
 def mutations(text):
@@ -68,6 +69,8 @@ def damaged(options):
 def fails(options, folder, files):
     """Why the program fails on the files; empty when it does not."""
     command = [options.program, "--sort=no", "-f", os.path.join(folder, "tags"), *files]
+    if options.thorough:
+        command.insert(1, "--thorough")
     environment = dict(os.environ, HOME="/nonexistent")
     try:
         done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
@@ -151,6 +154,7 @@ def batches(options):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--program", required=True)
+    parser.add_argument("--thorough", action="store_true", help="run the program with --thorough")
     parser.add_argument("--every", action="store_true", help="every damage instead of a sample")
     parser.add_argument("--sample", type=int, default=24, help="damages per input and grammar")
     parser.add_argument("--seed", type=int, default=1, help="chooses the sample")

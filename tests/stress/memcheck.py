@@ -5,7 +5,8 @@
     tests/stress/memcheck.py --program build/dev/vexltags
 
 Each input is read whole, cut in the middle, and by every other grammar. The program must not be
-built with sanitizers. Takes some minutes; --sample 10 takes every tenth file.
+built with sanitizers. Takes some minutes; --sample 10 takes every tenth file. With --thorough the
+program runs with that option.
 """
 import argparse
 import concurrent.futures
@@ -34,7 +35,7 @@ def texts(sample):
     return made[::sample]
 
 
-def run_batch(program, batch):
+def run_batch(program, always, batch):
     """Runs valgrind over one batch. Returns what it reports, empty for nothing."""
     with tempfile.TemporaryDirectory(prefix="vexltags-memcheck-") as folder:
         names = []
@@ -43,7 +44,7 @@ def run_batch(program, batch):
             pathlib.Path(folder, names[-1]).write_bytes(text)
         # Sorted, then appended to, so that writing and reading tags is checked as well.
         for more in ([], ["--append"]):
-            done = subprocess.run([*COMMAND, program, "-f", "tags", *more, *names], cwd=folder,
+            done = subprocess.run([*COMMAND, program, *always, "-f", "tags", *more, *names], cwd=folder,
                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                                   stdin=subprocess.DEVNULL, check=False)
             if done.returncode != 0 or done.stdout:
@@ -54,6 +55,7 @@ def run_batch(program, batch):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--program", required=True)
+    parser.add_argument("--thorough", action="store_true", help="run the program with --thorough")
     parser.add_argument("--sample", type=int, default=1, help="take every N-th file")
     parser.add_argument("--batch", type=int, default=100, help="files in one run of the program")
     parser.add_argument("--jobs", type=int, default=2)
@@ -61,10 +63,11 @@ def main():
     if shutil.which("valgrind") is None:
         sys.exit("this needs valgrind")
     program = os.path.abspath(options.program)
+    always = ["--thorough"] if options.thorough else []
     made = texts(options.sample)
     batches = [made[i:i + options.batch] for i in range(0, len(made), options.batch)]
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
-        reports = [text for text in pool.map(lambda batch: run_batch(program, batch), batches)
+        reports = [text for text in pool.map(lambda batch: run_batch(program, always, batch), batches)
                    if text]
     for text in reports:
         print("FAILED " + text)

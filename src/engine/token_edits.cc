@@ -24,9 +24,17 @@ void TokenEdits::AddText(std::string_view text) {
 
 namespace {
 
+/// Of a range of more tokens than this, what is between them is removed too, to save memory.
+constexpr std::uint32_t kLongRange = 1000;
+
 template <class T>
 void MoveBack(std::unique_ptr<T[]>& array, std::size_t count, std::size_t by) {
   std::copy_backward(array.get(), array.get() + count, array.get() + count + by);
+}
+
+template <class T>
+void MoveForward(std::unique_ptr<T[]>& array, std::size_t from, std::size_t to, std::size_t count) {
+  std::copy(array.get() + from, array.get() + from + count, array.get() + to);
 }
 
 }  // namespace
@@ -69,7 +77,34 @@ void TokenTable::Apply(const TokenEdits& edits) {
     if (hiddenBehind != 0) AddHidden(hiddenBehind);
     if (last != 0) AddHidden(last);
   };
+  // Moves the tokens from `first` to before `last`, which do not change, all at once.
+  const auto moveRun = [&](std::size_t first, std::size_t last) {
+    for (; oldText != oldReplaced.end() && oldText->index < last; ++oldText) {
+      replaced.push_back({static_cast<std::uint32_t>(count + oldText->index - first),
+                          oldText->length, replacedTexts.size()});
+      replacedTexts.append(oldTexts, oldText->start, oldText->length + std::size_t{1});
+    }
+    if (keepsPlaces) {
+      const auto begin = oldPlaces.begin();
+      places.insert(places.end(), begin + static_cast<std::ptrdiff_t>(first),
+                    begin + static_cast<std::ptrdiff_t>(last));
+    }
+    if (first + shift != count) {
+      MoveForward(types, first + shift, count, last - first);
+      MoveForward(starts, first + shift, count, last - first);
+      MoveForward(ends, first + shift, count, last - first);
+      MoveForward(lines, first + shift, count, last - first);
+    }
+    count += last - first;
+  };
+  std::size_t removedTo = 0;  // One past the last removed token so far.
+  unsigned removedType = 0;
   for (std::size_t i = 0; i <= oldCount; ++i) {
+    const std::size_t unchangedTo = edit != lastEdit ? edit->index : oldCount;
+    if (!keepsNeighbours && i < unchangedTo) {
+      moveRun(i, unchangedTo);
+      i = unchangedTo;
+    }
     const std::size_t from = i + shift;
     const bool isToken = i < oldCount;
     if (keepsNeighbours) repeatHidden(isToken ? before[from] : hiddenAtEnd);
@@ -98,16 +133,34 @@ void TokenTable::Apply(const TokenEdits& edits) {
     }
     if (edit != lastEdit && edit->index == i) {
       const TokenEdits::Edit& change = *edit++;
-      if (change.kind != TokenEdits::Kind::Retype) {
+      if (change.kind == TokenEdits::Kind::Remove) {
+        removedTo = i + change.count;
+        removedType = change.type;
+        if (change.count > kLongRange) {
+          removed.push_back({starts[from], ends[from + change.count - 1]});
+        } else {
+          for (std::size_t j = from; j < from + change.count; ++j) {
+            removed.push_back({starts[j], ends[j]});
+          }
+        }
+      } else if (change.kind == TokenEdits::Kind::Hide) {
         AddHidden(change.type);
-        if (change.kind == TokenEdits::Kind::Remove) removed.push_back({starts[from], ends[from]});
         continue;
+      } else {
+        type = change.type;
+        if (change.hasText) {
+          hasText = true;
+          text = edits.Text(change);
+        }
       }
-      type = change.type;
-      if (change.hasText) {
-        hasText = true;
-        text = edits.Text(change);
-      }
+    }
+    if (i < removedTo) {
+      AddHidden(removedType);
+      if (keepsNeighbours) continue;
+      // Nothing but their end matters of the others.
+      while (oldText != oldReplaced.end() && oldText->index < removedTo) ++oldText;
+      i = removedTo - 1;
+      continue;
     }
     if (keepsPlaces) places.push_back(oldPlaces[i]);
     if (hasText) {

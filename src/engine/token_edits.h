@@ -23,6 +23,7 @@ class TokenEdits {
     bool hasText;
     std::uint16_t type;
     std::uint32_t index;
+    std::uint32_t count;   ///< Of tokens that are removed, else 1.
     std::uint32_t line;    ///< 1-based; of insertions only.
     std::uint32_t length;  ///< Of the text.
     std::size_t start;     ///< Of the text, in `Texts`.
@@ -31,8 +32,12 @@ class TokenEdits {
   /// Hides a token from the parser. The text of a range that spans it still has its characters.
   /// Where neighbours are kept, they see a hidden token of `type`.
   void Hide(std::size_t index, unsigned type) { Record(Kind::Hide, index, type, 0); }
-  /// Hides a token, and leaves its characters out of the text of every range.
-  void Remove(std::size_t index, unsigned type) { Record(Kind::Remove, index, type, 0); }
+  /// Hides the tokens from `first` to before `last`, at least one, and leaves their characters out
+  /// of the text of every range. Neighbours see hidden tokens of `type`.
+  void Remove(std::size_t first, std::size_t last, unsigned type) {
+    Record(Kind::Remove, first, type, 0);
+    edits.back().count = static_cast<std::uint32_t>(last - first);
+  }
   /// Gives a token another type. Its text stays that of the source.
   void Retype(std::size_t index, unsigned type) { Record(Kind::Retype, index, type, 0); }
   /// Gives a token another type and another text.
@@ -61,7 +66,7 @@ class TokenEdits {
  private:
   void Record(Kind kind, std::size_t index, unsigned type, unsigned line) {
     edits.push_back({kind, false, static_cast<std::uint16_t>(type),
-                     static_cast<std::uint32_t>(index), line, 0, 0});
+                     static_cast<std::uint32_t>(index), 1, line, 0, 0});
   }
   void AddText(std::string_view text);
 

@@ -112,10 +112,23 @@ TEST_F(TokenEditsTest, InsertsBeforeBetweenAndAfter) {
   EXPECT_EQ(TokenLine(table->Token(9)), 8);
 }
 
+TEST_F(TokenEditsTest, RemovesSeveralTokensAtOnce) {
+  for (const bool keepsNeighbours : {false, true}) {
+    Fill(keepsNeighbours);
+    edits.Insert(1, kWord, "new", 3);
+    edits.Remove(1, 5, kBlank);
+    table->Apply(edits);
+    EXPECT_EQ(Tokens(), "7:ab 7:new 9:) 7:gh");
+    EXPECT_EQ(table->Text(0, 3), "ab new ) gh");
+    table->Reset();
+    edits.Clear();
+  }
+}
+
 TEST_F(TokenEditsTest, RangesKeepHiddenTextAndLoseRemovedText) {
   Fill();
   edits.Hide(2, kBlank);
-  edits.Remove(4, kBlank);
+  edits.Remove(4, 5, kBlank);
   edits.Insert(5, kWord, "new", 3);
   edits.Retype(6, kWord, "last");
   table->Apply(edits);
@@ -133,7 +146,7 @@ TEST_F(TokenEditsTest, RemovedTextKeepsItsPlaceAmongDroppedText) {
   table->AddDropped(text + 5, text + 6);
   Word(8, 10);
   table->Finish(4);
-  edits.Remove(1, kBlank);
+  edits.Remove(1, 2, kBlank);
   table->Apply(edits);
   EXPECT_EQ(table->Text(0, 1), "b  (ef");
 }

@@ -113,11 +113,12 @@ void DeclarationPass::Flush() {
       continue;
     }
     const auto index = static_cast<std::size_t>(word.index);
-    for (; next < index; ++next) edits.Remove(next, tokens.TypeAt(next));
+    if (next < index) edits.Remove(next, index, tokens.TypeAt(next));
+    next = index;
     if (word.span == 1 && word.type != tokens.TypeAt(next)) edits.Retype(next, word.type);
     next += word.span;
   }
-  for (; next < at; ++next) edits.Remove(next, tokens.TypeAt(next));
+  if (next < at) edits.Remove(next, at, tokens.TypeAt(next));
   flushed = at;
   words.clear();
   defines.clear();

@@ -34,9 +34,9 @@ struct Shape {
 
   bool IsEmpty() const { return first == 0; }
   bool IsBalanced() const { return curlies.IsBalanced() && parentheses.IsBalanced(); }
-  void Take(char c) {
-    if (first == 0) first = c;
-    last = c;
+  void Take(std::string_view piece) {
+    if (first == 0) first = piece.front();
+    last = piece.back();
   }
   void Append(const Shape& next) {
     if (first == 0) first = next.first;
@@ -68,7 +68,8 @@ class Chooser {
   Chooser(std::string_view text, Dialect dialect) : source(text), dialect(dialect) {}
 
   std::vector<TextRange> Run() {
-    while (source.NextDirective([this](char c) { Take(c); })) HandleDirective(source.Found());
+    const auto take = [this](std::string_view piece) { Take(piece); };
+    while (source.NextDirective(take)) HandleDirective(source.Found());
     // A conditional that is never closed is kept whole: the scanner hides its directives.
     std::sort(dropped.begin(), dropped.end(),
               [](const TextRange& a, const TextRange& b) { return a.begin < b.begin; });
@@ -78,10 +79,10 @@ class Chooser {
  private:
   Shape& Current() { return open.empty() ? top : open.back().branches.back().shape; }
 
-  void Take(char c) {
+  void Take(std::string_view piece) {
     Shape& shape = Current();
-    shape.Take(c);
-    switch (c) {
+    shape.Take(piece);
+    switch (piece.front()) {
       case '{':
         return shape.curlies.Open();
       case '}':

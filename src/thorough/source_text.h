@@ -37,12 +37,24 @@ struct Directive {
 };
 
 /// What a character can begin, for a walk through the text.
-enum class CharacterClass : std::uint8_t { Plain, Blank, LineEnd, Slash, Quote, Apostrophe, Hash };
+enum class CharacterClass : std::uint8_t {
+  Plain,
+  Blank,
+  Bracket,
+  LineEnd,
+  Slash,
+  Quote,
+  Apostrophe,
+  Hash,
+};
 
 constexpr ByteTable<CharacterClass> MakeCharacterClasses() {
   ByteTable<CharacterClass> classes{};
   for (const char c : {' ', '\t', '\v', '\f', '\r'}) {
     classes[static_cast<unsigned char>(c)] = CharacterClass::Blank;
+  }
+  for (const char c : {'(', ')', '{', '}'}) {
+    classes[static_cast<unsigned char>(c)] = CharacterClass::Bracket;
   }
   classes['\n'] = CharacterClass::LineEnd;
   classes['/'] = CharacterClass::Slash;
@@ -59,8 +71,9 @@ class SourceText {
   explicit SourceText(std::string_view text) : text(text) {}
 
   /// Goes on to the next directive, which `Found` then returns; false at the end of the text.
-  /// Calls `take` with each character on the way that is neither blank nor part of a comment; a
-  /// string or character literal counts as its closing quote.
+  /// Calls `take` with what is on the way, without comments: each parenthesis and curly brace, the
+  /// opening quote of each string or character literal, and other text that is on one line and
+  /// neither begins nor ends with a blank.
   template <class Take>
   bool NextDirective(Take take);
 
@@ -93,8 +106,7 @@ class SourceText {
 template <class Take>
 bool SourceText::NextDirective(Take take) {
   while (at < text.size()) {
-    const char c = text[at];
-    switch (kCharacterClasses[static_cast<unsigned char>(c)]) {
+    switch (kCharacterClasses[static_cast<unsigned char>(text[at])]) {
       case CharacterClass::Blank:
         ++at;
         continue;
@@ -112,9 +124,9 @@ bool SourceText::NextDirective(Take take) {
       }
       case CharacterClass::Quote:
       case CharacterClass::Apostrophe:
+        take(text.substr(at, 1));
         at = SkipLiteral(at);
         isLineStart = false;
-        take(c);
         continue;
       case CharacterClass::Hash:
         if (isLineStart) {
@@ -123,11 +135,24 @@ bool SourceText::NextDirective(Take take) {
           return true;
         }
         break;
-      case CharacterClass::Plain:
+      case CharacterClass::Bracket:
         break;
+      case CharacterClass::Plain: {
+        const std::size_t begin = at;
+        std::size_t past = at;  // The last character that is not blank, and one more.
+        while (at < text.size()) {
+          const CharacterClass kind = kCharacterClasses[static_cast<unsigned char>(text[at])];
+          if (kind > CharacterClass::Blank) break;
+          ++at;
+          if (kind == CharacterClass::Plain) past = at;
+        }
+        take(text.substr(begin, past - begin));
+        isLineStart = false;
+        continue;
+      }
     }
+    take(text.substr(at, 1));
     isLineStart = false;
-    take(c);
     ++at;
   }
   return false;

@@ -13,7 +13,12 @@ namespace {
 std::string Walk(const std::string& text) {
   std::string result;
   SourceText source(text);
-  const auto take = [&result](char c) { result += c; };
+  const auto take = [&result](std::string_view piece) {
+    EXPECT_FALSE(piece.empty() || piece.front() == ' ' || piece.back() == ' ') << piece;
+    for (const char c : piece) {
+      if (c != ' ') result += c;
+    }
+  };
   while (source.NextDirective(take)) {
     const Directive& found = source.Found();
     result += '[' + text.substr(found.begin, found.end - found.begin) + ']';
@@ -23,7 +28,7 @@ std::string Walk(const std::string& text) {
 
 Directive First(std::string_view text) {
   SourceText source(text);
-  EXPECT_TRUE(source.NextDirective([](char) {})) << text;
+  EXPECT_TRUE(source.NextDirective([](std::string_view) {})) << text;
   return source.Found();
 }
 

@@ -80,75 +80,98 @@ void DeclarationRepairer::RemoveMadeTemplateHead() {
 }
 
 void DeclarationRepairer::RemoveMacroLines(std::size_t at) {
-  while (at + 1 < words.size() && LooksLikeMacro(words[at]) &&
-         words[at + 1].line > words[at].line && TypeAt(at + 1) != kMainLParen &&
-         !(TypeAt(at + 1) == kMainId && TypeAt(at + 2) == kMainLParen) &&
-         TypeAt(at + 1) != kMainStar && TypeAt(at + 1) != kMainSemicolon) {
-    Erase(at, at + 1);
+  std::size_t line = at;
+  while (line + 1 < words.size() && LooksLikeMacro(words[line]) &&
+         words[line + 1].line > words[line].line && TypeAt(line + 1) != kMainLParen &&
+         !(TypeAt(line + 1) == kMainId && TypeAt(line + 2) == kMainLParen) &&
+         TypeAt(line + 1) != kMainStar && TypeAt(line + 1) != kMainSemicolon) {
+    ++line;
   }
+  Erase(at, line);
   std::size_t past = at;
   while (past < words.size() && LooksLikeMacro(words[past])) ++past;
   if (past > at + 1 && BeginsDeclaration(TypeAt(past))) Erase(at, past);
 }
 
+// What is removed is a gap before the next word, which moves on with it, so that a long run of
+// names takes linear time.
 void DeclarationRepairer::RemoveThirdNames(std::size_t from) {
-  std::size_t i = from;
+  std::size_t kept = from;  // The gap begins here ...
+  std::size_t i = from;     // ... and ends before this word.
+  const auto keepTo = [&](std::size_t past) {
+    if (kept == i) {
+      kept = i = past;
+      return;
+    }
+    while (i < past) words[kept++] = words[i++];
+  };
+  // Removes the words from `begin` to before `end`, which follow the word at `i`.
+  const auto remove = [&](std::size_t begin, std::size_t end) {
+    end = std::min(end, words.size());
+    const auto first = words.begin();
+    std::copy_backward(first + static_cast<std::ptrdiff_t>(i),
+                       first + static_cast<std::ptrdiff_t>(begin),
+                       first + static_cast<std::ptrdiff_t>(end));
+    i += end - begin;
+  };
   while (i < words.size()) {
     const unsigned type = TypeAt(i);
     if (type == kMainLParen || type == kMainAssign || type == kMainSemicolon ||
         type == kMainLCurly || type == kMainKw_operator || type == kMainColon ||
         type == kMainComma) {
-      return;
+      break;
     }
-    if (type == kMainLess && i > 0 && TypeAt(i - 1) == kMainId) {
-      i = std::max(PastAngles(i), i + 1);
+    if (type == kMainLess && kept > 0 && TypeAt(kept - 1) == kMainId) {
+      keepTo(std::max(PastAngles(i), i + 1));
       continue;
     }
     const bool isPair = type == kMainId && TypeAt(i + 1) == kMainId;
     if (!isPair) {
-      ++i;
+      keepTo(i + 1);
       continue;
     }
     // `a b c`, `int a b`, `a* b c`, `a b ::c`: one of a and b is a macro.
-    const unsigned before = i > 0 ? TypeAt(i - 1) : 0;
+    const unsigned before = kept > 0 ? TypeAt(kept - 1) : 0;
+    const bool isFirst = kept == from;
     const bool hasTypeBefore =
-        i > from && (IsBuiltInType(before) || before == kMainStar || before == kMainAmpersand ||
+        !isFirst && (IsBuiltInType(before) || before == kMainStar || before == kMainAmpersand ||
                      before == kMainGreater || before == kMainAnd);
     const bool hasThird =
         TypeAt(i + 2) == kMainId || TypeAt(i + 2) == kMainKw_operator ||
-        (TypeAt(i + 2) == kMainStar && LooksLikeMacro(words[i]) && i == from) ||
-        (TypeAt(i + 2) == kMainAmpersand && LooksLikeMacro(words[i]) && i == from) ||
+        (TypeAt(i + 2) == kMainStar && LooksLikeMacro(words[i]) && isFirst) ||
+        (TypeAt(i + 2) == kMainAmpersand && LooksLikeMacro(words[i]) && isFirst) ||
         (TypeAt(i + 2) == kMainLess && LooksLikeMacro(words[i])) ||
         (TypeAt(i + 2) == kMainScope && LooksLikeMacro(words[i]));
     if (hasTypeBefore && LooksLikeMacro(words[i + 1]) && !LooksLikeMacro(words[i])) {
       // `int name MACRO`
       if (TypeAt(i + 2) != kMainLParen || TypeAt(i + 3) == kMainRParen) {
-        Erase(i + 1, i + 2);
+        remove(i + 1, i + 2);
         continue;
       }
-      Erase(i + 1, PastBracket(words, i + 2));
+      remove(i + 1, PastBracket(words, i + 2));
       continue;
     }
     if (hasTypeBefore) {
-      Erase(i, i + 1);
+      ++i;
       continue;
     }
     if (hasThird) {
       if (LooksLikeMacro(words[i + 2]) && !LooksLikeMacro(words[i + 1]) &&
           !LooksLikeMacro(words[i])) {
-        Erase(i + 2, TypeAt(i + 3) == kMainLParen && TypeAt(i + 4) == kMainStringLiteral
-                         ? PastBracket(words, i + 3)
-                         : i + 3);
+        remove(i + 2, TypeAt(i + 3) == kMainLParen && TypeAt(i + 4) == kMainStringLiteral
+                          ? PastBracket(words, i + 3)
+                          : i + 3);
       } else if (LooksLikeMacro(words[i + 1]) && !LooksLikeMacro(words[i])) {
-        Erase(i + 1, i + 2);
+        remove(i + 1, i + 2);
       } else {
-        Erase(i, i + 1);
+        ++i;
       }
       continue;
     }
     // `type name MACRO;`
-    i += 2;
+    keepTo(i + 2);
   }
+  Erase(kept, i);
 }
 
 void DeclarationRepairer::RemoveTrailingMacros() {

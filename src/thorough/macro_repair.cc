@@ -27,14 +27,16 @@ bool BeginsDeclaration(unsigned type) {
 
 }  // namespace
 
+// As in `RemoveThirdNames`, what is removed is a gap before the next word.
 void DeclarationRepairer::RemoveMacrosBefore() {
-  std::size_t i = 0;
-  if (TypeAt(0) == kMainKw_template) i = Outline(words).begin;
-  RemoveMacroLines(i);
+  std::size_t kept = 0;
+  if (TypeAt(0) == kMainKw_template) kept = Outline(words).begin;
+  RemoveMacroLines(kept);
   RemoveMadeTemplateHead();
+  std::size_t i = kept;
   // A call of one, followed by the rest of a declaration.
   for (;;) {
-    while (IsSpecifier(TypeAt(i)) || TypeAt(i) == kMainKw_const) ++i;
+    while (IsSpecifier(TypeAt(i)) || TypeAt(i) == kMainKw_const) words[kept++] = words[i++];
     if (TypeAt(i) == kMainId && TypeAt(i + 1) == kMainLParen) {
       const std::size_t past = PastBracket(words, i + 1);
       const unsigned after = TypeAt(past);
@@ -49,24 +51,25 @@ void DeclarationRepairer::RemoveMacrosBefore() {
           (BeginsType(after) && after != kMainKw_const && after != kMainKw_volatile) ||
           IsSpecifier(after) || after == kMainTilde;
       if (!goesOn) break;
-      Erase(i, past);
+      i = past;
       continue;
     }
     if (TypeAt(i) != kMainId) break;
     // A name directly before a word that cannot follow the name of a type.
     const unsigned after = TypeAt(i + 1);
     if (BeginsDeclaration(after) && after != kMainKw_constexpr) {
-      Erase(i, i + 1);
+      ++i;
       continue;
     }
     if ((after == kMainKw_const || after == kMainKw_volatile) && LooksLikeMacro(words[i]) &&
         BeginsType(TypeAt(i + 2)) && BeginsType(TypeAt(i + 3))) {
-      Erase(i, i + 1);
+      ++i;
       continue;
     }
     break;
   }
-  RemoveThirdNames(i);
+  Erase(kept, i);
+  RemoveThirdNames(kept);
 }
 
 void DeclarationRepairer::RemoveMadeTemplateHead() {

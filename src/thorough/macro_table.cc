@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kNone = std::string_view::npos;
 constexpr std::size_t kLongestDefinition = 16384;
 /// A name with more definitions than this is redefined for each use; further ones are ignored.
-constexpr int kMostDefinitions = 64;
+constexpr std::uint32_t kMostDefinitions = 64;
 constexpr std::size_t kBlock = std::size_t{1} << 16;
 
 /// Keywords of compilers and of related languages, in terms of the vocabulary.
@@ -224,28 +224,27 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
       name != "__attribute__") {
     return end;
   }
-  // Words of compilers are never redefined, and a repeated definition adds nothing.
-  const auto found = firsts.find(name);
-  std::uint32_t last = 0;
-  if (found != firsts.end()) {
-    int known = 0;
-    for (std::uint32_t i = found->second; i != 0; i = definitions[i].next) {
+  const auto number = static_cast<std::uint32_t>(definitions.size());
+  const auto found = names.find(name);
+  if (found == names.end()) {
+    names.emplace(Store(name), Definitions{number, number, number, 1});
+    filter[FilterPlace(name)] = true;
+  } else {
+    Definitions& known = found->second;
+    // Words of compilers are never redefined, and a repeated definition adds nothing.
+    if (definitions[known.first].file == 0 || known.count == kMostDefinitions) return end;
+    const bool isOfSameFile = definitions[known.last].file == file;
+    for (std::uint32_t i = isOfSameFile ? known.ofFile : 0; i != 0; i = definitions[i].next) {
       const MacroDefinition& other = definitions[i];
-      const bool isSame =
-          other.file == file && other.body == body && other.parameters == definition.parameters;
-      if (isSame || other.file == 0 || ++known == kMostDefinitions) return end;
-      last = i;
+      if (other.body == body && other.parameters == definition.parameters) return end;
     }
+    if (!isOfSameFile) known.ofFile = number;
+    definitions[known.last].next = number;
+    known.last = number;
+    ++known.count;
   }
   definition.parameters = Store(definition.parameters);
   definition.body = Store(body);
-  const auto number = static_cast<std::uint32_t>(definitions.size());
-  if (last != 0) {
-    definitions[last].next = number;
-  } else {
-    firsts.emplace(Store(name), number);
-    filter[FilterPlace(name)] = true;
-  }
   definitions.push_back(definition);
   return end;
 }

@@ -39,8 +39,8 @@ class MacroTable {
   /// pointer is valid until the next call of `Learn`.
   const MacroDefinition* Find(std::string_view name) const {
     if (!MayHave(name)) return nullptr;
-    const auto found = firsts.find(name);
-    return found == firsts.end() ? nullptr : &definitions[found->second];
+    const auto found = names.find(name);
+    return found == names.end() ? nullptr : &definitions[found->second.first];
   }
   /// Returns the definition of the same name learned after `definition`; null after the last.
   const MacroDefinition* Next(const MacroDefinition& definition) const {
@@ -67,10 +67,17 @@ class MacroTable {
   static std::string_view QuotedPath(std::string_view text, std::size_t at);
   std::string_view Store(std::string_view text);
 
+  /// The definitions of one name.
+  struct Definitions {
+    std::uint32_t first, last;
+    std::uint32_t ofFile;  ///< The first in the file of the last one.
+    std::uint32_t count;
+  };
+
   static constexpr std::size_t kFilterSize = std::size_t{1} << 16;
 
   std::vector<bool> filter = std::vector<bool>(kFilterSize);
-  std::unordered_map<std::string_view, std::uint32_t> firsts;
+  std::unordered_map<std::string_view, Definitions> names;
   std::vector<MacroDefinition> definitions = std::vector<MacroDefinition>(1);  ///< 0 is none.
   std::vector<std::unique_ptr<char[]>> blocks;
   char* next = nullptr;

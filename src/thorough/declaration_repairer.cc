@@ -3,7 +3,9 @@
 #include "thorough/declaration_repairer.h"
 
 #include <algorithm>
+#include <cstdint>
 
+#include "base/character_class.h"
 #include "thorough/main_literals.h"
 #include "vocabulary/main_tokens.h"
 
@@ -29,6 +31,37 @@ bool IsSpecifier(unsigned type) {
       return false;
   }
 }
+
+namespace {
+
+/// True for words of C++ that are names in C, and for those that are names in some libraries.
+constexpr bool IsCxxWord(unsigned type) {
+  return type == kMainKw_class || type == kMainKw_new || type == kMainKw_delete ||
+         type == kMainKw_template || type == kMainKw_namespace || type == kMainKw_operator ||
+         type == kMainKw_private || type == kMainKw_public || type == kMainKw_protected ||
+         type == kMainKw_virtual || type == kMainKw_typename || type == kMainKw_using ||
+         type == kMainKw_friend || type == kMainKw_explicit || type == kMainKw_mutable ||
+         type == kMainKw_final || type == kMainKw_override || type == kMainKw_concept ||
+         type == kMainKw_requires || type == kMainKw_throw || type == kMainKw_default ||
+         type == kMainKw_readonly || type == kMainKw_true || type == kMainKw_false;
+}
+
+/// Kinds of words that only some declarations have, so that steps can be left out.
+enum WordKind : std::uint8_t { kCxxWords = 1, kScopes = 2, kEnumWords = 4, kAutoWords = 8 };
+
+constexpr ByteTable<std::uint8_t> MakeWordKinds() {
+  ByteTable<std::uint8_t> kinds{};
+  for (unsigned type = 0; type < kinds.size(); ++type) {
+    if (IsCxxWord(type)) kinds[type] = kCxxWords;
+  }
+  kinds[kMainScope] = kScopes;
+  kinds[kMainKw_enum] = kEnumWords;
+  kinds[kMainKw_auto] = kAutoWords;
+  return kinds;
+}
+constexpr ByteTable<std::uint8_t> kWordKinds = MakeWordKinds();
+
+}  // namespace
 
 bool DeclarationRepairer::Run() {
   if (words.empty()) return false;
@@ -66,9 +99,11 @@ void DeclarationRepairer::RepairPlain() {
   if (isExtern || isInstantiation) {
     return Erase(0, words.size());
   }
-  if (place.dialect != Dialect::C) RetypeNames();
+  unsigned kinds = 0;
+  for (const Word& word : words) kinds |= kWordKinds[word.type % kWordKinds.size()];
+  if (place.dialect != Dialect::C && (kinds & kCxxWords) != 0) RetypeNames();
   RemoveMacrosBefore();
-  RemoveLeadingScopes();
+  if ((kinds & kScopes) != 0) RemoveLeadingScopes();
   if (words.empty()) return;
   Outline outline(words);
   // A class template that is not defined here.
@@ -87,23 +122,14 @@ void DeclarationRepairer::RepairPlain() {
   } else {
     RepairVariable(outline);
   }
-  RemoveEnumWords();
-  RetypeAuto();
+  if ((kinds & kEnumWords) != 0) RemoveEnumWords();
+  if ((kinds & kAutoWords) != 0) RetypeAuto();
 }
 
 void DeclarationRepairer::RetypeNames() {
   for (std::size_t i = 0; i < words.size(); ++i) {
     const unsigned type = TypeAt(i);
-    const bool isCxxWord =
-        type == kMainKw_class || type == kMainKw_new || type == kMainKw_delete ||
-        type == kMainKw_template || type == kMainKw_namespace || type == kMainKw_operator ||
-        type == kMainKw_private || type == kMainKw_public || type == kMainKw_protected ||
-        type == kMainKw_virtual || type == kMainKw_typename || type == kMainKw_using ||
-        type == kMainKw_friend || type == kMainKw_explicit || type == kMainKw_mutable ||
-        type == kMainKw_final || type == kMainKw_override || type == kMainKw_concept ||
-        type == kMainKw_requires || type == kMainKw_throw || type == kMainKw_default ||
-        type == kMainKw_readonly || type == kMainKw_true || type == kMainKw_false;
-    if (!isCxxWord) continue;
+    if (!IsCxxWord(type)) continue;
     if (place.dialect == Dialect::C && !place.inObjc) {
       if (i > 0) Retype(i, kMainId);
       continue;

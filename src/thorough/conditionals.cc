@@ -28,7 +28,7 @@ struct Depth {
 /// A stretch of text as its neighbours see it.
 struct Shape {
   char first = 0;  ///< The first character that is neither blank nor comment; 0 for none.
-  char last = 0;   ///< The last one.
+  char last = 0;   ///< The last one; `;` where it ends `@end`.
   Depth curlies;
   Depth parentheses;
 
@@ -65,7 +65,7 @@ bool EndsStatement(char c) { return c == 0 || c == ';' || c == '{' || c == '}' |
 
 class Chooser {
  public:
-  Chooser(std::string_view text, Dialect dialect) : source(text), dialect(dialect) {}
+  Chooser(std::string_view text, Dialect dialect) : text(text), source(text), dialect(dialect) {}
 
   std::vector<TextRange> Run() {
     const auto take = [this](std::string_view piece) { Take(piece); };
@@ -138,6 +138,7 @@ class Chooser {
   void EndBranch(const Directive& directive) {
     Branch& branch = open.back().branches.back();
     branch.end = directive.begin;
+    if (branch.shape.last == 'd' && EndsInterface(branch)) branch.shape.last = ';';
     // The definitions of a branch that is never read go with it.
     if (branch.truth == Truth::False) defines.resize(branch.firstDefine);
   }
@@ -194,6 +195,13 @@ class Chooser {
     Current().Append(shape);
   }
 
+  /// True for a branch that ends with `@end`.
+  bool EndsInterface(const Branch& branch) const {
+    const std::string_view inside = text.substr(branch.begin, branch.end - branch.begin);
+    const std::size_t last = inside.find_last_not_of(" \t\r\n");
+    return inside.substr(0, last + 1).ends_with("@end");
+  }
+
   static bool KeepsAll(const Conditional& group) {
     if (group.branches.size() == 1) return true;
     // A line that is a macro alone has no mark at its end.
@@ -213,8 +221,9 @@ class Chooser {
   /// True for a branch that can be nothing but whole declarations.
   static bool IsDeclaration(const Branch& branch) {
     const Shape& shape = branch.shape;
-    return shape.IsEmpty() || (kLetters[static_cast<unsigned char>(shape.first)] &&
-                               shape.IsBalanced() && (shape.last == ';' || shape.last == '}'));
+    const bool begins = kLetters[static_cast<unsigned char>(shape.first)] || shape.first == '@';
+    return shape.IsEmpty() ||
+           (begins && shape.IsBalanced() && (shape.last == ';' || shape.last == '}'));
   }
 
   /// The branch to be read where only one can be; the number of branches where none can.
@@ -264,6 +273,7 @@ class Chooser {
     return result;
   }
 
+  std::string_view text;
   SourceText source;
   Dialect dialect;
   Shape top;

@@ -178,5 +178,11 @@ TEST(Conditionals, TakesLinearTimeForDeepNesting) {
   EXPECT_EQ(Kept(two), "f(" + defines);
 }
 
+TEST(Conditionals, KeepsAllBranchesThatEndInterfaces) {
+  EXPECT_EQ(Kept("#if X\n@interface A\n@end\n#else\n@interface B\n@end\n#endif\n"),
+            "@interface A @end @interface B @end");
+  EXPECT_EQ(Kept("int a =\n#if X\nfriend\n#else\nbend\n#endif\n;"), "int a = friend ;");
+}
+
 }  // namespace
 }  // namespace vexltags::thorough

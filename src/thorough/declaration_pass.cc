@@ -2,6 +2,8 @@
 // Prepares the tokens of a C-family file for the parser, declaration by declaration.
 #include "thorough/declaration_pass.h"
 
+#include "base/character_class.h"
+#include "cfamily/main_words.h"
 #include "thorough/main_literals.h"
 #include "vocabulary/main_tokens.h"
 
@@ -55,13 +57,8 @@ void DeclarationPass::Take(const Word& word) {
     }
     return;
   }
-  // The head of an interface ends with its line, but for what continues it.
-  if (word.type == kMainId || word.type >= kMainKw_typedef) {
-    const unsigned last = words.empty() ? 0 : words.back().type;
-    const bool endsHead = last == kMainId || last == kMainGreater || last == kMainRParen;
-    if (endsHead && words.size() > 1 && word.line > words.back().line && IsObjcHead()) {
-      EndBefore(word);
-    }
+  if ((word.type == kMainId || word.type >= kMainKw_typedef) && EndsObjcHead(word.line)) {
+    EndBefore(word);
   }
   switch (word.type) {
     case kMainLCurly:
@@ -76,6 +73,8 @@ void DeclarationPass::Take(const Word& word) {
     case kMainColon:
       return TakeColon(word);
     case kMainLParen:
+      if (SkipHiddenCall(word)) return;
+      [[fallthrough]];
     case kMainLSquare:
       ++brackets;
       break;
@@ -99,6 +98,29 @@ void DeclarationPass::Take(const Word& word) {
       break;
   }
   words.push_back(word);
+}
+
+bool DeclarationPass::SkipHiddenCall(const Word& open) {
+  if (open.index < 0 || brackets > 0 || words.empty()) return false;
+  const Word& before = words.back();
+  if (before.type != kMainRParen || before.index < 0) return false;
+  const char* const begin = before.text.data() + before.text.size();
+  const char* end = open.text.data();
+  while (end > begin && (end[-1] == ' ' || end[-1] == '\t')) --end;
+  const char* word = end;
+  while (word > begin && kLettersAndDigits[static_cast<unsigned char>(word[-1])]) --word;
+  const auto length = static_cast<std::size_t>(end - word);
+  if (length == 0 ||
+      ClassifyMainWord(reinterpret_cast<const unsigned char*>(word), length) != kMainMaybeMacro) {
+    return false;
+  }
+  int depth = 1;
+  for (; at < tokens.Count() && depth > 0; ++at) {
+    if (tokens.TypeAt(at) == kMainLParen) ++depth;
+    if (tokens.TypeAt(at) == kMainRParen) --depth;
+  }
+  hasChanged = true;
+  return true;
 }
 
 void DeclarationPass::TakeStdNamespace(const Word& word) {
@@ -142,6 +164,12 @@ void DeclarationPass::TakeObjcWord(const Word& word) {
     if (inObjc) scopes.pop_back();
     EndDeclaration(DeclarationEnd::Other);
   }
+}
+
+bool DeclarationPass::EndsObjcHead(unsigned line) const {
+  if (words.size() < 2 || line <= words.back().line) return false;
+  const unsigned last = words.back().type;
+  return (last == kMainId || last == kMainGreater || last == kMainRParen) && IsObjcHead();
 }
 
 bool DeclarationPass::IsObjcHead() const {

@@ -47,10 +47,16 @@ class DeclarationPass {
   void TakeClose(const Word& word);
   void TakeColon(const Word& word);
   void TakeStdNamespace(const Word& word);
+  /// Skips the arguments in `int f(int) __nonnull((1));`, whose parenthesis is `open`: the lexer
+  /// hides the word before them only. Returns true if it has.
+  bool SkipHiddenCall(const Word& open);
   void TakeObjcWord(const Word& word);
   Curly ClassifyCurly() const;
   /// True while the declaration is the head of an interface, protocol or implementation.
   bool IsObjcHead() const;
+  /// True where a word in `line` cannot belong to the head: the head ends with its line, but for
+  /// what continues it.
+  bool EndsObjcHead(unsigned line) const;
   /// Ends the declaration before `word`, which belongs to the next one.
   void EndBefore(const Word& word);
   bool IsOldStyleHead() const;

@@ -109,5 +109,15 @@ TEST(DeclarationPass, PassesOverBlocksThatStayOpen) {
   EXPECT_EQ(Prepared("int f() { if (a) { int b = 1;"), "int f ( ) { if ( a ) { int b = 1 ;");
 }
 
+TEST(DeclarationPass, ExpandsMacrosThatMakeMethods) {
+  EXPECT_EQ(Prepared("@implementation A\nM(f) @end", "#define M(n) -(id)n:(id)a { b; }\n"),
+            "@implementation A - f : a { } @end");
+  EXPECT_EQ(Prepared("int a = M(f);", "#define M(n) -(id)n\n"), "int a ;");
+}
+
+TEST(DeclarationPass, DeclaresNothingThatTheCounterNames) {
+  EXPECT_EQ(Prepared("J(a, __COUNTER__); int b;", "#define J(x, y) int x##y\n"), "int b ;");
+}
+
 }  // namespace
 }  // namespace vexltags::thorough

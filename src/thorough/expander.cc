@@ -215,6 +215,11 @@ bool Expander::Rescan(std::span<const Word> words, unsigned line, std::vector<Wo
     if (definition == nullptr || IsActive(definition)) {
       if (!Spend(1)) return false;
       result.push_back(word);
+      if (word.text == "__LINE__") {
+        texts.push_back(std::to_string(line));
+        result.back().text = texts.back();
+        result.back().type = kMainNumber;
+      }
       continue;
     }
     Arguments arguments;

@@ -93,6 +93,14 @@ TEST_F(ExpanderTest, SubstitutesArguments) {
   EXPECT_EQ(Expand("F(int)"), "int ;") << "an argument that is missing is empty";
 }
 
+TEST_F(ExpanderTest, KnowsTheLine) {
+  Learn(
+      "#define PASTE(a, b) a##b\n#define JOIN(a, b) PASTE(a, b)\n"
+      "#define NAMED(x) int JOIN(x, __LINE__);\n");
+  EXPECT_EQ(Expand("NAMED(a)"), "int a7 ;");
+  EXPECT_EQ(Expand("PASTE(a, __LINE__)"), "a__LINE__") << "operands of ## are not expanded";
+}
+
 TEST_F(ExpanderTest, StringifiesAndPastes) {
   Learn(
       "#define TYPE long\n#define S(a) a s = #a;\n#define P(a, b) int a##b;\n"

@@ -109,6 +109,16 @@ void MacroBodies::Read(std::string_view text, MacroBody& body) {
     } else if (ahead.starts_with("[[")) {
       const std::size_t close = ahead.find("]]");
       cursor.at = close == std::string_view::npos ? cursor.end : at + close + 2;
+    } else if (*at == '"' || *at == '\'') {
+      // A literal with an escape that the lexer does not have.
+      std::size_t length = 1;
+      while (length < ahead.size() && ahead[length] != ahead[0]) {
+        length += ahead[length] == '\\' ? 2 : 1;
+      }
+      length = std::min(length + 1, ahead.size());
+      const unsigned type = *at == '"' ? kMainStringLiteral : kMainCharLiteral;
+      body.tokens.push_back({type, -1, ahead.substr(0, length)});
+      cursor.at += length;
     } else if (ahead.starts_with("//")) {
       cursor.at = cursor.end;
     } else {

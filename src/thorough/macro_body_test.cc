@@ -31,6 +31,7 @@ TEST(MacroBody, ReadsTokens) {
   EXPECT_EQ(Tokens("", "class A{int b;};"), "class A { int b ; } ;");
   EXPECT_EQ(Tokens("", ""), "");
   EXPECT_EQ(Tokens("", "int \\\n a /* b */ ; // c"), "int a ;");
+  EXPECT_EQ(Tokens("", "A(\"b \\\" c\") '\\\\' d"), "A ( \"b \\\" c\" ) '\\\\' d");
 }
 
 TEST(MacroBody, NumbersParameters) {

@@ -47,6 +47,7 @@ constexpr std::string_view kCompilerWords = R"(
 #define __int64 long
 #define __int128 long
 #define __int128_t long
+#define _Pragma(x)
 #define __attribute(x)
 #define __attribute__(x)
 #define __declspec(x)
@@ -73,9 +74,28 @@ bool IsWord(char c) { return kLettersAndDigits[static_cast<unsigned char>(c)]; }
 bool IsLetter(char c) { return kLetters[static_cast<unsigned char>(c)]; }
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
-/// True for a body that can be more than an expression, by its first character.
+/// True for a body that begins like a method of Objective-C: a sign, a type in parentheses, a word.
+bool BeginsMethod(std::string_view body) {
+  if (body[0] != '-' && body[0] != '+') return false;
+  std::size_t at = 1;
+  while (at < body.size() && IsBlank(body[at])) ++at;
+  if (at == body.size() || body[at] != '(') return false;
+  constexpr std::size_t kLongestType = 256;
+  const std::size_t end = std::min(body.size(), at + kLongestType);
+  int open = 0;
+  for (; at < end; ++at) {
+    if (body[at] == '(') ++open;
+    if (body[at] == ')' && --open == 0) break;
+  }
+  for (++at; at < end && IsBlank(body[at]); ++at) {
+  }
+  return at < end && IsLetter(body[at]);
+}
+
+/// True for a body that can be more than an expression, by how it begins.
 bool CanDeclare(std::string_view body, bool isFunction) {
   if (body.empty()) return true;
+  if (isFunction && BeginsMethod(body)) return true;
   const char c = body[0];
   if (IsLetter(c) || c == '{' || c == '}' || c == ';' || c == ':' || c == '[' || c == '@') {
     return true;

@@ -31,7 +31,8 @@ class MacroTable {
   MacroTable& operator=(const MacroTable&) = delete;
 
   /// Learns every `#define` of `text`, the content of file number `file`, and calls `include` with
-  /// the path of each `#include "path"`, a view into `text`. Copies what it keeps.
+  /// the path of each `#include "path"` and `#import "path"`, a view into `text`. Copies what it
+  /// keeps.
   template <class Include>
   void Learn(std::string_view text, std::uint32_t file, Include include);
 
@@ -91,8 +92,8 @@ void MacroTable::Learn(std::string_view text, std::uint32_t file, Include includ
     const std::string_view ahead = text.substr(at);
     if (ahead.starts_with("define")) {
       at = LearnDefine(text, at + 6, file);
-    } else if (ahead.starts_with("include")) {
-      const std::string_view path = QuotedPath(text, at + 7);
+    } else if (ahead.starts_with("include") || ahead.starts_with("import")) {
+      const std::string_view path = QuotedPath(text, at + (ahead[1] == 'n' ? 7 : 6));
       if (!path.empty()) include(path);
     }
   }

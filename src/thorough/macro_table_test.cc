@@ -141,5 +141,22 @@ TEST(MacroTable, BoundsTheDefinitionsOfOneName) {
   EXPECT_GT(table.Count() - before, 10U);
 }
 
+TEST(MacroTable, LearnsMethods) {
+  MacroTable table;
+  table.Learn("#define A(t) - (t)name\n#define B(x) +(x) + 1\n#define C -(x)name\n", 1,
+              [](std::string_view) {});
+  EXPECT_NE(table.Find("A"), nullptr);
+  EXPECT_EQ(table.Find("B"), nullptr);
+  EXPECT_EQ(table.Find("C"), nullptr);
+}
+
+TEST(MacroTable, ReportsQuotedImports) {
+  std::vector<std::string> paths;
+  MacroTable table;
+  table.Learn("#import \"a.h\"\n#import <b.h>\n", 1,
+              [&paths](std::string_view path) { paths.emplace_back(path); });
+  EXPECT_EQ(paths, std::vector<std::string>{"a.h"});
+}
+
 }  // namespace
 }  // namespace vexltags::thorough

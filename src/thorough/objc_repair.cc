@@ -18,7 +18,8 @@ void DeclarationRepairer::RepairMethod() {
       ++i;
     }
   }
-  // The words of the selector; C++ words as names of parameters, and macros after the last one.
+  // The words of the selector; keywords as names, and macros after the last one.
+  if (TypeAt(1) >= kMainKw_typedef) Retype(1, kMainId);
   std::size_t last = words.size() - 1;
   bool hasColon = false;
   for (std::size_t i = 1; i < last;) {

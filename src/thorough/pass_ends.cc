@@ -9,6 +9,13 @@
 namespace vexltags::thorough {
 namespace {
 
+/// True for a name that a macro makes of `__COUNTER__`: only a compiler knows it.
+bool HasCounter(const Words& words) {
+  return std::any_of(words.begin(), words.end(), [](const Word& word) {
+    return word.index < 0 && word.text.ends_with("__COUNTER__");
+  });
+}
+
 /// The name that a class head declares, without its template arguments; empty for none.
 std::string_view NameOfClass(const Words& words) {
   const Outline outline(words);
@@ -31,6 +38,8 @@ void DeclarationPass::EndDeclaration(DeclarationEnd end) {
   brackets = 0;
   enumDepth = 0;
   inEnum = false;
+  const bool isWhole = end == DeclarationEnd::Semicolon || end == DeclarationEnd::Body;
+  if (hasChanged && isWhole && HasCounter(words)) words.clear();
   if (!words.empty() && (words.size() <= kLongestDeclaration || end == DeclarationEnd::EnumBody)) {
     DeclarationPlace place;
     place.inClass = CurrentLevel() == Level::Class || CurrentLevel() == Level::Variables;

@@ -34,6 +34,7 @@ bool DeclarationPass::TryMacro() {
   const std::string_view name = tokens.SourceAt(at);
   const MacroDefinition* definition = expander.Find(name);
   if (definition == nullptr) return false;
+  if (EndsObjcHead(tokens.LineAt(at))) EndDeclaration(DeclarationEnd::Other);
   if (!words.empty()) {
     const unsigned before = words.back().type;
     if (before == kMainScope || before == kMainDot || before == kMainPointerTo) return false;
@@ -114,6 +115,10 @@ bool DeclarationPass::IsWorthExpanding(const MacroDefinition& definition,
   if (definition.isFunction && saysNothing && NeedsName()) return false;
   if (result.empty()) return true;
   const unsigned first = result[0].type;
+  const bool isMethod = (first == kMainPlus || first == kMainMinus) &&
+                        CurrentLevel() == Level::Objc && result.size() > 2 &&
+                        result[1].type == kMainLParen;
+  if (isMethod) return words.empty();
   const bool declares = std::any_of(result.begin(), result.end(),
                                     [](const Word& word) { return Declares(word.type); });
   const bool isExpression = first == kMainNumber || first == kMainStringLiteral ||

@@ -1,0 +1,4 @@
+@interface A
++ (double)double:(id)value;
+- (int)int;
+@end

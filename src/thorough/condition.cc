@@ -23,6 +23,16 @@ bool IsForeign(std::string_view name) {
          std::end(kForeignMacros);
 }
 
+/// True for a name that says what a compiler or a configuration lacks, which is rare.
+bool SaysLack(std::string_view name) {
+  return name.find("_NO_") != std::string_view::npos || name.starts_with("NO_");
+}
+
+/// True for a name that may be a compiler's own.
+bool IsReserved(std::string_view name) {
+  return name.size() < 2 || (name[0] == '_' && (name[1] < 'a' || name[1] > 'z'));
+}
+
 /// The value of an expression: a number where it is known, else only a truth.
 struct Value {
   Truth truth = Truth::Unknown;
@@ -41,7 +51,8 @@ struct Value {
 /// A recursive-descent reader of `#if` expressions. Depth is bounded: what nests deeper is unknown.
 class Reader {
  public:
-  Reader(std::string_view text, Dialect dialect) : rest(text), dialect(dialect) {}
+  Reader(std::string_view text, Dialect dialect, const NameSet* defined)
+      : rest(text), dialect(dialect), defined(defined) {}
 
   Truth Read() {
     const Value value = Conditional();
@@ -195,7 +206,7 @@ class Reader {
       const bool hasParenthesis = Take("(");
       const std::string_view name = TakeWord();
       if (hasParenthesis && !Take(")")) failed = true;
-      return Value::Of(IsDefined(name, dialect));
+      return Value::Of(IsDefined(name, dialect, defined));
     }
     // The arguments of __has_include and the like.
     if (Take("(")) {
@@ -210,7 +221,7 @@ class Reader {
       if (dialect == Dialect::C) return Value::Number(0);
       return {Truth::Likely, std::nullopt, true};
     }
-    return {IsForeign(word) ? Truth::Unlikely : Truth::Unknown, std::nullopt};
+    return {IsDefined(word, dialect, defined), std::nullopt};
   }
 
   void SkipArguments() {
@@ -245,6 +256,7 @@ class Reader {
 
   std::string_view rest;
   Dialect dialect;
+  const NameSet* defined;
   int depth = 0;
   bool failed = false;
 };
@@ -266,7 +278,7 @@ Truth Not(Truth truth) {
   return static_cast<Truth>(static_cast<int>(Truth::True) - static_cast<int>(truth));
 }
 
-Truth IsDefined(std::string_view argument, Dialect dialect) {
+Truth IsDefined(std::string_view argument, Dialect dialect, const NameSet* defined) {
   std::size_t length = 0;
   while (length < argument.size() && (kLetters[static_cast<unsigned char>(argument[length])] ||
                                       (argument[length] >= '0' && argument[length] <= '9'))) {
@@ -277,11 +289,12 @@ Truth IsDefined(std::string_view argument, Dialect dialect) {
     if (dialect == Dialect::Cxx) return Truth::True;
     return dialect == Dialect::C ? Truth::False : Truth::Likely;
   }
-  return IsForeign(name) ? Truth::Unlikely : Truth::Unknown;
+  const bool isUnseen = defined != nullptr && !IsReserved(name) && !defined->MayHave(name);
+  return isUnseen || IsForeign(name) || SaysLack(name) ? Truth::Unlikely : Truth::Unknown;
 }
 
-Truth EvaluateCondition(std::string_view expression, Dialect dialect) {
-  return Reader(expression, dialect).Read();
+Truth EvaluateCondition(std::string_view expression, Dialect dialect, const NameSet* defined) {
+  return Reader(expression, dialect, defined).Read();
 }
 
 }  // namespace vexltags::thorough

@@ -175,6 +175,22 @@ TEST(Condition, KnowsWhetherANameIsDefined) {
   EXPECT_EQ(IsDefined("", Dialect::Cxx), Truth::Unknown);
 }
 
+TEST(Condition, TakesWhatIsLackingForUnlikely) {
+  EXPECT_EQ(IsDefined("A_NO_B", Dialect::Cxx), Truth::Unlikely);
+  EXPECT_EQ(IsDefined("NO_B", Dialect::Cxx), Truth::Unlikely);
+  EXPECT_EQ(IsDefined("A_NOB", Dialect::Cxx), Truth::Unknown);
+  EXPECT_EQ(InHeader("!A_NO_B"), Truth::Likely);
+}
+
+TEST(Condition, TakesUnseenNamesForUnlikely) {
+  NameSet names;
+  names.Add("SEEN");
+  EXPECT_EQ(EvaluateCondition("SEEN", Dialect::Cxx, &names), Truth::Unknown);
+  EXPECT_EQ(EvaluateCondition("defined(UNSEEN)", Dialect::Cxx, &names), Truth::Unlikely);
+  EXPECT_EQ(EvaluateCondition("defined(__GNUC__)", Dialect::Cxx, &names), Truth::Unknown);
+  EXPECT_EQ(EvaluateCondition("defined(_GNU_SOURCE)", Dialect::Cxx, &names), Truth::Unknown);
+}
+
 TEST(Condition, BoundsNesting) {
   EXPECT_EQ(InHeader(Repeat("(", 20) + "1" + Repeat(")", 20)), Truth::True);
   EXPECT_EQ(InHeader(Repeat("(", kDeep) + "1" + Repeat(")", kDeep)), Truth::Unknown);

@@ -42,8 +42,8 @@ std::string_view NamespaceIn(std::string_view body) {
   return rest.substr(0, length);
 }
 
-/// How likely a definition is to matter to declarations; greater is likelier.
-int RankOf(const MacroDefinition& definition, const MacroTable& macros) {
+/// How likely a definition is to matter to declarations by its body; greater is likelier.
+int BodyRank(const MacroDefinition& definition, const MacroTable& macros) {
   if (definition.body.find_first_of("{};") != std::string_view::npos) {
     // A namespace with the name of a macro that no input defines is one that is switched off.
     const std::string_view name = NamespaceIn(definition.body);
@@ -57,6 +57,12 @@ int RankOf(const MacroDefinition& definition, const MacroTable& macros) {
 }
 
 }  // namespace
+
+int Expander::RankOf(const MacroDefinition& definition) const {
+  constexpr int kUnlikely = 4;
+  const bool isUnlikely = macros.ConditionOf(definition, dialect) <= Truth::Unlikely;
+  return BodyRank(definition, macros) - (isUnlikely ? kUnlikely : 0);
+}
 
 std::pair<Arguments, std::size_t> SplitArguments(std::span<const Word> words, std::size_t from) {
   Arguments arguments;
@@ -79,6 +85,9 @@ std::pair<Arguments, std::size_t> SplitArguments(std::span<const Word> words, st
 void Expander::BeginFile(std::uint32_t number, const std::vector<std::string>& allPaths) {
   file = number;
   paths = &allPaths;
+  dialect = DialectOf(allPaths[number]);
+  text = {};
+  position = 0;
   texts.clear();
   choices.clear();
   active.clear();
@@ -89,24 +98,35 @@ void Expander::BeginFile(std::uint32_t number, const std::vector<std::string>& a
 const MacroDefinition* Expander::Find(std::string_view name) const {
   const MacroDefinition* known = macros.Find(name);
   if (known == nullptr) return nullptr;
-  const auto [choice, isNew] = choices.emplace(known, nullptr);
-  if (isNew) choice->second = Choose(*known, name);
-  return choice->second;
+  const auto offset =
+      reinterpret_cast<std::uintptr_t>(name.data()) - reinterpret_cast<std::uintptr_t>(text.data());
+  if (offset < text.size()) position = static_cast<std::uint32_t>(offset);
+  const auto [place, isNew] = choices.emplace(known, Choice{});
+  Choice& choice = place->second;
+  if (isNew || choice.hasEnds) choice.best = Choose(*known, name, choice.hasEnds);
+  return choice.best;
 }
 
-const MacroDefinition* Expander::Choose(const MacroDefinition& first, std::string_view name) const {
+const MacroDefinition* Expander::Choose(const MacroDefinition& first, std::string_view name,
+                                        bool& hasEnds) const {
+  constexpr int kLocal = 10;
   const bool isLocal = HasLowerCase(name) && name[0] != '_';
   const MacroDefinition* best = nullptr;
-  int bestRank = -1;
+  int bestRank = 0;
+  for (const MacroDefinition* known = &first; known != nullptr && !hasEnds && !text.empty();
+       known = macros.Next(*known)) {
+    hasEnds = known->file == file && known->end != MacroDefinition::kNoEnd;
+  }
   for (const MacroDefinition* known = &first; known != nullptr; known = macros.Next(*known)) {
-    int rank = RankOf(*known, macros);
+    int rank = RankOf(*known);
     if (known->file == file) {
-      rank += 10;
+      if (hasEnds && (position < known->begin || position >= known->end)) continue;
+      rank += kLocal;
     } else if (isLocal && known->file != 0 && paths != nullptr &&
                !AreNear((*paths)[known->file], (*paths)[file])) {
       continue;
     }
-    if (rank > bestRank) {
+    if (best == nullptr || rank > bestRank) {
       best = known;
       bestRank = rank;
     }

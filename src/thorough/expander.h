@@ -31,11 +31,15 @@ class Expander {
   /// Must be called before each file. Texts of expansions live until the next call. `paths` holds
   /// the path of each file at its number, and must live as long.
   void BeginFile(std::uint32_t file, const std::vector<std::string>& paths);
+  /// Sets the text of the file. Without it, no definition of the file ends before another begins.
+  void SetText(std::string_view newText) { text = newText; }
 
   /// Returns the definition of `name` that suits this file best, null if there is none. One in this
   /// file comes first; then one with braces or `;`, then an empty one or `__attribute__`, then the
   /// rest. Names with lower-case letters that do not begin with `_` are known only in their own
-  /// folder, in those that contain it and in those within it.
+  /// folder, in those that contain it and in those within it. A definition whose condition is
+  /// unlikely comes after the others. Where `name` is part of the file's text, a definition of the
+  /// file that begins later or has been ended by `#undef` is none.
   const MacroDefinition* Find(std::string_view name) const;
 
   /// Appends to `result` what `definition` expands to. `arguments` must be those of one call, as
@@ -48,7 +52,13 @@ class Expander {
   static constexpr std::size_t kMostArguments = 4096;
 
  private:
-  const MacroDefinition* Choose(const MacroDefinition& first, std::string_view name) const;
+  struct Choice {
+    const MacroDefinition* best = nullptr;
+    bool hasEnds = false;  ///< Definitions of the file end: the place of the use decides.
+  };
+  const MacroDefinition* Choose(const MacroDefinition& first, std::string_view name,
+                                bool& hasEnds) const;
+  int RankOf(const MacroDefinition& definition) const;
   bool Substitute(const MacroBody& body, const Arguments& arguments, unsigned line,
                   std::vector<Word>& result);
   bool SubstitutePasted(std::span<const Word> words, unsigned line, std::vector<Word>& result);
@@ -70,12 +80,15 @@ class Expander {
   const MacroTable& macros;
   MacroBodies& bodies;
   /// The choices of `Find` for this file.
-  mutable std::unordered_map<const MacroDefinition*, const MacroDefinition*> choices;
+  mutable std::unordered_map<const MacroDefinition*, Choice> choices;
+  mutable std::uint32_t position = 0;  ///< The offset of the last name of the text that was found.
   std::vector<const MacroDefinition*> active;
   std::size_t depth = 0;  ///< Of expansions within each other, those of arguments counted.
   std::deque<std::string> texts;
   std::size_t budget = 0;
   std::uint32_t file = 0;
+  Dialect dialect = Dialect::Unknown;
+  std::string_view text;
   const std::vector<std::string>* paths = nullptr;
 };
 

@@ -93,6 +93,36 @@ TEST_F(ExpanderTest, SubstitutesArguments) {
   EXPECT_EQ(Expand("F(int)"), "int ;") << "an argument that is missing is empty";
 }
 
+TEST_F(ExpanderTest, PrefersLikelyDefinitions) {
+  Learn("#ifdef A_NO_B\n#define F {\n#else\n#define F enum\n#endif\n", 2);
+  EXPECT_EQ(Expand("F"), "enum");
+  Learn("#if OFF\n#define G ;\n#endif\n", 2);
+  EXPECT_EQ(Expand("G"), ";") << "the only one";
+}
+
+TEST_F(ExpanderTest, PrefersFilesThatAreLikelyToBeIncluded) {
+  macros.Learn("#ifdef _WIN32\n#include \"a\"\n#else\n#include \"b\"\n#endif\n", 1,
+               [this](std::string_view name) { macros.NoteInclude(name == "a" ? 2 : 3); });
+  Learn("#define F int a;\n", 2);
+  Learn("#define F\n", 3);
+  EXPECT_EQ(Expand("F"), "");
+}
+
+TEST_F(ExpanderTest, KnowsWhereDefinitionsOfTheFileEnd) {
+  const std::string text = "#define X int a;\n X\n#undef X\n X\n#define X int b;\n X\n";
+  Learn(text, 1);
+  expander.BeginFile(1, paths);
+  expander.SetText(text);
+  const auto found = [&](std::size_t from) {
+    const MacroDefinition* definition =
+        expander.Find(std::string_view(text).substr(text.find("\n X", from) + 2, 1));
+    return definition == nullptr ? "none" : std::string(definition->body);
+  };
+  EXPECT_EQ(found(0), "int a;");
+  EXPECT_EQ(found(text.find("#undef")), "none");
+  EXPECT_EQ(found(text.find("int b")), "int b;");
+}
+
 TEST_F(ExpanderTest, KnowsTheLine) {
   Learn(
       "#define PASTE(a, b) a##b\n#define JOIN(a, b) PASTE(a, b)\n"

@@ -106,6 +106,8 @@ bool CanDeclare(std::string_view body, bool isFunction) {
 /// True for the number of a version, which may become part of the name of a namespace.
 bool IsVersion(std::string_view name, std::string_view body) {
   constexpr std::size_t kLongest = 6;
+  const std::size_t comment = body.find_first_of(" \t/");
+  if (comment != kNone && body.find('/', comment) != kNone) body = body.substr(0, comment);
   if (body.empty() || body.size() > kLongest || body[0] < '0' || body[0] > '9') return false;
   for (const std::string_view part : {"VERSION", "MAJOR", "MINOR", "PATCH", "REVISION", "ABI"}) {
     if (name.find(part) != kNone) return true;
@@ -148,6 +150,27 @@ MacroTable::MacroTable() {
   Learn(kCompilerWords, 0, [](std::string_view) {});
 }
 
+void MacroTable::NoteInclude(std::uint32_t file) {
+  constexpr std::size_t kMostConditions = 16;
+  std::vector<std::uint32_t>& known = includes[file];
+  if (known.size() < kMostConditions) {
+    known.push_back(conditions.Current());
+  } else {
+    known.back() = 0;  // Included everywhere.
+  }
+}
+
+Truth MacroTable::ConditionOf(const MacroDefinition& definition, Dialect dialect) const {
+  const Truth truth = conditions.Of(definition.condition, dialect);
+  const auto found = includes.find(definition.file);
+  if (found == includes.end()) return truth;
+  Truth likeliest = Truth::False;
+  for (const std::uint32_t condition : found->second) {
+    likeliest = std::max(likeliest, conditions.Of(condition, dialect));
+  }
+  return std::min(truth, likeliest);
+}
+
 std::string_view MacroTable::Store(std::string_view text) {
   if (text.empty()) return {};
   if (text.size() > room) {
@@ -185,6 +208,48 @@ std::string_view MacroTable::QuotedPath(std::string_view text, std::size_t at) {
   return text.substr(at + 1, end - at - 1);
 }
 
+std::size_t MacroTable::EndOfLine(std::string_view text, std::size_t at) {
+  // Up to the first line end without a backslash before it.
+  std::size_t end = at;
+  for (;;) {
+    const std::size_t newline = std::min(text.find('\n', end), text.size());
+    std::size_t last = newline;
+    if (last > end && text[last - 1] == '\r') --last;
+    if (last <= at || text[last - 1] != '\\' || newline >= text.size()) return newline;
+    end = newline + 1;
+  }
+}
+
+void MacroTable::LearnUndef(std::string_view text, std::size_t at, std::uint32_t file) {
+  while (at < text.size() && IsBlank(text[at])) ++at;
+  const std::size_t begin = at;
+  while (at < text.size() && IsWord(text[at])) ++at;
+  const std::string_view name = text.substr(begin, at - begin);
+  if (name.empty() || !MayHave(name)) return;
+  const auto found = names.find(name);
+  if (found == names.end() || definitions[found->second.last].file != file) return;
+  for (std::uint32_t i = found->second.ofFile; i != 0; i = definitions[i].next) {
+    MacroDefinition& known = definitions[i];
+    // One that is under a condition of its own may never happen.
+    if (known.file == file && known.end == MacroDefinition::kNoEnd &&
+        conditions.Depth() <= known.depth) {
+      known.end = static_cast<std::uint32_t>(begin);
+    }
+  }
+}
+
+std::size_t MacroTable::LearnCondition(std::string_view text, std::size_t at) {
+  std::size_t end = at;
+  while (end < text.size() && IsWord(text[end])) ++end;
+  const DirectiveKind kind = DirectiveKindOf(text.substr(at, end - at));
+  if (kind == DirectiveKind::Other || kind == DirectiveKind::Error) return end;
+  std::size_t argument = end;
+  while (argument < text.size() && IsBlank(text[argument])) ++argument;
+  end = EndOfLine(text, argument);
+  conditions.Take(kind, text.substr(argument, end - argument));
+  return end;
+}
+
 std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::uint32_t file) {
   const std::size_t word = at;
   while (at < text.size() && IsBlank(text[at])) ++at;
@@ -193,17 +258,8 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
   while (at < text.size() && IsWord(text[at])) ++at;
   const std::string_view name = text.substr(nameBegin, at - nameBegin);
 
-  // The logical line, up to the first line end without a backslash before it.
-  std::size_t end = at;
-  for (;;) {
-    const std::size_t newline = std::min(text.find('\n', end), text.size());
-    std::size_t last = newline;
-    if (last > end && text[last - 1] == '\r') --last;
-    const bool continues = last > at && text[last - 1] == '\\' && newline < text.size();
-    end = newline;
-    if (!continues) break;
-    ++end;
-  }
+  conditions.AddDefined(name);
+  const std::size_t end = EndOfLine(text, at);
   std::string_view rest = text.substr(at, end - at);
   if (rest.ends_with('\r')) rest.remove_suffix(1);
   if (rest.size() > kLongestDefinition) return end;
@@ -256,13 +312,18 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
     const bool isOfSameFile = definitions[known.last].file == file;
     for (std::uint32_t i = isOfSameFile ? known.ofFile : 0; i != 0; i = definitions[i].next) {
       const MacroDefinition& other = definitions[i];
-      if (other.body == body && other.parameters == definition.parameters) return end;
+      const bool isSame = other.end == MacroDefinition::kNoEnd && other.body == body &&
+                          other.parameters == definition.parameters;
+      if (isSame) return end;
     }
     if (!isOfSameFile) known.ofFile = number;
     definitions[known.last].next = number;
     known.last = number;
     ++known.count;
   }
+  definition.condition = conditions.Current();
+  definition.depth = static_cast<std::uint32_t>(conditions.Depth());
+  definition.begin = static_cast<std::uint32_t>(nameBegin);
   definition.parameters = Store(definition.parameters);
   definition.body = Store(body);
   definitions.push_back(definition);

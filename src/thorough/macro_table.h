@@ -10,6 +10,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "thorough/macro_conditions.h"
+
 namespace vexltags::thorough {
 
 /// One `#define`. Its text lives as long as the table.
@@ -18,7 +20,13 @@ struct MacroDefinition {
   std::string_view body;        ///< As written: with comments and continued lines.
   std::uint32_t file = 0;       ///< The number of the file that defines it.
   std::uint32_t next = 0;       ///< The next definition of the same name, 0 for none.
+  std::uint32_t condition = 0;  ///< Its number in the table's conditions.
+  std::uint32_t begin = 0;      ///< The offset of its name in the file ...
+  std::uint32_t end = kNoEnd;   ///< ... and that of the name in the `#undef` that ends it.
+  std::uint32_t depth = 0;      ///< How many conditionals are open around it.
   bool isFunction = false;
+
+  static constexpr std::uint32_t kNoEnd = UINT32_MAX;
 };
 
 /// Learns macros from texts and finds them by name. Ignores bodies that can only be expressions,
@@ -48,6 +56,13 @@ class MacroTable {
     return definition.next == 0 ? nullptr : &definitions[definition.next];
   }
 
+  /// Takes note that the file that is being learned includes file number `file` here.
+  void NoteInclude(std::uint32_t file);
+
+  /// The truth of the conditions under which `definition` is one, for a file of `dialect`: of the
+  /// one around it, and of the likeliest of those under which its file is included.
+  Truth ConditionOf(const MacroDefinition& definition, Dialect dialect) const;
+
   /// The number of definitions that are kept.
   std::size_t Count() const { return definitions.size() - 1; }
 
@@ -65,6 +80,12 @@ class MacroTable {
   static std::size_t NextDirective(std::string_view text, std::size_t from);
   /// Learns the definition whose name is at `at`; returns the offset of its end.
   std::size_t LearnDefine(std::string_view text, std::size_t at, std::uint32_t file);
+  /// Ends the definitions of the name at `at`, which an `#undef` names.
+  void LearnUndef(std::string_view text, std::size_t at, std::uint32_t file);
+  /// Takes note of a directive that is none of a definition; returns the end of its argument.
+  std::size_t LearnCondition(std::string_view text, std::size_t at);
+  /// One past the logical line at `at`.
+  static std::size_t EndOfLine(std::string_view text, std::size_t at);
   static std::string_view QuotedPath(std::string_view text, std::size_t at);
   std::string_view Store(std::string_view text);
 
@@ -79,6 +100,8 @@ class MacroTable {
 
   std::vector<bool> filter = std::vector<bool>(kFilterSize);
   std::unordered_map<std::string_view, Definitions> names;
+  MacroConditions conditions;
+  std::unordered_map<std::uint32_t, std::vector<std::uint32_t>> includes;  ///< Conditions by file.
   std::vector<MacroDefinition> definitions = std::vector<MacroDefinition>(1);  ///< 0 is none.
   std::vector<std::unique_ptr<char[]>> blocks;
   char* next = nullptr;
@@ -88,6 +111,7 @@ class MacroTable {
 template <class Include>
 void MacroTable::Learn(std::string_view text, std::uint32_t file, Include include) {
   std::size_t at = 0;
+  conditions.BeginFile();
   while ((at = NextDirective(text, at)) != std::string_view::npos) {
     const std::string_view ahead = text.substr(at);
     if (ahead.starts_with("define")) {
@@ -95,6 +119,10 @@ void MacroTable::Learn(std::string_view text, std::uint32_t file, Include includ
     } else if (ahead.starts_with("include") || ahead.starts_with("import")) {
       const std::string_view path = QuotedPath(text, at + (ahead[1] == 'n' ? 7 : 6));
       if (!path.empty()) include(path);
+    } else if (ahead.starts_with("undef")) {
+      LearnUndef(text, at + 5, file);
+    } else {
+      at = LearnCondition(text, at);
     }
   }
 }

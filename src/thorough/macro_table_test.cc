@@ -141,6 +141,11 @@ TEST(MacroTable, BoundsTheDefinitionsOfOneName) {
   EXPECT_GT(table.Count() - before, 10U);
 }
 
+TEST(MacroTable, LearnsVersions) {
+  EXPECT_EQ(Defined("#define A_VERSION_MAJOR 3  // three\n", "A_VERSION_MAJOR"), "3  // three");
+  EXPECT_EQ(Defined("#define A_LENGTH 3\n", "A_LENGTH"), "none");
+}
+
 TEST(MacroTable, LearnsMethods) {
   MacroTable table;
   table.Learn("#define A(t) - (t)name\n#define B(x) +(x) + 1\n#define C -(x)name\n", 1,

@@ -95,6 +95,7 @@ void MainReading::SetFile(std::uint32_t number) {
 
 void MainReading::PrepareText(pANTLR3_INPUT_STREAM input) {
   const std::string_view text = TextOf(input);
+  expander.SetText(text);
   if (!HasChoice(text)) return;
   auto* const bytes = static_cast<char*>(input->data);
   for (const TextRange& range : DroppedText(text, dialect)) {

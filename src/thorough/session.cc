@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <functional>
@@ -134,27 +135,36 @@ std::string_view Session::ReadText(int file, std::size_t expected) {
 }
 
 void Session::FindInclude(std::string_view includer, std::string_view name) {
-  if (includer.size() + name.size() > kLongestPath) return;
+  const std::uint32_t found = NumberOfInclude(includer, name);
+  if (found != 0) macros.NoteInclude(found);
+}
+
+std::uint32_t Session::NumberOfInclude(std::string_view includer, std::string_view name) {
+  if (includer.size() + name.size() > kLongestPath) return 0;
   std::string_view folder = includer;
+  std::array<Search*, kMostParents> tried;  // None of them has the file.
+  std::size_t count = 0;
+  std::uint32_t number = 0;
   for (int left = kMostParents; left > 0; --left) {
-    if (files.size() >= kMostFiles || searched.size() >= kMostPlaces) return;
+    if (files.size() >= kMostFiles || searched.size() >= kMostPlaces) break;
     place.assign(folder);
     AppendParts(name, place);
-    const auto [known, isNew] =
-        searched.emplace(std::hash<std::string>()(place), Search{left, false});
-    if (isNew) {
-      known->second.isFound = numbers.contains(place) || IsFile(place);
-      if (known->second.isFound) NumberOfNormal(place, place);
-    } else if (known->second.left >= left) {
-      // An earlier search went from here as far as this one would go.
-      return;
-    } else {
-      known->second.left = left;
+    const auto [search, isNew] = searched.emplace(std::hash<std::string>()(place), Search{left, 0});
+    Search& known = search->second;
+    if (isNew && (numbers.contains(place) || IsFile(place))) {
+      known.found = NumberOfNormal(place, place);
     }
-    if (known->second.isFound || folder.empty()) return;
+    number = known.found;
+    // An earlier search may have gone from here as far as this one would go.
+    if (number != 0 || (!isNew && known.left >= left)) break;
+    known.left = left;
+    tried[count++] = &known;
+    if (folder.empty()) break;
     const std::size_t slash = folder.rfind('/', folder.size() < 2 ? 0 : folder.size() - 2);
     folder = folder.substr(0, slash == std::string_view::npos ? 0 : slash + 1);
   }
+  for (std::size_t i = 0; i < count; ++i) tried[i]->found = number;
+  return number;
 }
 
 Reading* Session::CFamily(const std::string& path) {

@@ -43,9 +43,11 @@ class Session {
   void LearnFile(std::uint32_t number, bool isIncluded);
   /// Reads an open file, of which `expected` bytes at most. The text is good until the next call.
   std::string_view ReadText(int file, std::size_t expected);
-  /// Looks for `#include "name"` in the folder `includer` and in those that contain it, and puts
-  /// what it finds into the queue.
+  /// Looks for `#include "name"` in the folder `includer` and in those that contain it, puts what it
+  /// finds into the queue, and notes the include.
   void FindInclude(std::string_view includer, std::string_view name);
+  /// Returns the number of the file that is found so; 0 for none.
+  std::uint32_t NumberOfInclude(std::string_view includer, std::string_view name);
   /// The number of the file at `path`, which is put into the queue if it is new.
   std::uint32_t NumberOf(const std::string& path);
   std::uint32_t NumberOfNormal(const std::string& normal, const std::string& path);
@@ -53,7 +55,7 @@ class Session {
   /// A place where an include was looked for, and how many folders were left to be tried there.
   struct Search {
     int left;
-    bool isFound;
+    std::uint32_t found;  ///< The number of the file found there or above; 0 for none.
   };
 
   MacroTable macros;

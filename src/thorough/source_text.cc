@@ -15,7 +15,9 @@ bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
 bool IsWord(char c) { return kLettersAndDigits[static_cast<unsigned char>(c)]; }
 
-DirectiveKind KindOf(std::string_view word) {
+}  // namespace
+
+DirectiveKind DirectiveKindOf(std::string_view word) {
   if (word == "if") return DirectiveKind::If;
   if (word == "ifdef") return DirectiveKind::Ifdef;
   if (word == "ifndef") return DirectiveKind::Ifndef;
@@ -32,8 +34,6 @@ DirectiveKind KindOf(std::string_view word) {
   if (word == "error") return DirectiveKind::Error;
   return DirectiveKind::Other;
 }
-
-}  // namespace
 
 std::size_t SourceText::CommentClose(std::size_t from) {
   if (noCommentCloses) return kNone;
@@ -79,7 +79,7 @@ Directive SourceText::ReadDirective(std::size_t begin) {
   const std::size_t word = at;
   while (at < text.size() && IsWord(text[at])) ++at;
   Directive directive;
-  directive.kind = KindOf(text.substr(word, at - word));
+  directive.kind = DirectiveKindOf(text.substr(word, at - word));
   while (at < text.size() && IsBlank(text[at])) ++at;
   const std::size_t end = EndOfDirective(at);
   directive.begin = static_cast<std::uint32_t>(begin);

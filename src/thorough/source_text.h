@@ -25,6 +25,9 @@ enum class DirectiveKind : std::uint8_t {
   Other,
 };
 
+/// The kind of the directive whose name is `word`.
+DirectiveKind DirectiveKindOf(std::string_view word);
+
 /// A preprocessor directive: a line whose first character that is not blank is `#`.
 struct Directive {
   DirectiveKind kind = DirectiveKind::Other;

@@ -71,6 +71,9 @@ bool IsPointerGroup(const Words& words, std::size_t open, std::size_t past) {
   if (open + 1 >= past) return false;
   const unsigned first = words[open + 1].type;
   if (first == kMainStar || first == kMainBitwiseXor) return true;
+  // `char (&name)[2]`
+  const bool isReference = (first == kMainAmpersand || first == kMainAnd) && past == open + 4;
+  if (isReference && past < words.size() && words[past].type == kMainLSquare) return true;
   if (past >= words.size() || words[past].type != kMainLParen) return false;
   // `(API_POINTER name)(...)`
   if (past == open + 4 && LooksLikeMacro(words[open + 1]) && words[open + 2].type == kMainId) {
@@ -133,14 +136,18 @@ std::size_t PastAngle(const Words& words, std::size_t open) {
       const unsigned before = i > 0 ? words[i - 1].type : 0;
       const bool opens =
           before == kMainId || before == kMainKw_template || before == kMainKw_operator;
-      // `bool ok = a < b` compares.
-      const bool compares = afterAssign && i + 1 < words.size() && i > 0 &&
-                            !AreAdjacent(words[i - 1], words[i]) &&
-                            !AreAdjacent(words[i], words[i + 1]);
+      // `bool ok = a < b` compares, and so does `A::value < 5`.
+      const bool isApart = i + 1 < words.size() && i > 0 && !AreAdjacent(words[i - 1], words[i]) &&
+                           !AreAdjacent(words[i], words[i + 1]);
+      const bool compares = isApart && (afterAssign || words[i + 1].type == kMainNumber ||
+                                        words[i + 1].type == kMainKw_sizeof);
       if (i == open || (opens && !compares)) ++depth;
     }
     if (type == kMainGreater && --depth == 0) return i + 1;
-    if (type == kMainGreaterOrEqual && --depth == 0) return i + 1;
+    // `enable_if_t<A>= 0`; with a blank before it, it compares.
+    if (type == kMainGreaterOrEqual && AreAdjacent(words[i - 1], words[i]) && --depth == 0) {
+      return i + 1;
+    }
     ++i;
   }
   return open;
@@ -198,6 +205,10 @@ Outline::Outline(const Words& words) {
       ++openAngles;
     } else if (IsOpen(type)) {
       const std::size_t past = PastBracket(words, i);
+      if (i > 0 && words[i - 1].type == kMainKw_decltype) {
+        i = past;
+        continue;
+      }
       if (type == kMainLParen && params == kNoWord && assign == kNoWord &&
           IsPointerGroup(words, i, past)) {
         pointer = i;

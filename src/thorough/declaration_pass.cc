@@ -14,6 +14,12 @@ bool IsAccess(unsigned type) {
   return type == kMainKw_public || type == kMainKw_protected || type == kMainKw_private;
 }
 
+/// True for the last word of a type.
+bool EndsType(unsigned type) {
+  return type == kMainId || type == kMainGreater || type == kMainStar || type == kMainAmpersand ||
+         IsBuiltInType(type);
+}
+
 }  // namespace
 
 DeclarationPass::DeclarationPass(TokenTable& tokens, TokenEdits& edits, Expander& expander,
@@ -27,17 +33,29 @@ void DeclarationPass::Run() {
     if (type == kMainId && TryMacro()) continue;
     const Word word = SourceWord(at++);
     if (type == kMainDefine) {
-      if (words.empty()) {
-        words.push_back(word);
-        Flush();
-      } else {
-        defines.push_back(word);
-      }
+      const bool isAlone = words.empty();
+      (isAlone ? words : defines).push_back(word);
+      SkipDefinition();
+      if (isAlone) Flush();
       continue;
     }
     Take(word);
   }
   EndDeclaration(DeclarationEnd::Other);
+}
+
+void DeclarationPass::SkipDefinition() {
+  const std::string_view define = tokens.SourceAt(at - 1);
+  if (!define.ends_with('\\')) return;
+  const std::string_view last = tokens.SourceAt(tokens.Count() - 1);
+  const char* const end = last.data() + last.size();
+  const char* line = define.data() + define.size();
+  while (line < end && line[-1] == '\\') {
+    // At a line end that the backslash takes away.
+    line += *line == '\r' ? 2 : 1;
+    while (line < end && *line != '\n' && *line != '\r') ++line;
+  }
+  for (; at < tokens.Count() && tokens.SourceAt(at).data() < line; ++at) hasChanged = true;
 }
 
 Word DeclarationPass::SourceWord(std::size_t index) {
@@ -74,6 +92,13 @@ void DeclarationPass::Take(const Word& word) {
       return TakeColon(word);
     case kMainLParen:
       if (SkipHiddenCall(word)) return;
+      // `final` and `override` can be names.
+      if (words.size() > 1 && brackets == 0 &&
+          (words.back().type == kMainKw_final || words.back().type == kMainKw_override) &&
+          EndsType(words[words.size() - 2].type)) {
+        words.back().type = kMainId;
+        hasChanged = true;
+      }
       [[fallthrough]];
     case kMainLSquare:
       ++brackets;

@@ -37,7 +37,15 @@ class DeclarationPass {
   enum class Curly : std::uint8_t { Namespace, Class, Enum, Variables, Body, Initializer };
 
   Word SourceWord(std::size_t index);
+  /// Skips the lines that continue `#define NAME\`, which the lexer ends with its line.
+  void SkipDefinition();
   bool TryMacro();
+  /// True if `expansion`, that of the macro `name`, is the name of a function or leaves the place to
+  /// one. `past` is the index after the use.
+  bool TakesPlaceOfName(const MacroDefinition& definition, std::string_view name,
+                        std::size_t past) const;
+  /// True for a token that can be nothing but the name of a function.
+  bool IsNameAt(std::size_t index) const;
   /// True where a declaration has its type, but no name yet.
   bool NeedsName() const;
   bool IsWorthExpanding(const MacroDefinition& definition, const std::vector<Word>& result,

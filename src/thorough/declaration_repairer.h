@@ -132,6 +132,8 @@ class DeclarationRepairer {
   void RepairTail();
   /// Repairs whatever is not a function.
   void RepairVariable(const Outline& outline);
+  /// Removes the arguments in `const Type name("text");`, which cannot be parameters.
+  void RemoveArguments();
   /// Removes the arguments in `constexpr bool name<A::B> = true;`, which would be taken for part
   /// of a qualified name.
   void RemoveNameArguments(std::size_t begin);

@@ -119,6 +119,8 @@ const MacroDefinition* Expander::Choose(const MacroDefinition& first, std::strin
   }
   for (const MacroDefinition* known = &first; known != nullptr; known = macros.Next(*known)) {
     int rank = RankOf(*known);
+    // A word of its own, unless the condition holds.
+    if (isLocal && rank < 0) continue;
     if (known->file == file) {
       if (hasEnds && (position < known->begin || position >= known->end)) continue;
       rank += kLocal;

@@ -22,7 +22,14 @@ std::string_view NameOfClass(const Words& words) {
   if (outline.classKey == kNoWord) return {};
   std::string_view name;
   for (std::size_t i = outline.classKey + 1; i < words.size(); ++i) {
-    if (words[i].type == kMainLess || words[i].type == kMainColon) break;
+    if (words[i].type == kMainColon) break;
+    if (words[i].type == kMainLess) {
+      // `A<T>::B` names B.
+      const std::size_t past = PastAngle(words, i);
+      if (past >= words.size() || past == i || words[past].type != kMainScope) break;
+      i = past;
+      continue;
+    }
     if (words[i].type == kMainId) name = words[i].text;
   }
   return name;

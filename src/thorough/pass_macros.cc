@@ -28,6 +28,10 @@ bool Declares(unsigned type) {
   return type >= kMainKw_typedef;
 }
 
+bool HasCapitalsOnly(std::string_view name) {
+  return std::none_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+}
+
 }  // namespace
 
 bool DeclarationPass::TryMacro() {
@@ -67,10 +71,11 @@ bool DeclarationPass::TryMacro() {
     return false;
   }
   expansion.clear();
-  const bool hasBodyAfter = past < tokens.Count() && tokens.TypeAt(past) == kMainLCurly;
+  const unsigned after = past < tokens.Count() ? tokens.TypeAt(past) : 0;
   bool declaresNothing = false;
   if (!expander.Expand(*definition, arguments, tokens.LineAt(at), expansion) ||
-      !IsWorthExpanding(*definition, expansion, hasBodyAfter, declaresNothing)) {
+      !(TakesPlaceOfName(*definition, name, past) ||
+        IsWorthExpanding(*definition, expansion, after == kMainLCurly, declaresNothing))) {
     if (call.size() > kShortCall) vainWords += call.size();
     return false;
   }
@@ -88,6 +93,20 @@ bool DeclarationPass::TryMacro() {
   return true;
 }
 
+bool DeclarationPass::TakesPlaceOfName(const MacroDefinition& definition, std::string_view name,
+                                       std::size_t past) const {
+  const unsigned after = past < tokens.Count() ? tokens.TypeAt(past) : 0;
+  if (expansion.empty()) return after == kMainId && IsNameAt(past);
+  return expansion.size() == 1 && expansion[0].type == kMainId && after == kMainLParen &&
+         !definition.isFunction && HasCapitalsOnly(name) && NeedsName();
+}
+
+bool DeclarationPass::IsNameAt(std::size_t index) const {
+  const std::string_view name = tokens.SourceAt(index);
+  return index + 1 < tokens.Count() && tokens.TypeAt(index + 1) == kMainLParen &&
+         !HasCapitalsOnly(name) && expander.Find(name) == nullptr;
+}
+
 bool DeclarationPass::NeedsName() const {
   // A type of more words has its name before any macro.
   constexpr std::size_t kLongestType = 256;
@@ -95,6 +114,14 @@ bool DeclarationPass::NeedsName() const {
   int names = 0;
   for (std::size_t i = Outline(words).begin; i < words.size(); ++i) {
     const unsigned type = words[i].type;
+    if (type == kMainScope) {
+      ++i;  // One more word of the same name.
+      continue;
+    }
+    if (type == kMainLess && i > 0 && words[i - 1].type == kMainId) {
+      i = std::max(PastAngle(words, i), i + 1) - 1;
+      continue;
+    }
     const bool isOther = type == kMainLParen || type == kMainAssign || type == kMainComma ||
                          IsClassKey(type) || type == kMainKw_enum || type == kMainKw_namespace;
     if (isOther) return false;
@@ -140,6 +167,9 @@ bool DeclarationPass::IsWorthExpanding(const MacroDefinition& definition,
   const bool isCall = first == kMainId && result.size() > 1 && result[1].type == kMainLParen &&
                       PastBracket(result, 1) == result.size();
   if (isCall) {
+    // `MACRO(Name())` in the class Name, `int MACRO(name())`
+    const bool isConstructor = words.empty() && result[0].text == ClassName();
+    if (isConstructor || NeedsName()) return true;
     const bool isAlone = words.empty() && !hasBodyAfter;
     declaresNothing = isAlone;
     return isAlone;

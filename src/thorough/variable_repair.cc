@@ -59,8 +59,40 @@ void DeclarationRepairer::RepairVariable(const Outline& outline) {
     return;
   }
   CutInitializer(outline.begin);
+  RemoveArguments();
   RemoveTrailingMacros();
+  // `int A::* name`
+  for (std::size_t i = 0; i + 2 < words.size(); ++i) {
+    if (TypeAt(i) == kMainId && TypeAt(i + 1) == kMainScope && TypeAt(i + 2) == kMainStar) {
+      Erase(i, i + 2);
+    }
+  }
   RemoveNameArguments(outline.begin);
+}
+
+void DeclarationRepairer::RemoveArguments() {
+  const Outline outline(words);
+  if (outline.params == kNoWord || outline.pointer != kNoWord || outline.comma != kNoWord ||
+      outline.operatorWord != kNoWord || TypeAt(outline.pastParams) != kMainSemicolon ||
+      outline.params < outline.begin + 2) {
+    return;
+  }
+  switch (TypeAt(outline.params + 1)) {
+    case kMainNumber:
+    case kMainStringLiteral:
+    case kMainCharLiteral:
+    case kMainLParen:
+    case kMainMinus:
+    case kMainNot:
+    case kMainAmpersand:
+    case kMainKw_true:
+    case kMainKw_false:
+    case kMainKw_sizeof:
+    case kMainKw_new:
+      return Erase(outline.params, outline.pastParams);
+    default:
+      return;
+  }
 }
 
 void DeclarationRepairer::RemoveNameArguments(std::size_t begin) {

@@ -1,0 +1,4 @@
+#define GENERATE\
+  struct Inner {};\
+  struct Other {};
+int first;

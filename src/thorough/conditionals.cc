@@ -28,7 +28,7 @@ struct Depth {
 /// A stretch of text as its neighbours see it.
 struct Shape {
   char first = 0;  ///< The first character that is neither blank nor comment; 0 for none.
-  char last = 0;   ///< The last one; `;` where it ends `@end`.
+  char last = 0;   ///< The last one; `;` where it ends a word that ends a statement.
   Depth curlies;
   Depth parentheses;
 
@@ -138,7 +138,9 @@ class Chooser {
   void EndBranch(const Directive& directive) {
     Branch& branch = open.back().branches.back();
     branch.end = directive.begin;
-    if (branch.shape.last == 'd' && EndsInterface(branch)) branch.shape.last = ';';
+    if (kLetters[static_cast<unsigned char>(branch.shape.last)] && EndsWithWord(branch)) {
+      branch.shape.last = ';';
+    }
     // The definitions of a branch that is never read go with it.
     if (branch.truth == Truth::False) defines.resize(branch.firstDefine);
   }
@@ -195,11 +197,18 @@ class Chooser {
     Current().Append(shape);
   }
 
-  /// True for a branch that ends with `@end`.
-  bool EndsInterface(const Branch& branch) const {
-    const std::string_view inside = text.substr(branch.begin, branch.end - branch.begin);
-    const std::size_t last = inside.find_last_not_of(" \t\r\n");
-    return inside.substr(0, last + 1).ends_with("@end");
+  /// True for a branch that ends with `@end`, or with a macro alone after a statement.
+  bool EndsWithWord(const Branch& branch) const {
+    constexpr std::string_view kBlanks = " \t\r\n";
+    std::string_view rest = text.substr(branch.begin, branch.end - branch.begin);
+    rest = rest.substr(0, rest.find_last_not_of(kBlanks) + 1);
+    if (rest.ends_with("@end")) return true;
+    while (!rest.empty() && (rest.back() == '_' || (rest.back() >= 'A' && rest.back() <= 'Z'))) {
+      rest.remove_suffix(1);
+    }
+    const std::size_t before = rest.find_last_not_of(kBlanks);
+    if (before == std::string_view::npos || before + 1 == rest.size()) return false;
+    return rest[before] == ';' || rest[before] == '}' || rest[before] == '{';
   }
 
   static bool KeepsAll(const Conditional& group) {

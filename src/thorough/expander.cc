@@ -103,26 +103,26 @@ const MacroDefinition* Expander::Find(std::string_view name) const {
   if (offset < text.size()) position = static_cast<std::uint32_t>(offset);
   const auto [place, isNew] = choices.emplace(known, Choice{});
   Choice& choice = place->second;
-  if (isNew || choice.hasEnds) choice.best = Choose(*known, name, choice.hasEnds);
+  if (isNew || choice.hasLocal) choice.best = Choose(*known, name, choice.hasLocal);
   return choice.best;
 }
 
 const MacroDefinition* Expander::Choose(const MacroDefinition& first, std::string_view name,
-                                        bool& hasEnds) const {
+                                        bool& hasLocal) const {
   constexpr int kLocal = 10;
   const bool isLocal = HasLowerCase(name) && name[0] != '_';
   const MacroDefinition* best = nullptr;
   int bestRank = 0;
-  for (const MacroDefinition* known = &first; known != nullptr && !hasEnds && !text.empty();
+  for (const MacroDefinition* known = &first; known != nullptr && !hasLocal && !text.empty();
        known = macros.Next(*known)) {
-    hasEnds = known->file == file && known->end != MacroDefinition::kNoEnd;
+    hasLocal |= known->file == file;
   }
   for (const MacroDefinition* known = &first; known != nullptr; known = macros.Next(*known)) {
     int rank = RankOf(*known);
     // A word of its own, unless the condition holds.
     if (isLocal && rank < 0) continue;
     if (known->file == file) {
-      if (hasEnds && (position < known->begin || position >= known->end)) continue;
+      if (hasLocal && (position < known->begin || position >= known->end)) continue;
       rank += kLocal;
     } else if (isLocal && known->file != 0 && paths != nullptr &&
                !AreNear((*paths)[known->file], (*paths)[file])) {
@@ -134,6 +134,21 @@ const MacroDefinition* Expander::Choose(const MacroDefinition& first, std::strin
     }
   }
   return best;
+}
+
+const MacroDefinition* Expander::ForCall(const MacroDefinition* definition, std::string_view name,
+                                         std::size_t count) {
+  const auto takes = [this, count](const MacroDefinition& known) {
+    const MacroBody& body = bodies.Of(known);
+    return body.parameterCount == count || (body.isVariadic && count + 1 >= body.parameterCount) ||
+           (count == 1 && body.parameterCount == 0);
+  };
+  if (definition->next == 0 && macros.Find(name) == definition) return definition;
+  if (takes(*definition)) return definition;
+  for (const MacroDefinition* known = macros.Find(name); known; known = macros.Next(*known)) {
+    if (known->isFunction && known->end == MacroDefinition::kNoEnd && takes(*known)) return known;
+  }
+  return definition;
 }
 
 bool Expander::IsActive(const MacroDefinition* definition) const {
@@ -259,6 +274,11 @@ bool Expander::Rescan(std::span<const Word> words, unsigned line, std::vector<Wo
         continue;
       }
       ++taken;
+      definition = ForCall(definition, word.text, arguments.size());
+      if (IsActive(definition)) {
+        result.push_back(word);
+        continue;
+      }
     }
     if (!Spend(taken + 1)) return false;
     if (!Expand(*definition, arguments, line, result)) return false;

@@ -42,6 +42,11 @@ class Expander {
   /// file that begins later or has been ended by `#undef` is none.
   const MacroDefinition* Find(std::string_view name) const;
 
+  /// Returns `definition`, which `Find` has returned for `name`, or a later one with the same name
+  /// if only that takes `count` arguments.
+  const MacroDefinition* ForCall(const MacroDefinition* definition, std::string_view name,
+                                 std::size_t count);
+
   /// Appends to `result` what `definition` expands to. `arguments` must be those of one call, as
   /// `SplitArguments` returns them. All words are on `line`. Returns false and leaves `result`
   /// unchanged if this nests too deep or exceeds the budget.
@@ -54,10 +59,10 @@ class Expander {
  private:
   struct Choice {
     const MacroDefinition* best = nullptr;
-    bool hasEnds = false;  ///< Definitions of the file end: the place of the use decides.
+    bool hasLocal = false;  ///< The file has definitions: the place of the use decides.
   };
   const MacroDefinition* Choose(const MacroDefinition& first, std::string_view name,
-                                bool& hasEnds) const;
+                                bool& hasLocal) const;
   int RankOf(const MacroDefinition& definition) const;
   bool Substitute(const MacroBody& body, const Arguments& arguments, unsigned line,
                   std::vector<Word>& result);

@@ -208,6 +208,32 @@ std::string_view MacroTable::QuotedPath(std::string_view text, std::size_t at) {
   return text.substr(at + 1, end - at - 1);
 }
 
+bool MacroTable::IsInComment(std::string_view text, std::size_t at) {
+  constexpr std::size_t kLongestLine = 512;
+  while (pastComment <= at) {
+    const std::size_t open = text.substr(0, at).find("/*", pastComment);
+    if (open == kNone) {
+      // The last character may begin a comment.
+      pastComment = std::max(pastComment, at > 0 ? at - 1 : 0);
+      return false;
+    }
+    // One after `//` is none.
+    const std::size_t from = open > kLongestLine ? open - kLongestLine : 0;
+    const std::string_view before = text.substr(from, open - from);
+    const std::size_t line = before.find_last_of("\r\n");
+    if (before.find("//", line == kNone ? 0 : line) != kNone) {
+      pastComment = open + 2;
+      continue;
+    }
+    const std::size_t close = text.find("*/", open + 2);
+    // One that stays open hides nothing.
+    pastComment = close == kNone ? kNone : close + 2;
+    if (close == kNone) return false;
+  }
+  // In a comment, unless one has stayed open.
+  return pastComment != kNone;
+}
+
 std::size_t MacroTable::EndOfLine(std::string_view text, std::size_t at) {
   // Up to the first line end without a backslash before it.
   std::size_t end = at;
@@ -321,6 +347,7 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
     known.last = number;
     ++known.count;
   }
+  if (IsInComment(text, word)) return end;
   definition.condition = conditions.Current();
   definition.depth = static_cast<std::uint32_t>(conditions.Depth());
   definition.begin = static_cast<std::uint32_t>(nameBegin);

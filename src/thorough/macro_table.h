@@ -84,6 +84,9 @@ class MacroTable {
   void LearnUndef(std::string_view text, std::size_t at, std::uint32_t file);
   /// Takes note of a directive that is none of a definition; returns the end of its argument.
   std::size_t LearnCondition(std::string_view text, std::size_t at);
+  /// True when a block comment of the text that is being learned contains offset `at`. The offsets
+  /// of one text must not decrease.
+  bool IsInComment(std::string_view text, std::size_t at);
   /// One past the logical line at `at`.
   static std::size_t EndOfLine(std::string_view text, std::size_t at);
   static std::string_view QuotedPath(std::string_view text, std::size_t at);
@@ -106,12 +109,14 @@ class MacroTable {
   std::vector<std::unique_ptr<char[]>> blocks;
   char* next = nullptr;
   std::size_t room = 0;
+  std::size_t pastComment = 0;  ///< One past the last comment that `IsInComment` has met.
 };
 
 template <class Include>
 void MacroTable::Learn(std::string_view text, std::uint32_t file, Include include) {
   std::size_t at = 0;
   conditions.BeginFile();
+  pastComment = 0;
   while ((at = NextDirective(text, at)) != std::string_view::npos) {
     const std::string_view ahead = text.substr(at);
     if (ahead.starts_with("define")) {

@@ -141,6 +141,15 @@ TEST(MacroTable, BoundsTheDefinitionsOfOneName) {
   EXPECT_GT(table.Count() - before, 10U);
 }
 
+TEST(MacroTable, IgnoresComments) {
+  EXPECT_EQ(Defined("/*\n#define A ;\n*/\n", "A"), "none");
+  EXPECT_EQ(Defined("/* *//* a\n#define A ;\n */\n", "A"), "none");
+  EXPECT_EQ(Defined("/* a */\n#define A ;\n/* b */\n", "A"), ";");
+  EXPECT_EQ(Defined("// a/*.h\n#define A ;\n/* b */\n", "A"), ";");
+  EXPECT_EQ(Defined("/* a\n#define A ;\n", "A"), ";") << "a comment that stays open";
+  EXPECT_EQ(Defined("/**/\n#define A ;\n/*\n#define A {\n*/\n", "A"), ";");
+}
+
 TEST(MacroTable, LearnsVersions) {
   EXPECT_EQ(Defined("#define A_VERSION_MAJOR 3  // three\n", "A_VERSION_MAJOR"), "3  // three");
   EXPECT_EQ(Defined("#define A_LENGTH 3\n", "A_LENGTH"), "none");

@@ -66,6 +66,7 @@ bool DeclarationPass::TryMacro() {
       return false;
     }
     arguments = SplitArguments(call, 1).first;
+    definition = expander.ForCall(definition, name, arguments.size());
   } else if (past < tokens.Count() &&
              (tokens.TypeAt(past) == kMainScope || tokens.TypeAt(past) == kMainLess)) {
     return false;

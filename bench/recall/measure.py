@@ -57,6 +57,7 @@ def judge(score, known, tags, lines, ambiguous):
     for key, (_, _, names, _, last) in known.declarations.items():
         for line in range(key[0] + 1, last + 1):
             by_name[names[0]].setdefault(line, key)
+    _accept_lines_of_use(known, by_name)
     hits, rest, matched = {}, [], {}
     for tag in _split(tags, by_name):
         key = by_name.get(tag.name, {}).get(tag.line)
@@ -98,6 +99,19 @@ def judge(score, known, tags, lines, ambiguous):
                 score.scopes.append((known.path, tag.line, "%s in %s, not %s" % (
                     tag.raw, tag.scope or "nothing", " or ".join(x or "nothing" for x in parents)),
                     tag.kind))
+
+
+def _accept_lines_of_use(known, by_name):
+    """Lets a declaration in the arguments of a macro be found where the use of the macro begins,
+    which is where a compiler expands it."""
+    uses = [(first, last) for first, last, _ in known.uses if last > first]
+    if not uses:
+        return
+    for key, (_, _, names, _, _) in known.declarations.items():
+        for first, last in uses:
+            if first < key[0] <= last:
+                for name in names:
+                    by_name[name].setdefault(first, key)
 
 
 def _split(tags, by_name):

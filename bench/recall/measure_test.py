@@ -110,6 +110,12 @@ class Matching(unittest.TestCase):
         self.assertEqual(score_of(found, [("made", 1, "")], "f MAKE;", ["MAKE"]).unknown, 1)
         self.assertEqual(score_of(found, [("made", 1, "")], "f MAKE;").wrong, 1)
 
+    def test_arguments_of_a_macro_may_be_where_its_use_begins(self):
+        truths = known((7, "a", "", truth.NEEDED), (19, "b", "", truth.NEEDED))
+        truths.uses.append((1, 9, "LIST"))
+        score = score_of(truths, [("a", 1, ""), ("b", 1, "")])
+        self.assertEqual((score.found, score.wrong), (1, 1))
+
     def test_scopes(self):
         found = known((1, "a", "C", truth.NEEDED), (2, "b", "C", truth.NEEDED),
                       (3, "c", "", truth.NEEDED), (9, "d", "", truth.NEEDED))

@@ -178,6 +178,11 @@ TEST(Conditionals, TakesLinearTimeForDeepNesting) {
   EXPECT_EQ(Kept(two), "f(" + defines);
 }
 
+TEST(Conditionals, KeepsAllBranchesThatEndWithAMacro) {
+  EXPECT_EQ(Kept("#if X\nint a;\nEND_DECLS\n#else\nint b;\n#endif\n"), "int a; END_DECLS int b;");
+  EXPECT_EQ(Kept("int a\n#if X\nSECTION\n#else\nOTHER\n#endif\n;"), "int a SECTION ;");
+}
+
 TEST(Conditionals, KeepsAllBranchesThatEndInterfaces) {
   EXPECT_EQ(Kept("#if X\n@interface A\n@end\n#else\n@interface B\n@end\n#endif\n"),
             "@interface A @end @interface B @end");

@@ -79,6 +79,13 @@ void DeclarationPass::Take(const Word& word) {
     EndBefore(word);
   }
   switch (word.type) {
+    case kMainId:
+      // `A() try : a() { } catch (...) { }`
+      if (word.text == "try" && !words.empty() && words.back().type == kMainRParen) {
+        hasChanged = true;
+        return;
+      }
+      break;
     case kMainLCurly:
       return TakeCurly(word);
     case kMainRCurly:
@@ -153,7 +160,7 @@ void DeclarationPass::TakeStdNamespace(const Word& word) {
   words.push_back(word);
   Flush();
   if (word.type == kMainBeginNamespaceStd) {
-    scopes.push_back({Level::Namespace, {}, 1});
+    scopes.push_back({Level::Namespace, {}, 1, true});
   } else if (!scopes.empty()) {
     scopes.pop_back();
   }

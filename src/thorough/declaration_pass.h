@@ -32,7 +32,8 @@ class DeclarationPass {
   struct Scope {
     Level level;
     std::string_view name;
-    int closes = 1;  ///< How many scopes its brace closes: two for `namespace a::b`.
+    int closes = 1;            ///< How many scopes its brace closes: two for `namespace a::b`.
+    bool inNamespace = false;  ///< Whether it or a scope around it is a namespace with a name.
   };
   enum class Curly : std::uint8_t { Namespace, Class, Enum, Variables, Body, Initializer };
 
@@ -40,10 +41,19 @@ class DeclarationPass {
   /// Skips the lines that continue `#define NAME\`, which the lexer ends with its line.
   void SkipDefinition();
   bool TryMacro();
-  /// True if `expansion`, that of the macro `name`, is the name of a function or leaves the place to
-  /// one. `past` is the index after the use.
+  /// Reads the call whose `(` is at `past`, which moves past it, into `call`, of which `arguments`
+  /// are parts. Returns false if it has no end.
+  bool ReadCall(std::size_t& past, std::vector<Word>& call, Arguments& arguments);
+  /// Expands the macro that ends `expansion` if its call is at `past`.
+  void ExpandLast(std::size_t& past);
+  /// True if `expansion`, that of the macro `name`, is the name of a function or leaves the place
+  /// to one. `past` is the index after the use.
   bool TakesPlaceOfName(const MacroDefinition& definition, std::string_view name,
                         std::size_t past) const;
+  /// True for a macro that makes the name of a function before its parameters, or both of them:
+  /// `int NAME(int);`, `int MACRO(name(int));`, `MACRO(Name())` in the class Name. `after` is the
+  /// type of the token that follows.
+  bool NamesFunction(const MacroDefinition& definition, const Words& result, unsigned after) const;
   /// True for a token that can be nothing but the name of a function.
   bool IsNameAt(std::size_t index) const;
   /// True where a declaration has its type, but no name yet.
@@ -80,6 +90,7 @@ class DeclarationPass {
   /// A declaration of more words than this is passed on as it is.
   static constexpr std::size_t kLongestDeclaration = 4096;
 
+  bool InNamespace() const { return !scopes.empty() && scopes.back().inNamespace; }
   Level CurrentLevel() const { return scopes.empty() ? Level::Namespace : scopes.back().level; }
 
   TokenTable& tokens;

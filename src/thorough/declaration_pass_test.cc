@@ -70,7 +70,7 @@ TEST(DeclarationPass, ShortensAccessLabels) {
 }
 
 TEST(DeclarationPass, ReadsEnumsWhole) {
-  EXPECT_EQ(Prepared("enum A { B, C } d; int e = 2;"), "enum A { B , C } ; int d ; int e ;");
+  EXPECT_EQ(Prepared("enum A { B, C } d; int e = 2;"), "enum A { B , C } d ; int e ;");
 }
 
 TEST(DeclarationPass, ReadsOldStyleHeads) {
@@ -117,6 +117,32 @@ TEST(DeclarationPass, ExpandsMacrosThatMakeMethods) {
 
 TEST(DeclarationPass, DeclaresNothingThatTheCounterNames) {
   EXPECT_EQ(Prepared("J(a, __COUNTER__); int b;", "#define J(x, y) int x##y\n"), "int b ;");
+}
+
+TEST(DeclarationPass, KnowsNamespacesWithNames) {
+  EXPECT_EQ(Prepared("namespace a { enum { B } c; }"), "namespace a { enum { B } ; int c ; }");
+  EXPECT_EQ(Prepared("namespace { enum { B } c; } extern \"C\" { enum { D } e; }"),
+            "namespace { enum { B } c ; } extern \"C\" { enum { D } e ; }");
+}
+
+TEST(DeclarationPass, ReadsClassesAfterCallsOfMacros) {
+  EXPECT_EQ(Prepared("SINCE(3) DECLARE(a, b)\nstruct _A { int c; };"), "struct _A { int c ; } ;");
+  EXPECT_EQ(Prepared("int f(a) struct A a; { b; } int c;", "", Dialect::C),
+            "int f ( ) { b ; } int c ;");
+}
+
+TEST(DeclarationPass, ReadsTryBlocksAsBodies) {
+  EXPECT_EQ(Prepared("A::A(int b) try : c(b) { d; } catch (...) { e; } int f;"),
+            "A :: A ( ) { d ; } int f ;");
+}
+
+TEST(DeclarationPass, ExpandsMacrosThatNameFunctions) {
+  EXPECT_EQ(Prepared("int NAME(int a); int x = NAME;", "#define NAME f\n"), "int f ( ) ; int x ;");
+  EXPECT_EQ(
+      Prepared("int NAME(f(int)); class A { NAME(A(int)); NAME(B(int)); };", "#define NAME(x) x\n"),
+      "int f ( ) ; class A { A ( ) ; } ;");
+  EXPECT_EQ(Prepared("int swap(int a) { }", "#define swap(x) atomic_swap(x)\n"),
+            "int swap ( ) { }");
 }
 
 }  // namespace

@@ -14,6 +14,7 @@ namespace vexltags::thorough {
 struct DeclarationPlace {
   bool inClass = false;
   bool inObjc = false;         ///< Between `@interface` and its like and `@end`.
+  bool inNamespace = false;    ///< In a namespace with a name, however deep.
   std::string_view className;  ///< Of the innermost class; empty outside any.
   Dialect dialect = Dialect::Unknown;
 };

@@ -38,9 +38,10 @@ void ExpectRepairs(DeclarationEnd end, const std::vector<Case>& cases) {
   ExpectRepairs(end, {}, cases);
 }
 
-constexpr DeclarationPlace kInClass{true, false, "A", Dialect::Cxx};
-constexpr DeclarationPlace kInObjc{false, true, "", Dialect::Unknown};
-constexpr DeclarationPlace kInC{false, false, "", Dialect::C};
+constexpr DeclarationPlace kInClass{true, false, false, "A", Dialect::Cxx};
+constexpr DeclarationPlace kInObjc{false, true, false, "", Dialect::Unknown};
+constexpr DeclarationPlace kInNamespace{false, false, true, "", Dialect::Cxx};
+constexpr DeclarationPlace kInC{false, false, false, "", Dialect::C};
 
 TEST(DeclarationRepair, LeavesNothingAsItIs) {
   Words none;
@@ -111,9 +112,15 @@ TEST(DeclarationRepair, SplitsTheNamesAfterAnEnum) {
                 {{"typedef enum { B } A;", "typedef enum { B } A ;"},
                  {"typedef enum A { B } C, D;", "typedef enum A { B } C ; typedef int D ;"},
                  {"typedef enum { B } OLD A;", "typedef enum { B } A ;"},
-                 {"enum A { B } c;", "enum A { B } ; int c ;"},
-                 {"enum A { B = 1 } c;", "enum A { B } ; int c ;"},
-                 {"static enum A { B } c, *d;", "enum A { B } ; int c ; int d ;"}});
+                 {"enum A { B } c;", "enum A { B } c ;"},
+                 {"enum A { B = 1 } c;", "enum A { B } c ;"},
+                 {"static enum A { B } c, *d;", "enum A { B } c ; int d ;"}});
+  for (const DeclarationPlace& place : {kInClass, kInNamespace}) {
+    ExpectRepairs(DeclarationEnd::EnumBody, place,
+                  {{"typedef enum { B } A;", "enum { B } ; typedef int A ;"},
+                   {"enum A { B } c, d;", "enum A { B } ; int c ; int d ;"},
+                   {"typedef enum { B };", "typedef enum { B } ;"}});
+  }
 }
 
 TEST(DeclarationRepair, ReducesTheNamesAfterAClass) {
@@ -209,8 +216,8 @@ TEST(DeclarationRepair, RemovesInitialisers) {
 
 TEST(DeclarationRepair, RemovesDefaultArguments) {
   ExpectRepairs(DeclarationEnd::Semicolon,
-                {{"int f(int a = 1, B b = g(2, 3));", "int f ( int a , B b ) ;"},
-                 {"int f(A a = B<1, 2>::c, int d);", "int f ( A a , int d ) ;"}});
+                {{"int f(A* a = 1, B* b = g(2, 3));", "int f ( A * a , B * b ) ;"},
+                 {"int f(A* a = B<1, 2>::c, D* d);", "int f ( A * a , D * d ) ;"}});
 }
 
 TEST(DeclarationRepair, RemovesTheWidthsOfBitFields) {
@@ -274,7 +281,7 @@ TEST(DeclarationRepair, RemovesMacrosInDeclarations) {
                                             {"b* EXPORT c;", "b * c ;"},
                                             {"int a OLD;", "int a ;"},
                                             {"int a[3] OLD;", "int a [ 3 ] ;"},
-                                            {"int f(int) OLD(x);", "int f ( int ) ;"}});
+                                            {"int f(A*) OLD(x);", "int f ( A * ) ;"}});
 }
 
 TEST(DeclarationRepair, RemovesScopesAndEnumWords) {
@@ -282,12 +289,12 @@ TEST(DeclarationRepair, RemovesScopesAndEnumWords) {
                                             {"enum A;", "enum A ;"},
                                             {"enum class A;", "enum class A ;"},
                                             {"enum A a;", "A a ;"},
-                                            {"int f(enum A a);", "int f ( A a ) ;"}});
+                                            {"int f(enum A a);", "int f ( ) ;"}});
 }
 
 TEST(DeclarationRepair, MakesNamesOfKeywords) {
   ExpectRepairs(DeclarationEnd::Semicolon, kInC,
-                {{"int new(int template);", "int new^ ( int template^ ) ;"},
+                {{"int new(int template);", "int new^ ( ) ;"},
                  {"void *class, *delete;", "void * class^ , * delete^ ;"}});
   ExpectRepairs(DeclarationEnd::Semicolon,
                 {{"int class;", "int class^ ;"}, {"auto a = 1;", "auto^ a ;"}});

@@ -136,7 +136,8 @@ void DeclarationRepairer::RetypeNames() {
     }
     if (type != kMainKw_class && type != kMainKw_new && type != kMainKw_delete &&
         type != kMainKw_template && type != kMainKw_namespace && type != kMainKw_private &&
-        type != kMainKw_public && type != kMainKw_virtual && type != kMainKw_typename) {
+        type != kMainKw_public && type != kMainKw_virtual && type != kMainKw_typename &&
+        type != kMainKw_readonly) {
       continue;
     }
     const unsigned before = i > 0 ? TypeAt(i - 1) : 0;

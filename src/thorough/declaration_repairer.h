@@ -121,6 +121,10 @@ class DeclarationRepairer {
 
   // Functions
 
+  /// True if what begins at `at` is the declaration of a parameter and no expression.
+  bool BeginsParameter(std::size_t at) const;
+  /// True if one of the parameters in `outline` is surely one.
+  bool HasParameters(const Outline& outline) const;
   /// True if the declaration is a function rather than a variable with an initialiser.
   bool IsFunction(const Outline& outline) const;
   /// Leaves the result, the scope and the name of a function; the tag shows scope and name.

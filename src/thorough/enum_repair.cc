@@ -87,7 +87,9 @@ void DeclarationRepairer::RepairEnumerators(std::size_t open) {
 
 void DeclarationRepairer::RepairEnumTail(std::size_t from, Words& kept) {
   bool isFirst = true;
-  bool isTypedef = words[0].type == kMainKw_typedef;
+  const bool isTypedef = words[0].type == kMainKw_typedef;
+  // The first name shows the enum, but then no scope: a declaration of its own does.
+  const bool isScoped = place.inClass || place.inNamespace;
   for (std::size_t i = from; i < words.size();) {
     std::size_t name = kNoWord;
     bool hasValue = false;
@@ -100,8 +102,7 @@ void DeclarationRepairer::RepairEnumTail(std::size_t from, Words& kept) {
       i = type == kMainLParen || type == kMainLSquare ? PastBracket(words, i) : i + 1;
     }
     if (name != kNoWord) {
-      // The name after a typedef shows the enum; any other is a variable like others.
-      if (!isFirst || !isTypedef) {
+      if (!isFirst || isScoped) {
         Word semicolon = words[name];
         semicolon.type = kMainSemicolon;
         semicolon.text = ";";
@@ -124,6 +125,7 @@ void DeclarationRepairer::RepairEnumTail(std::size_t from, Words& kept) {
     if (TypeAt(i) == kMainSemicolon) kept.push_back(words[i]);
     ++i;
   }
+  if (isTypedef && isScoped && !isFirst) kept.erase(kept.begin());
 }
 
 }  // namespace vexltags::thorough

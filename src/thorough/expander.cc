@@ -58,6 +58,13 @@ int BodyRank(const MacroDefinition& definition, const MacroTable& macros) {
 
 }  // namespace
 
+bool HasNameOfMacro(std::string_view name) {
+  if (!HasLowerCase(name)) return true;
+  std::size_t length = 0;
+  while (length < name.size() && name[length] >= 'A' && name[length] <= 'Z') ++length;
+  return length > 1 && length < name.size() && name[length] == '_';
+}
+
 int Expander::RankOf(const MacroDefinition& definition) const {
   constexpr int kUnlikely = 4;
   const bool isUnlikely = macros.ConditionOf(definition, dialect) <= Truth::Unlikely;
@@ -110,7 +117,7 @@ const MacroDefinition* Expander::Find(std::string_view name) const {
 const MacroDefinition* Expander::Choose(const MacroDefinition& first, std::string_view name,
                                         bool& hasLocal) const {
   constexpr int kLocal = 10;
-  const bool isLocal = HasLowerCase(name) && name[0] != '_';
+  const bool isLocal = !HasNameOfMacro(name) && name[0] != '_';
   const MacroDefinition* best = nullptr;
   int bestRank = 0;
   for (const MacroDefinition* known = &first; known != nullptr && !hasLocal && !text.empty();

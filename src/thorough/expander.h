@@ -21,6 +21,9 @@ namespace vexltags::thorough {
 /// The arguments of a call, each a part of the words of the call.
 using Arguments = std::vector<std::span<const Word>>;
 
+/// True for a name in capitals, and for one that begins with capitals and `_`, as `LIB_inline`.
+bool HasNameOfMacro(std::string_view name);
+
 /// Expands macros for one file: arguments substituted, stringified and pasted, nested uses
 /// expanded, a macro never within itself. Each file has a budget for all its expansions, counted in
 /// words; an expansion that exceeds what is left of it fails.
@@ -36,10 +39,10 @@ class Expander {
 
   /// Returns the definition of `name` that suits this file best, null if there is none. One in this
   /// file comes first; then one with braces or `;`, then an empty one or `__attribute__`, then the
-  /// rest. Names with lower-case letters that do not begin with `_` are known only in their own
-  /// folder, in those that contain it and in those within it. A definition whose condition is
-  /// unlikely comes after the others. Where `name` is part of the file's text, a definition of the
-  /// file that begins later or has been ended by `#undef` is none.
+  /// rest. Names with lower-case letters that begin neither with `_` nor with capitals and `_` are
+  /// known only in their own folder, in those that contain it and in those within it. A definition
+  /// whose condition is unlikely comes after the others. Where `name` is part of the file's text, a
+  /// definition of the file that begins later or has been ended by `#undef` is none.
   const MacroDefinition* Find(std::string_view name) const;
 
   /// Returns `definition`, which `Find` has returned for `name`, or a later one with the same name

@@ -123,6 +123,11 @@ TEST_F(ExpanderTest, KnowsWhereDefinitionsOfTheFileEnd) {
   EXPECT_EQ(found(text.find("int b")), "int b;");
 }
 
+TEST_F(ExpanderTest, PrefersDefinitionsThatTakeTheArguments) {
+  Learn("#define F(a, b) int a;\n#define F(a, b, c) int b;\n#define G(a) F(a, x, y)\n", 2);
+  EXPECT_EQ(Expand("G(z)"), "int x ;");
+}
+
 TEST_F(ExpanderTest, KnowsTheLine) {
   Learn(
       "#define PASTE(a, b) a##b\n#define JOIN(a, b) PASTE(a, b)\n"

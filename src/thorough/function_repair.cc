@@ -6,12 +6,34 @@
 
 namespace vexltags::thorough {
 
+bool DeclarationRepairer::BeginsParameter(std::size_t at) const {
+  const unsigned first = TypeAt(at);
+  const unsigned second = TypeAt(at + 1);
+  if (first == kMainId) return second == kMainId;
+  if (IsBuiltInType(first)) return second != kMainLParen && second != kMainLCurly;
+  return IsQualifier(first) || IsClassKey(first) || first == kMainKw_enum;
+}
+
+bool DeclarationRepairer::HasParameters(const Outline& outline) const {
+  std::size_t at = outline.params + 1;
+  while (at < outline.pastParams) {
+    if (BeginsParameter(at)) return true;
+    while (at < outline.pastParams && TypeAt(at) != kMainComma) {
+      const unsigned type = TypeAt(at);
+      at = type == kMainLParen || type == kMainLSquare ? PastBracket(words, at) : at + 1;
+    }
+    ++at;
+  }
+  return false;
+}
+
 bool DeclarationRepairer::IsFunction(const Outline& outline) const {
   if (outline.params == kNoWord || outline.pointer != kNoWord) return false;
   if (outline.assign != kNoWord && outline.assign < outline.params) return false;
   if (end == DeclarationEnd::Body || outline.begin > 0) return true;
   if (outline.operatorWord != kNoWord || outline.arrow != kNoWord) return true;
   if (place.inClass || TypeAt(outline.params - 1) == kMainRParen) return true;
+  if (TypeAt(0) != kMainKw_typedef && HasParameters(outline)) return true;
   const unsigned after = TypeAt(outline.pastParams);
   return after == kMainKw_const || after == kMainKw_noexcept || after == kMainAmpersand ||
          after == kMainAnd || after == kMainKw_override || after == kMainKw_final ||

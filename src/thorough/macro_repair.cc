@@ -78,7 +78,9 @@ void DeclarationRepairer::RemoveMadeTemplateHead() {
   if (TypeAt(past) != kMainLParen) return;
   past = PastBracket(words, past);
   const unsigned after = TypeAt(past);
-  const bool hasTypes = TypeAt(2) == kMainKw_typename || TypeAt(2) == kMainKw_class;
+  // Nothing else has a parenthesis after `template`.
+  const bool hasTypes =
+      TypeAt(0) == kMainKw_template || TypeAt(2) == kMainKw_typename || TypeAt(2) == kMainKw_class;
   if (hasTypes && (BeginsType(after) || BeginsDeclaration(after))) Erase(0, past);
 }
 
@@ -218,8 +220,11 @@ bool DeclarationRepairer::IsMacroCall(const Outline& outline) const {
   if (outline.params != 1 || TypeAt(0) != kMainId || outline.operatorWord != kNoWord) {
     return false;
   }
-  if (end == DeclarationEnd::Body)
-    return LooksLikeMacro(words[0]) && words[0].text != place.className;
+  if (end == DeclarationEnd::Body) {
+    // Also what follows the body of a function that is a `try` block.
+    return (LooksLikeMacro(words[0]) || words[0].text == "catch") &&
+           words[0].text != place.className;
+  }
   if (place.inClass && words[0].text == place.className) return false;
   const unsigned after = TypeAt(outline.pastParams);
   const bool ends = outline.pastParams >= words.size() || after == kMainSemicolon;

@@ -326,6 +326,7 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
       name != "__attribute__") {
     return end;
   }
+  if (IsInComment(text, word)) return end;
   const auto number = static_cast<std::uint32_t>(definitions.size());
   const auto found = names.find(name);
   if (found == names.end()) {
@@ -347,7 +348,6 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
     known.last = number;
     ++known.count;
   }
-  if (IsInComment(text, word)) return end;
   definition.condition = conditions.Current();
   definition.depth = static_cast<std::uint32_t>(conditions.Depth());
   definition.begin = static_cast<std::uint32_t>(nameBegin);

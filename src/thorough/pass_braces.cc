@@ -5,6 +5,17 @@
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {
+namespace {
+
+/// True for `) class Name`, with the class on a line of its own.
+bool EndsWithClass(const Words& words) {
+  std::size_t key = words.size();
+  while (key > 0 && words[key - 1].type == kMainId) --key;
+  if (key < 2 || !IsClassKey(words[key - 1].type)) return false;
+  return words[key - 2].type == kMainRParen && words[key - 1].line > words[key - 2].line;
+}
+
+}  // namespace
 
 DeclarationPass::Curly DeclarationPass::ClassifyCurly() const {
   if (words.empty()) return Curly::Body;
@@ -27,6 +38,9 @@ DeclarationPass::Curly DeclarationPass::ClassifyCurly() const {
     const bool endsAsName = last == kMainId || last == kMainGreater || last == kMainKw_final;
     if (outline.classKey != kNoWord && outline.classKey + 2 == outline.params && endsAsName) {
       return Curly::Class;  // class ALIGNED(16) Name
+    }
+    if (endsAsName && LooksLikeMacro(words[outline.params - 1]) && EndsWithClass(words)) {
+      return Curly::Class;
     }
     const bool hasInitializers = outline.colon != kNoWord && outline.colon >= outline.pastParams;
     if (hasInitializers && (last == kMainId || last == kMainGreater)) return Curly::Initializer;
@@ -92,7 +106,7 @@ void DeclarationPass::TakeCurly(const Word& word) {
       // The braces themselves would make the variables a block to be skipped.
       hasChanged = true;
       EndDeclaration(DeclarationEnd::ClassBody);
-      scopes.push_back({Level::Variables, {}, 1});
+      scopes.push_back({Level::Variables, {}, 1, InNamespace()});
       return;
     case Curly::Body:
     case Curly::Initializer:

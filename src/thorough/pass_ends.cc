@@ -2,6 +2,7 @@
 // The part of the declaration pass that ends a declaration and records its changes.
 #include "thorough/declaration_pass.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "vocabulary/main_tokens.h"
@@ -35,6 +36,14 @@ std::string_view NameOfClass(const Words& words) {
   return name;
 }
 
+/// True for the head of a namespace with a name.
+bool IsNamedNamespace(const Words& words) {
+  for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+    if (words[i].type == kMainKw_namespace) return words[i + 1].type == kMainId;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::string_view DeclarationPass::ClassName() const {
@@ -51,6 +60,7 @@ void DeclarationPass::EndDeclaration(DeclarationEnd end) {
     DeclarationPlace place;
     place.inClass = CurrentLevel() == Level::Class || CurrentLevel() == Level::Variables;
     place.inObjc = CurrentLevel() == Level::Objc;
+    place.inNamespace = InNamespace();
     place.className = ClassName();
     place.dialect = dialect;
     const unsigned first = words[0].type;
@@ -59,16 +69,17 @@ void DeclarationPass::EndDeclaration(DeclarationEnd end) {
         end != DeclarationEnd::Semicolon;
     if (RepairDeclaration(words, end, place)) hasChanged = true;
     if (end == DeclarationEnd::NamespaceBody) {
-      scopes.push_back({Level::Namespace, {}, SplitNamespace()});
+      const bool isNamed = IsNamedNamespace(words);
+      scopes.push_back({Level::Namespace, {}, SplitNamespace(), place.inNamespace || isNamed});
     } else if (opensObjc) {
-      scopes.push_back({Level::Objc, {}, 1});
+      scopes.push_back({Level::Objc, {}, 1, place.inNamespace});
     } else if (end == DeclarationEnd::ClassBody) {
-      scopes.push_back({Level::Class, NameOfClass(words), 1});
+      scopes.push_back({Level::Class, NameOfClass(words), 1, place.inNamespace});
     }
   } else if (end == DeclarationEnd::ClassBody) {
-    scopes.push_back({Level::Class, {}, 1});
+    scopes.push_back({Level::Class, {}, 1, InNamespace()});
   } else if (end == DeclarationEnd::NamespaceBody) {
-    scopes.push_back({Level::Namespace, {}, 1});
+    scopes.push_back({Level::Namespace, {}, 1, InNamespace()});
   }
   Flush();
 }

@@ -28,10 +28,6 @@ bool Declares(unsigned type) {
   return type >= kMainKw_typedef;
 }
 
-bool HasCapitalsOnly(std::string_view name) {
-  return std::none_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; });
-}
-
 }  // namespace
 
 bool DeclarationPass::TryMacro() {
@@ -50,33 +46,22 @@ bool DeclarationPass::TryMacro() {
     if (past >= tokens.Count() || tokens.TypeAt(past) != kMainLParen) return false;
     if (at < longCallEnd) return false;
     if (vainWords > kMostVainWords) return false;
-    int depth = 0;
-    for (; past < tokens.Count() && call.size() < Expander::kMostArguments; ++past) {
-      const unsigned type = tokens.TypeAt(past);
-      call.push_back(SourceWord(past));
-      if (type == kMainLParen) ++depth;
-      if (type == kMainRParen && --depth == 0) {
-        ++past;
-        break;
-      }
-    }
-    if (depth != 0) {
-      // What is in a call without an end, or in one that is too long, is not looked at again.
-      longCallEnd = past;
-      return false;
-    }
-    arguments = SplitArguments(call, 1).first;
+    if (!ReadCall(past, call, arguments)) return false;
     definition = expander.ForCall(definition, name, arguments.size());
   } else if (past < tokens.Count() &&
              (tokens.TypeAt(past) == kMainScope || tokens.TypeAt(past) == kMainLess)) {
     return false;
   }
   expansion.clear();
-  const unsigned after = past < tokens.Count() ? tokens.TypeAt(past) : 0;
+  bool isWorth = expander.Expand(*definition, arguments, tokens.LineAt(at), expansion);
   bool declaresNothing = false;
-  if (!expander.Expand(*definition, arguments, tokens.LineAt(at), expansion) ||
-      !(TakesPlaceOfName(*definition, name, past) ||
-        IsWorthExpanding(*definition, expansion, after == kMainLCurly, declaresNothing))) {
+  if (isWorth) {
+    ExpandLast(past);
+    const bool hasBodyAfter = past < tokens.Count() && tokens.TypeAt(past) == kMainLCurly;
+    isWorth = TakesPlaceOfName(*definition, name, past) ||
+              IsWorthExpanding(*definition, expansion, hasBodyAfter, declaresNothing);
+  }
+  if (!isWorth) {
     if (call.size() > kShortCall) vainWords += call.size();
     return false;
   }
@@ -94,18 +79,73 @@ bool DeclarationPass::TryMacro() {
   return true;
 }
 
+bool DeclarationPass::ReadCall(std::size_t& past, std::vector<Word>& call, Arguments& arguments) {
+  int depth = 0;
+  for (; past < tokens.Count() && call.size() < Expander::kMostArguments; ++past) {
+    const unsigned type = tokens.TypeAt(past);
+    call.push_back(SourceWord(past));
+    if (type == kMainLParen) ++depth;
+    if (type == kMainRParen && --depth == 0) {
+      ++past;
+      break;
+    }
+  }
+  if (depth != 0) {
+    // What is in a call without an end, or in one that is too long, is not looked at again.
+    longCallEnd = past;
+    return false;
+  }
+  arguments = SplitArguments(call, 1).first;
+  return true;
+}
+
+void DeclarationPass::ExpandLast(std::size_t& past) {
+  constexpr int kMostCalls = 8;
+  for (int i = 0; i < kMostCalls; ++i) {
+    if (expansion.empty() || expansion.back().type != kMainId || past >= tokens.Count() ||
+        tokens.TypeAt(past) != kMainLParen || past < longCallEnd || vainWords > kMostVainWords) {
+      return;
+    }
+    const Word name = expansion.back();
+    const MacroDefinition* const definition = expander.Find(name.text);
+    if (definition == nullptr || !definition->isFunction) return;
+    std::vector<Word> lastCall;
+    Arguments arguments;
+    std::size_t end = past;
+    if (!ReadCall(end, lastCall, arguments)) return;
+    if (lastCall.size() > kShortCall) vainWords += lastCall.size();
+    expansion.pop_back();
+    if (!expander.Expand(*definition, arguments, name.line, expansion)) {
+      expansion.push_back(name);
+      return;
+    }
+    past = end;
+  }
+}
+
 bool DeclarationPass::TakesPlaceOfName(const MacroDefinition& definition, std::string_view name,
                                        std::size_t past) const {
   const unsigned after = past < tokens.Count() ? tokens.TypeAt(past) : 0;
   if (expansion.empty()) return after == kMainId && IsNameAt(past);
-  return expansion.size() == 1 && expansion[0].type == kMainId && after == kMainLParen &&
-         !definition.isFunction && HasCapitalsOnly(name) && NeedsName();
+  return HasNameOfMacro(name) && NamesFunction(definition, expansion, after);
+}
+
+bool DeclarationPass::NamesFunction(const MacroDefinition& definition, const Words& result,
+                                    unsigned after) const {
+  if (result.empty() || result[0].type != kMainId) return false;
+  if (!definition.isFunction) {
+    return result.size() == 1 && after == kMainLParen && NeedsName();
+  }
+  const bool isCall =
+      result.size() > 1 && result[1].type == kMainLParen && PastBracket(result, 1) == result.size();
+  if (!isCall) return false;
+  return words.empty() ? result[0].text == ClassName() : NeedsName();
 }
 
 bool DeclarationPass::IsNameAt(std::size_t index) const {
   const std::string_view name = tokens.SourceAt(index);
   return index + 1 < tokens.Count() && tokens.TypeAt(index + 1) == kMainLParen &&
-         !HasCapitalsOnly(name) && expander.Find(name) == nullptr;
+         !HasNameOfMacro(name) && expander.Find(name) == nullptr;
 }
 
 bool DeclarationPass::NeedsName() const {
@@ -168,9 +208,6 @@ bool DeclarationPass::IsWorthExpanding(const MacroDefinition& definition,
   const bool isCall = first == kMainId && result.size() > 1 && result[1].type == kMainLParen &&
                       PastBracket(result, 1) == result.size();
   if (isCall) {
-    // `MACRO(Name())` in the class Name, `int MACRO(name())`
-    const bool isConstructor = words.empty() && result[0].text == ClassName();
-    if (isConstructor || NeedsName()) return true;
     const bool isAlone = words.empty() && !hasBodyAfter;
     declaresNothing = isAlone;
     return isAlone;

@@ -43,8 +43,8 @@ class Session {
   void LearnFile(std::uint32_t number, bool isIncluded);
   /// Reads an open file, of which `expected` bytes at most. The text is good until the next call.
   std::string_view ReadText(int file, std::size_t expected);
-  /// Looks for `#include "name"` in the folder `includer` and in those that contain it, puts what it
-  /// finds into the queue, and notes the include.
+  /// Looks for `#include "name"` in the folder `includer` and in those that contain it, puts what
+  /// it finds into the queue, and notes the include.
   void FindInclude(std::string_view includer, std::string_view name);
   /// Returns the number of the file that is found so; 0 for none.
   std::uint32_t NumberOfInclude(std::string_view includer, std::string_view name);

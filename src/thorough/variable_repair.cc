@@ -61,6 +61,21 @@ void DeclarationRepairer::RepairVariable(const Outline& outline) {
   CutInitializer(outline.begin);
   RemoveArguments();
   RemoveTrailingMacros();
+  // `int (*name)[2]`
+  if (outline.pointer != kNoWord && outline.params == kNoWord) {
+    const std::size_t past = PastBracket(words, outline.pointer);
+    const std::size_t stars = outline.pointer + 1;
+    if (TypeAt(past) == kMainLSquare && past == stars + 3 && TypeAt(stars + 1) == kMainId) {
+      Erase(past - 1, past);
+      Erase(outline.pointer, stars + 1);
+    }
+  }
+  // `int (* const name)(int)`
+  for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+    if (TypeAt(i) == kMainLParen && TypeAt(i + 1) == kMainStar && IsQualifier(TypeAt(i + 2))) {
+      Erase(i + 2, i + 3);
+    }
+  }
   // `int A::* name`
   for (std::size_t i = 0; i + 2 < words.size(); ++i) {
     if (TypeAt(i) == kMainId && TypeAt(i + 1) == kMainScope && TypeAt(i + 2) == kMainStar) {

@@ -2,6 +2,8 @@
 // Reads the declarations of a Swift file from its tokens, without a grammar.
 #include "thorough/swift_declarations.h"
 
+#include <algorithm>
+
 #include "output/kinds.h"
 #include "swift/swift_names.h"
 
@@ -14,9 +16,13 @@ SwiftDeclarations::SwiftDeclarations(TokenTable& tokens, std::string_view text,
 void SwiftDeclarations::ReadAll() {
   FindPartners();
   for (std::size_t at = 0; at < count;) {
+    EndUnclosedTypes(at);
     if (Type(at) == kSwiftRCurly) {
       builder.PopRCurly(static_cast<int>(table.LineAt(at)));
-      if (!scopes.empty()) scopes.pop_back();
+      if (!scopes.empty()) {
+        scopes.pop_back();
+        scopeEnds.pop_back();
+      }
       ++at;
       continue;
     }
@@ -28,6 +34,14 @@ void SwiftDeclarations::ReadAll() {
     } else {
       at = Type(at) == kSwiftSemi ? at + 1 : EndOfStatement(Past(at), false);
     }
+  }
+}
+
+void SwiftDeclarations::EndUnclosedTypes(std::size_t index) {
+  while (!scopeEnds.empty() && index >= scopeEnds.back()) {
+    builder.PopRCurly(static_cast<int>(table.LineAt(index)));
+    scopes.pop_back();
+    scopeEnds.pop_back();
   }
 }
 
@@ -78,6 +92,8 @@ std::size_t SwiftDeclarations::ReadType(Role role, std::size_t keyword) {
     builder.OpenType(kind, name);
   }
   scopes.push_back(role == Role::Enum);
+  const bool staysOpen = std::binary_search(unclosedAt.begin(), unclosedAt.end(), at);
+  scopeEnds.push_back(staysOpen ? Past(at) : kNone);
   return at + 1;
 }
 

@@ -21,6 +21,10 @@ namespace vexltags::thorough {
 /// are read; all other balanced text is skipped. A statement ends at a `;`, at the curly that
 /// closes the type, or before a line that begins with a declaration or a control statement.
 ///
+/// Where a file has curlies that stay open, indentation tells which: a declaration at the beginning
+/// of a line that is no farther to the right than the line of the curly ends it. This takes a file
+/// that indents nearly all of its blocks.
+///
 /// The kinds are those of the grammar. An associated type counts as a type alias, a macro as a
 /// function, and the wildcard `_` as nothing.
 class SwiftDeclarations {
@@ -85,7 +89,19 @@ class SwiftDeclarations {
   /// Whether nothing, not even a blank, is between a token and the one before it.
   bool IsGlued(std::size_t index) const;
   bool BeginsLine(std::size_t index) const;
+  /// The number of characters before a token on its line.
+  std::size_t Column(std::size_t index) const;
+  /// For each token, and for the end of the file, how many of the curlies that are open there can
+  /// be closed from there on.
+  std::vector<std::uint32_t> CountClosings() const;
+  /// Whether nearly all blocks are farther to the right than the lines that open them, in a file
+  /// with `unclosed` curlies that stay open.
+  bool IsIndented(std::size_t unclosed) const;
+  /// A closing curly also ends the other brackets that are open after its partner. Any other
+  /// closing bracket without a partner is ignored.
   void FindPartners();
+  /// Ends the types that are open at `index` because of a curly that stays open.
+  void EndUnclosedTypes(std::size_t index);
   /// The place after a token, or after its closing bracket where it opens a bracket that is closed.
   std::size_t Past(std::size_t index) const {
     return partners[index] != 0 ? partners[index] + std::size_t{1} : index + 1;
@@ -130,8 +146,13 @@ class SwiftDeclarations {
   const std::string_view source;
   SwiftTagsParser& builder;
   const std::size_t count;
-  std::vector<std::uint32_t> partners;  ///< Of a closed opening bracket the closing one, else 0.
-  std::vector<bool> scopes;             ///< The open types; true for an enum.
+  /// Of a closed opening bracket the closing one, else 0. Of a curly that indentation ends, the
+  /// last token within it.
+  std::vector<std::uint32_t> partners;
+  std::vector<std::uint32_t> unclosedAt;  ///< The curlies that indentation ends, in order.
+  std::vector<bool> scopes;               ///< The open types; true for an enum.
+  /// The token before which indentation ends each of the open types; `kNone` for most.
+  std::vector<std::size_t> scopeEnds;
   // The tokens of the last search that failed. A search from within them fails too.
   std::size_t noKeywordFrom = 0, noKeywordTo = 0;
   std::size_t noAnglesFrom = 0, noAnglesTo = 0;

@@ -148,5 +148,27 @@ TEST(SwiftDeclarations, ReadsLongRunsInLinearTime) {
   }
 }
 
+TEST(SwiftDeclarations, EndsUnclosedCurliesByIndentation) {
+  EXPECT_EQ(
+      Tags("class A {\n  func b() {\n    if c {\n  }\n  func d() {\n    e()\n  }\n}\nvar f = 1"),
+      "A:1:c b():2:f:A d():5:f:A f:9:V")
+      << "the body of a function";
+  EXPECT_EQ(Tags("class A {\n  let b = 1\n\nclass C {\n  let d = 2\n}\n"),
+            "A:1:c b:2:b:A C:4:c d:5:b:C")
+      << "the body of a type";
+  EXPECT_EQ(Tags("class A {\n  class B {\n    func c() {\nfunc d() {\n  e()\n}\n"),
+            "A:1:c B:2:c:A c():3:f:A.B d():4:f")
+      << "several at once";
+}
+
+TEST(SwiftDeclarations, DoesNotEndCurliesThatAreClosed) {
+  EXPECT_EQ(Tags("class A {\n  let b = 1\nlet c = 2\n}\nlet d = {"), "A:1:c b:2:b:A c:3:b:A d:5:b")
+      << "one declaration farther to the left";
+}
+
+TEST(SwiftDeclarations, EndsNoCurliesWithoutIndentation) {
+  EXPECT_EQ(Tags("class A {\nfunc b() {\nif c {\n}\n}\nlet d = 1\n"), "A:1:c b():2:f:A d:6:b:A");
+}
+
 }  // namespace
 }  // namespace vexltags::thorough

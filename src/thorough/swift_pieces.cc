@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Walks through Swift tokens: brackets, statements, types and expressions.
+// Walks through Swift tokens: statements, types and expressions.
 #include "thorough/swift_declarations.h"
 
 #include <string>
@@ -28,43 +28,6 @@ bool SwiftDeclarations::IsGlued(std::size_t index) const {
 
 bool SwiftDeclarations::BeginsLine(std::size_t index) const {
   return index == 0 || table.LineAt(index) != table.LineAt(index - 1);
-}
-
-/// A closing curly also ends the other brackets that are open after its partner. Any other closing
-/// bracket without a partner is ignored.
-void SwiftDeclarations::FindPartners() {
-  partners.assign(count, 0);
-  std::vector<std::uint32_t> open;
-  std::size_t openCurlies = 0;
-  for (std::uint32_t i = 0; i < count; ++i) {
-    unsigned opener = 0;
-    switch (table.TypeAt(i)) {
-      case kSwiftLCurly:
-        ++openCurlies;
-        [[fallthrough]];
-      case kSwiftLParen:
-      case kSwiftLSquare:
-        open.push_back(i);
-        continue;
-      case kSwiftRCurly:
-        if (openCurlies == 0) continue;
-        --openCurlies;
-        opener = kSwiftLCurly;
-        while (table.TypeAt(open.back()) != opener) open.pop_back();
-        break;
-      case kSwiftRParen:
-        opener = kSwiftLParen;
-        break;
-      case kSwiftRSquare:
-        opener = kSwiftLSquare;
-        break;
-      default:
-        continue;
-    }
-    if (open.empty() || table.TypeAt(open.back()) != opener) continue;
-    partners[open.back()] = i;
-    open.pop_back();
-  }
 }
 
 bool SwiftDeclarations::BeginsStatement(std::size_t index) {

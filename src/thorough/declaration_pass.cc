@@ -58,7 +58,7 @@ void DeclarationPass::SkipDefinition() {
   for (; at < tokens.Count() && tokens.SourceAt(at).data() < line; ++at) hasChanged = true;
 }
 
-Word DeclarationPass::SourceWord(std::size_t index) {
+Word DeclarationPass::SourceWord(std::size_t index) const {
   const unsigned type = tokens.TypeAt(index);
   const bool hasOwnText = type == kMainDefine || type == kMainNsOptionsMacro;
   return {type, hasOwnText ? tokens.TextAt(index) : tokens.SourceAt(index), tokens.LineAt(index),

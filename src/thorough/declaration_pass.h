@@ -37,7 +37,7 @@ class DeclarationPass {
   };
   enum class Curly : std::uint8_t { Namespace, Class, Enum, Variables, Body, Initializer };
 
-  Word SourceWord(std::size_t index);
+  Word SourceWord(std::size_t index) const;
   /// Skips the lines that continue `#define NAME\`, which the lexer ends with its line.
   void SkipDefinition();
   bool TryMacro();
@@ -49,7 +49,7 @@ class DeclarationPass {
   /// True if `expansion`, that of the macro `name`, is the name of a function or leaves the place
   /// to one. `past` is the index after the use.
   bool TakesPlaceOfName(const MacroDefinition& definition, std::string_view name,
-                        std::size_t past) const;
+                        const Arguments& arguments, std::size_t past) const;
   /// True for a macro that makes the name of a function before its parameters, or both of them:
   /// `int NAME(int);`, `int MACRO(name(int));`, `MACRO(Name())` in the class Name. `after` is the
   /// type of the token that follows.

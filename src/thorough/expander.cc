@@ -110,37 +110,38 @@ const MacroDefinition* Expander::Find(std::string_view name) const {
   if (offset < text.size()) position = static_cast<std::uint32_t>(offset);
   const auto [place, isNew] = choices.emplace(known, Choice{});
   Choice& choice = place->second;
-  if (isNew || choice.hasLocal) choice.best = Choose(*known, name, choice.hasLocal);
+  if (isNew || position < choice.begin || position >= choice.end) choice = Choose(*known, name);
   return choice.best;
 }
 
-const MacroDefinition* Expander::Choose(const MacroDefinition& first, std::string_view name,
-                                        bool& hasLocal) const {
+Expander::Choice Expander::Choose(const MacroDefinition& first, std::string_view name) const {
   constexpr int kLocal = 10;
   const bool isLocal = !HasNameOfMacro(name) && name[0] != '_';
-  const MacroDefinition* best = nullptr;
+  Choice choice;
   int bestRank = 0;
-  for (const MacroDefinition* known = &first; known != nullptr && !hasLocal && !text.empty();
-       known = macros.Next(*known)) {
-    hasLocal |= known->file == file;
-  }
   for (const MacroDefinition* known = &first; known != nullptr; known = macros.Next(*known)) {
+    const bool isOwn = known->file == file;
+    if (isOwn && !text.empty()) {
+      for (const std::uint32_t edge : {known->begin, known->end}) {
+        if (edge <= position) choice.begin = std::max(choice.begin, edge);
+        if (edge > position) choice.end = std::min(choice.end, edge);
+      }
+      if (position < known->begin || position >= known->end) continue;
+    }
+    if (!isOwn && isLocal && known->file != 0 && paths != nullptr &&
+        !AreNear((*paths)[known->file], (*paths)[file])) {
+      continue;
+    }
     int rank = RankOf(*known);
     // A word of its own, unless the condition holds.
     if (isLocal && rank < 0) continue;
-    if (known->file == file) {
-      if (hasLocal && (position < known->begin || position >= known->end)) continue;
-      rank += kLocal;
-    } else if (isLocal && known->file != 0 && paths != nullptr &&
-               !AreNear((*paths)[known->file], (*paths)[file])) {
-      continue;
-    }
-    if (best == nullptr || rank > bestRank) {
-      best = known;
+    if (isOwn) rank += kLocal;
+    if (choice.best == nullptr || rank > bestRank) {
+      choice.best = known;
       bestRank = rank;
     }
   }
-  return best;
+  return choice;
 }
 
 const MacroDefinition* Expander::ForCall(const MacroDefinition* definition, std::string_view name,

@@ -62,10 +62,11 @@ class Expander {
  private:
   struct Choice {
     const MacroDefinition* best = nullptr;
-    bool hasLocal = false;  ///< The file has definitions: the place of the use decides.
+    /// Where in the file it is the best one: definitions of the file begin and end around it.
+    std::uint32_t begin = 0;
+    std::uint32_t end = UINT32_MAX;
   };
-  const MacroDefinition* Choose(const MacroDefinition& first, std::string_view name,
-                                bool& hasLocal) const;
+  Choice Choose(const MacroDefinition& first, std::string_view name) const;
   int RankOf(const MacroDefinition& definition) const;
   bool Substitute(const MacroBody& body, const Arguments& arguments, unsigned line,
                   std::vector<Word>& result);

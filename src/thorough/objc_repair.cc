@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "thorough/declaration_repairer.h"
 #include "thorough/main_literals.h"
@@ -23,6 +24,7 @@ void DeclarationRepairer::RepairMethod() {
   std::size_t last = words.size() - 1;
   bool hasColon = false;
   for (std::size_t i = 1; i < last;) {
+    if (TypeAt(i) >= kMainKw_typedef && TypeAt(i + 1) == kMainColon) Retype(i, kMainId);
     const unsigned type = TypeAt(i);
     if (type == kMainColon) {
       hasColon = true;
@@ -57,7 +59,13 @@ void DeclarationRepairer::RepairProperty() {
   }
   // The name: in the parentheses of a function pointer or block, else the last word.
   std::size_t name = kNoWord;
+  std::vector<std::size_t> names;  // Those before a comma.
   for (std::size_t at = i; at < words.size(); ++at) {
+    if (TypeAt(at) == kMainComma && name != kNoWord) {
+      names.push_back(name);
+      name = kNoWord;
+      continue;
+    }
     if (TypeAt(at) == kMainLParen &&
         (TypeAt(at + 1) == kMainBitwiseXor || TypeAt(at + 1) == kMainStar)) {
       const std::size_t past = PastBracket(words, at);
@@ -84,14 +92,25 @@ void DeclarationRepairer::RepairProperty() {
     name = at;
   }
   if (name == kNoWord || TypeAt(words.size() - 1) != kMainSemicolon) return;
-  Word type = words[name];
-  type.type = kMainKw_int;
-  type.text = "int";
-  type.index = -1;
-  kept.push_back(type);
-  kept.push_back(words[name]);
-  kept.back().type = kMainId;
-  kept.push_back(words.back());
+  names.push_back(name);
+  const Words head = kept;
+  kept.clear();
+  for (const std::size_t one : names) {
+    for (Word word : head) {
+      // Only the first property can have the words of the source.
+      if (one != names.front()) word.index = -1;
+      kept.push_back(word);
+    }
+    Word type = words[one];
+    type.type = kMainKw_int;
+    type.text = "int";
+    type.index = -1;
+    kept.push_back(type);
+    kept.push_back(words[one]);
+    kept.back().type = kMainId;
+    kept.push_back(words.back());
+    if (one != names.back()) kept.back().index = -1;
+  }
   words = std::move(kept);
   changed = true;
 }

@@ -28,6 +28,14 @@ bool Declares(unsigned type) {
   return type >= kMainKw_typedef;
 }
 
+/// True for arguments that cannot be parameters.
+bool HasLiteral(const Arguments& arguments) {
+  return std::any_of(arguments.begin(), arguments.end(), [](std::span<const Word> argument) {
+    return !argument.empty() &&
+           (argument[0].type == kMainNumber || argument[0].type == kMainStringLiteral);
+  });
+}
+
 }  // namespace
 
 bool DeclarationPass::TryMacro() {
@@ -58,7 +66,7 @@ bool DeclarationPass::TryMacro() {
   if (isWorth) {
     ExpandLast(past);
     const bool hasBodyAfter = past < tokens.Count() && tokens.TypeAt(past) == kMainLCurly;
-    isWorth = TakesPlaceOfName(*definition, name, past) ||
+    isWorth = TakesPlaceOfName(*definition, name, arguments, past) ||
               IsWorthExpanding(*definition, expansion, hasBodyAfter, declaresNothing);
   }
   if (!isWorth) {
@@ -124,9 +132,9 @@ void DeclarationPass::ExpandLast(std::size_t& past) {
 }
 
 bool DeclarationPass::TakesPlaceOfName(const MacroDefinition& definition, std::string_view name,
-                                       std::size_t past) const {
+                                       const Arguments& arguments, std::size_t past) const {
   const unsigned after = past < tokens.Count() ? tokens.TypeAt(past) : 0;
-  if (expansion.empty()) return after == kMainId && IsNameAt(past);
+  if (expansion.empty()) return after == kMainId && (HasLiteral(arguments) || IsNameAt(past));
   return HasNameOfMacro(name) && NamesFunction(definition, expansion, after);
 }
 
@@ -143,9 +151,9 @@ bool DeclarationPass::NamesFunction(const MacroDefinition& definition, const Wor
 }
 
 bool DeclarationPass::IsNameAt(std::size_t index) const {
-  const std::string_view name = tokens.SourceAt(index);
+  const Word name = SourceWord(index);
   return index + 1 < tokens.Count() && tokens.TypeAt(index + 1) == kMainLParen &&
-         !HasNameOfMacro(name) && expander.Find(name) == nullptr;
+         !LooksLikeMacro(name) && expander.Find(name.text) == nullptr;
 }
 
 bool DeclarationPass::NeedsName() const {

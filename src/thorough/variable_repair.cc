@@ -70,11 +70,16 @@ void DeclarationRepairer::RepairVariable(const Outline& outline) {
       Erase(outline.pointer, stars + 1);
     }
   }
-  // `int (* const name)(int)`
-  for (std::size_t i = 0; i + 1 < words.size(); ++i) {
-    if (TypeAt(i) == kMainLParen && TypeAt(i + 1) == kMainStar && IsQualifier(TypeAt(i + 2))) {
-      Erase(i + 2, i + 3);
+  // `int (* const name)(int)`, `int (A::* const name)(int) noexcept`
+  if (outline.pointer != kNoWord && outline.params == kNoWord) {
+    std::size_t past = PastBracket(words, outline.pointer);
+    for (std::size_t i = outline.pointer + 2; i < past; ++i) {
+      if (TypeAt(i - 1) != kMainStar || !IsQualifier(TypeAt(i))) continue;
+      Erase(i, i + 1);
+      --past;
     }
+    if (TypeAt(past) == kMainLParen) past = PastBracket(words, past);
+    while (IsQualifier(TypeAt(past)) || TypeAt(past) == kMainKw_noexcept) Erase(past, past + 1);
   }
   // `int A::* name`
   for (std::size_t i = 0; i + 2 < words.size(); ++i) {

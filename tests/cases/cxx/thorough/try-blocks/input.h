@@ -1,0 +1,4 @@
+struct A {
+  A() try : b(1) { } catch (...) { }
+  int b;
+};

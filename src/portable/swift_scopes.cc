@@ -42,10 +42,16 @@ bool HasKey(std::string_view field) {
 
 void SwiftScopes::Add(std::string_view path, const TagLine& tag) {
   const std::string_view kind = Field(tag.fields, 0);
-  if (kind.size() != 1 || KeyOfLetter(kind[0]).empty()) return;
+  if (kind.size() != 1) return;
   std::string_view scope = Field(tag.fields, 1);
   if (HasKey(scope)) scope.remove_prefix(scope.find(':') + 1);
-  types[FullName(path, scope, tag.name)].insert_or_assign(LineNumber(tag), kind[0]);
+  Add(path, tag.name, kind[0], scope, LineNumber(tag));
+}
+
+void SwiftScopes::Add(std::string_view path, std::string_view name, char kind,
+                      std::string_view scope, long line) {
+  if (KeyOfLetter(kind).empty()) return;
+  types[FullName(path, scope, name)].insert_or_assign(line, kind);
 }
 
 std::string_view SwiftScopes::KeyOf(std::string_view path, std::string_view name, long line) const {

@@ -23,6 +23,9 @@ class SwiftScopes {
   /// Records `tag` if it is a type: a class, struct, enum, protocol or extension. `path` identifies
   /// its file and must be spelled the same for all tags of the file.
   void Add(std::string_view path, const TagLine& tag);
+  /// The same for a tag that is already taken apart; `scope` has no key.
+  void Add(std::string_view path, std::string_view name, char kind, std::string_view scope,
+           long line);
 
   /// Returns the key for the scope `name` of a tag on 1-based `line` of the file `path`: the kind
   /// of the last type of that name that begins before or on that line, or "scope" if there is none.

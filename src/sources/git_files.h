@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// Asks git for the files of a work tree.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "sources/ignore_patterns.h"
+
+namespace vexltags {
+
+/// What git says about a directory. Paths are relative to it.
+struct GitListing {
+  bool isListed = false;                  ///< False if git does not know the directory's files.
+  std::vector<std::string> files;         ///< Also files that no longer exist, and symbolic links.
+  std::vector<std::string> repositories;  ///< Submodules and other repositories below.
+  std::string problem;  ///< What git reported, if anything; it may be listed still.
+};
+
+/// Returns whether `directory` or one that contains it has an entry `.git`.
+bool IsInGitTree(const std::string& directory);
+
+/// Lists what git tracks, or would track, in and below `directory`. Negated patterns, relative to
+/// the directory, add files that git ignores; other patterns are not applied. Not listed are
+/// directories that git itself ignores, and all if git is not installed or fails.
+GitListing ListGitFiles(const std::string& directory, const IgnorePatterns& patterns);
+
+}  // namespace vexltags

@@ -9,12 +9,15 @@
 namespace vexltags {
 namespace {
 
+/// The maximum length of the text of a tag. Emacs has no limit of its own.
+constexpr std::size_t kTextLimit = 500;
+
 /// Returns the start of a source line that Emacs is to search for. It takes the text literally.
 std::string_view SearchText(std::string_view line) {
   std::string_view text = ReadableText(line);
   text = text.substr(0, text.find_first_of("\f\x7f\x01"));
-  if (text.size() <= kPatternLimit) return text;
-  std::size_t length = kPatternLimit;
+  if (text.size() <= kTextLimit) return text;
+  std::size_t length = kTextLimit;
   while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) --length;
   return text.substr(0, length);
 }

@@ -30,8 +30,8 @@ TEST(AppendEtagsSection, WritesTextNameLineAndOffset) {
 }
 
 TEST(AppendEtagsSection, EndsTheTextBeforeWhatEmacsWouldNotFind) {
-  const std::string longLine(200, 'a');
-  const std::string euros = std::string(94, 'a') + "\xE2\x82\xAC" + "b";
+  const std::string longLine(600, 'a');
+  const std::string euros = std::string(498, 'a') + "\xE2\x82\xAC" + "b";
   const std::vector<TagRecord> tags = {
       Tag("a", 1, "int caf\xE9;", 0), Tag("b", 1, "int \x7f", 0), Tag("c", 1, "int \x01", 0),
       Tag("d", 1, "int \f", 0),       Tag("e", 1, longLine, 0),   Tag("f", 1, euros, 0),
@@ -50,11 +50,11 @@ TEST(AppendEtagsSection, EndsTheTextBeforeWhatEmacsWouldNotFind) {
             "1,0\nint \x7f"
             "d\x01"
             "1,0\n" +
-                std::string(96, 'a') +
+                std::string(500, 'a') +
                 "\x7f"
                 "e\x01"
                 "1,0\n" +
-                std::string(94, 'a') +
+                std::string(498, 'a') +
                 "\x7f"
                 "f\x01"
                 "1,0\n");

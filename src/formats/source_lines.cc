@@ -15,6 +15,7 @@ SourceLines::SourceLines(std::string_view source) : text(source) {
     starts.push_back(start);
     const std::size_t end = text.find('\n', start);
     if (end == text.npos) break;
+    endsInCrLf = endsInCrLf && end > start && text[end - 1] == '\r';
     start = end + 1;
   }
 }
@@ -24,7 +25,7 @@ SourceLine SourceLines::Line(long number) const {
   const std::size_t start = starts[static_cast<std::size_t>(number) - 1];
   std::string_view line = text.substr(start);
   line = line.substr(0, line.find('\n'));
-  if (line.ends_with('\r')) line.remove_suffix(1);
+  if (endsInCrLf && line.ends_with('\r')) line.remove_suffix(1);
   return {line, start};
 }
 

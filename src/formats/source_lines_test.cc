@@ -13,10 +13,20 @@ TEST(SourceLines, FindsLinesWithTheirOffsets) {
   EXPECT_EQ(lines.Line(1).offset, 0U);
   EXPECT_EQ(lines.Line(2).text, "");
   EXPECT_EQ(lines.Line(2).offset, 4U);
-  EXPECT_EQ(lines.Line(3).text, "three");
+  EXPECT_EQ(lines.Line(3).text, "three\r");
   EXPECT_EQ(lines.Line(3).offset, 5U);
   EXPECT_EQ(lines.Line(4).text, "four\rstill four");
   EXPECT_EQ(lines.Line(4).offset, 12U);
+}
+
+TEST(SourceLines, LeavesOutCarriageReturnsIfEveryLineHasOne) {
+  const SourceLines lines("one\r\n\r\nthree\r\nlast");
+  EXPECT_EQ(lines.Line(1).text, "one");
+  EXPECT_EQ(lines.Line(2).text, "");
+  EXPECT_EQ(lines.Line(2).offset, 5U);
+  EXPECT_EQ(lines.Line(3).text, "three");
+  EXPECT_EQ(lines.Line(4).text, "last");
+  EXPECT_EQ(SourceLines("one\r\n\nthree\r\n").Line(1).text, "one\r");
 }
 
 TEST(SourceLines, HasNoLineOutsideTheText) {

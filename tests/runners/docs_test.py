@@ -170,7 +170,7 @@ class Options(unittest.TestCase):
 class Pages(unittest.TestCase):
     def test_version(self):
         version = re.match(r"vexltags v (\S+), ", output_of(PROGRAM, "-v")).group(1)
-        for page in ("doc/vexltags.1", "doc/vexltags-portable.1"):
+        for page in ("doc/vexltags.1", "doc/vexltags-portable.1", "doc/vexltags-tree.1"):
             self.assertIn(f'"vexltags {version}"', read(page))
         # The newest section of the changes is that of this version, or of what comes after it.
         sections = re.findall(r"^## (.*)$", read("CHANGELOG.md"), re.MULTILINE)
@@ -212,6 +212,26 @@ class Pages(unittest.TestCase):
             listed = re.findall(r"^(\S(?:, \S)?)\t", letters[language], re.MULTILINE)
             self.assertEqual(seen, {c for group in listed for c in group.split(", ")}, language)
         self.assertEqual(seen_keys, keys)
+
+    def test_suffixes_and_excludes_of_the_tree(self):
+        """The manual page lists the suffixes of sources and the directories that a walk leaves out."""
+        text = read("doc/vexltags-tree.1")
+        listed = set()
+        languages = text.split(".SS Languages\n")[1].split("\n.PP\n")[0]
+        for language, rows in re.findall(r"^\.TP\n\.B (\S+)\n(.*?)(?=^\.TP|\Z)", languages,
+                                         re.DOTALL | re.MULTILINE):
+            listed |= {(language, suffix) for suffix in re.findall(r"^\.BR? \.(\S+)", rows, re.MULTILINE)}
+        names = {"kC": ["C"], "kCxx": ["C++"], "kObjectiveC": ["ObjectiveC"], "kSwift": ["Swift"],
+                 "kPython": ["Python"], "kAnyHeader": ["C", "C++", "ObjectiveC"]}
+        table = read("src/sources/source_suffixes.cc").split("kSuffixes[] = {")[1].split("};")[0]
+        built = {(name, suffix) for suffix, group in re.findall(r'\{"([^"]+)", (\w+)\}', table)
+                 for name in names[group]}
+        self.assertEqual(listed, built)
+
+        words = text.split("all that begin with a dot,\n")[1].split("\n.PP\n")[0]
+        code = read("src/sources/source_list.cc").split("kPatterns = {")[1].split("};")[0]
+        self.assertEqual({word + "/" for word in re.findall(r"^\.BR? (\w+)", words, re.MULTILINE)}
+                         | {".*/"}, set(re.findall(r'"([^"]+)"', code)))
 
     def test_links(self):
         for page in [*ROOT.glob("*.md"), *ROOT.glob("doc/*.md"), *ROOT.glob("editors/*.md"),

@@ -140,7 +140,7 @@ EMACS = r"""
   (with-temp-buffer (insert-file-contents "names") (split-string (buffer-string) "\n" t)))
 (defun where (name)
   (format "%s\t%s\t%d\n" name (buffer-file-name) (line-number-at-pos)))
-(let (found)
+(let ((file (expand-file-name "found")) found)
   (dolist (name (names))
     (push (condition-case problem
               (progn (find-tag name) (where name))
@@ -153,7 +153,7 @@ EMACS = r"""
                   (where name)))
             (error (format "%s\t%S\t0\n" name problem)))
           found))
-  (with-temp-file "found" (dolist (line (reverse found)) (insert line))))
+  (with-temp-file file (dolist (line (reverse found)) (insert line))))
 """
 
 

@@ -28,7 +28,7 @@ void AppendJson(std::string& out, const TagRecord& tag) {
   put("typeref", tag.typeref);
   put("kind", KindName(tag.kind, tag.language));
   put("scope", tag.scope);
-  if (!tag.scope.empty()) put("scopeKind", tag.scopeKind);
+  put("scopeKind", tag.scopeKind);
   out += object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
   out += '\n';
 }

@@ -36,6 +36,7 @@ TEST(SourceLines, HasNoLineOutsideTheText) {
     EXPECT_EQ(lines.Line(number).offset, 0U) << number;
   }
   EXPECT_EQ(SourceLines("").Line(1).text, "");
+  EXPECT_EQ(SourceLines("\n").Line(1).text, "");
 }
 
 TEST(SourceLines, LeavesOutAByteOrderMark) {

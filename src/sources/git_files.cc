@@ -89,12 +89,6 @@ void AddItem(std::string_view item, GitListing& listing) {
   }
 }
 
-void SortUnique(std::vector<std::string>& paths) {
-  std::sort(paths.begin(), paths.end());
-  // A file with a merge conflict has an item for each stage.
-  paths.erase(std::unique(paths.begin(), paths.end()), paths.end());
-}
-
 }  // namespace
 
 bool IsInGitTree(const std::string& directory) {
@@ -124,8 +118,6 @@ GitListing ListGitFiles(const std::string& directory, const IgnorePatterns& patt
     AddItem(rest.substr(0, end), listing);
     rest.remove_prefix(std::min(end + 1, rest.size()));
   }
-  SortUnique(listing.files);
-  SortUnique(listing.repositories);
   const bool isEmpty = listing.files.empty() && listing.repositories.empty();
   listing.isListed = !isEmpty || RunGit(directory, {"check-ignore", "-q", "."}).status != 0;
   return listing;

@@ -9,7 +9,8 @@
 
 namespace vexltags {
 
-/// What git says about a directory. Paths are relative to it.
+/// What git says about a directory. Paths are relative to it, in no order; one with a merge
+/// conflict is listed several times.
 struct GitListing {
   bool isListed = false;                  ///< False if git does not know the directory's files.
   std::vector<std::string> files;         ///< Also files that no longer exist, and symbolic links.

@@ -28,6 +28,7 @@ TEST(PathFilter, TellsFilesThatArePatternsNames) {
   PathFilter filter(patterns);
   EXPECT_EQ(filter.Judge("a.inc", false), PathVerdict::kNamed);
   EXPECT_EQ(filter.Judge("x/table", false), PathVerdict::kNamed);
+  EXPECT_EQ(filter.Judge("x/table", true), PathVerdict::kPlain);
   EXPECT_EQ(filter.Judge("y/table", false), PathVerdict::kPlain);
   EXPECT_EQ(filter.Judge("gen/a.png", false), PathVerdict::kPlain);
   EXPECT_EQ(filter.Judge("lib/a.png", false), PathVerdict::kPlain);

@@ -202,6 +202,9 @@ TEST_F(ListSourcesTest, ListsWhatGitTracksOrWould) {
   EXPECT_EQ(Found({"sub"}, {"!new.c", "new.c"}), Paths{"sub/b.c"});
   EXPECT_EQ(Found({}, {"*", "!build/"}), Paths());
   EXPECT_EQ(Found({}, {"/[!b]*", "!build/"}), Paths{"build/gen.c"});
+  fs::rename(scratch.Path("sub"), scratch.Path("s[u]b"));
+  EXPECT_EQ(Found({"s[u]b"}, {"!/new.c"}), (Paths{"s[u]b/b.c", "s[u]b/new.c"}));
+  fs::rename(scratch.Path("s[u]b"), scratch.Path("sub"));
   base.useGit = false;
   EXPECT_EQ(Found({"sub"}), (Paths{"sub/b.c", "sub/new.c"}));
 }
@@ -209,11 +212,28 @@ TEST_F(ListSourcesTest, ListsWhatGitTracksOrWould) {
 TEST_F(ListSourcesTest, IsNotMisledByTheVariablesOfAHook) {
   Make("a.c");
   Make("other/b.c");
+  Make("other/ignored.c");
   if (!Git("", {"init", "-q"})) GTEST_SKIP() << "git is not installed";
   Git("other", {"init", "-q"});
-  const ScopedVariable directory("GIT_DIR", ".git");
-  const ScopedVariable index("GIT_INDEX_FILE", ".git/index.lock");
+  Make("other/.git/info/exclude", "ignored.c\n");
+  const ScopedVariable directory("GIT_DIR", scratch.Path(".git").c_str());
+  const ScopedVariable index("GIT_INDEX_FILE", scratch.Path(".git/index.lock").c_str());
   EXPECT_EQ(Found({"other"}), Paths{"other/b.c"});
+}
+
+TEST_F(ListSourcesTest, ListsAFileWithAConflictOnce) {
+  Make("a.c");
+  if (!Git("", {"init", "-q"})) GTEST_SKIP() << "git is not installed";
+  Git("", {"hash-object", "-w", "a.c"});
+  const std::string script =
+      "cd \"$1\" && for stage in 1 2 3; do"
+      " printf '100644 e69de29bb2d1d6434b8b29ae775ad8c2e48c5391 %s\\ta.c\\n' $stage;"
+      " done | git update-index --index-info && git ls-files -u | wc -l";
+  const ChildResult result =
+      RunChild({"sh", "-c", script, "sh", scratch.Path()},
+               {std::string("PATH=") + std::getenv("PATH"), "HOME=/nonexistent"});
+  ASSERT_EQ(std::atoi(result.output.c_str()), 3) << result.errors;
+  EXPECT_EQ(Found({}), Paths{"a.c"});
 }
 
 TEST_F(ListSourcesTest, ListsRepositoriesInRepositories) {
@@ -234,9 +254,17 @@ TEST_F(ListSourcesTest, ListsRepositoriesInRepositories) {
   EXPECT_EQ(Found({"top"}), all);
   EXPECT_EQ(Found({"top"}, {"/lib.c"}), (Paths{"top/a.c", "top/nested/b.c"}));
   EXPECT_EQ(Found({"top"}, {"!ignored.c"}).size(), all.size() + 1);
+  EXPECT_EQ(Found({"top"}, {"!/ignored.c"}), all);
   // From a directory that is no work tree itself.
   EXPECT_EQ(Found({}), (Paths{"library/c.c", "top/a.c", "top/lib.c/c.c", "top/lib.c/new.c",
                               "top/nested/b.c"}));
+  // A repository that git cannot read is walked.
+  fs::rename(scratch.Path("top/lib.c/.git"), scratch.Path("link"));
+  Make("top/lib.c/.git", "gitdir: nowhere\n");
+  const SourceList damaged = List({"top"});
+  EXPECT_EQ(damaged.sources.size(), all.size());
+  EXPECT_EQ(damaged.problems.size(), 1U);
+  fs::rename(scratch.Path("link"), scratch.Path("top/lib.c/.git"));
   Git("top", {"submodule", "-q", "deinit", "-f", "lib.c"});
   EXPECT_EQ(Found({"top"}), (Paths{"top/a.c", "top/nested/b.c"}));
 }

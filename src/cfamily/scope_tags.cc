@@ -46,10 +46,11 @@ bool VexlTagsParser::CurrentNamespaceIsTyperef() const {
   return HasScope() && classStack.back().isTypedef;
 }
 
-std::string VexlTagsParser::NextAnonName() {
-  static std::int32_t counter = 0;
-  return "__anon" + std::to_string(++counter);
-}
+std::string VexlTagsParser::NextAnonName() { return "__anon" + std::to_string(++anonCount); }
+
+std::int32_t VexlTagsParser::AnonCount() { return anonCount; }
+
+void VexlTagsParser::SetAnonCount(std::int32_t count) { anonCount = count; }
 
 const std::string& VexlTagsParser::AppendWithSpace(std::string& text, std::string_view piece) {
   return vexltags::AppendWithSpace(text, piece);

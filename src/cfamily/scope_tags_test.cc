@@ -113,6 +113,14 @@ TEST_F(ScopeTagsTest, MadeUpNamesAreNumberedAcrossFiles) {
   EXPECT_EQ(second, "__anon" + std::to_string(std::stoi(first.substr(6)) + 1));
 }
 
+TEST_F(ScopeTagsTest, TheNumberOfMadeUpNamesCanBeSet) {
+  const std::int32_t former = VexlTagsParser::AnonCount();
+  VexlTagsParser::SetAnonCount(41);
+  EXPECT_EQ(VexlTagsParser::NextAnonName(), "__anon42");
+  EXPECT_EQ(VexlTagsParser::AnonCount(), 42);
+  VexlTagsParser::SetAnonCount(former);
+}
+
 TEST(MadeUpNamesDeathTest, TheFirstOneOfARunIsNumber1) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";  // a new process
   EXPECT_EXIT(

@@ -75,6 +75,10 @@ class VexlTagsParser : public ParserStateBase {
   static std::string FlattenParamList(const ParamList& list);
   /// A made-up name: `__anon1`, `__anon2` and so on, numbered across the files of a run.
   static std::string NextAnonName();
+  /// The number of the last made-up name, 0 before the first. Setting it makes the next file
+  /// continue from there.
+  static std::int32_t AnonCount();
+  static void SetAnonCount(std::int32_t count);
   /// Same as `vexltags::AppendWithSpace`. Nothing calls it.
   static const std::string& AppendWithSpace(std::string& text, std::string_view piece);
 
@@ -87,6 +91,8 @@ class VexlTagsParser : public ParserStateBase {
   bool HasScope() const;
   /// The word of the innermost scope; "class" outside any, where a qualifier counts as a class.
   const char* ScopeWord() const;
+
+  static inline std::int32_t anonCount = 0;
 };
 
 }  // namespace vexltags

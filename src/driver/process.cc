@@ -32,8 +32,11 @@ void LastLineObserver::operator()(const std::string& line) {
 }
 
 Indexer::Indexer(const Options& options, const std::vector<std::string>& paths) : options(options) {
-  if (options.thorough) session.emplace(options, paths);
+  if (options.thorough) session = &ownSession.emplace(options, paths);
 }
+
+Indexer::Indexer(const Options& options, thorough::Session& session)
+    : options(options), session(&session) {}
 
 LanguageReader& Indexer::ReaderOf(const Language& language) {
   for (const auto& [newReader, reader] : readers) {
@@ -43,43 +46,57 @@ LanguageReader& Indexer::ReaderOf(const Language& language) {
   return *readers.back().second;
 }
 
+FileOutcome Indexer::Index(const std::string& path, Dumper& dumper,
+                           const std::function<void(std::string_view text)>& onText) {
+  FileOutcome outcome;
+  outcome.resolved = path.empty() ? "<stdin>" : resolver.Resolve(path);
+  outcome.stored = EscapePath(CanonicalizeHome(outcome.resolved.c_str(), options.cannonicalPaths));
+  outcome.isRead = !path.empty() && source.Read(outcome.resolved);
+  if (!outcome.isRead) return outcome;
+  if (onText) onText(source.Text());
+
+  const Language& language = LanguageOf(path);
+  Reading* const reading =
+      session != nullptr && language.reading ? (session->*language.reading)(path) : nullptr;
+
+  const long long start = microseconds();
+  outcome.counts = ReaderOf(language).Run(options, dumper, outcome.stored, reading);
+  outcome.microseconds = microseconds() - start;
+  outcome.lines = static_cast<std::int32_t>(source.Input()->line);
+  if (reading != nullptr && language.newReader == LanguageOf("").newReader) {
+    outcome.skipped = session->Skipped();
+  }
+  return outcome;
+}
+
 int Indexer::Process(const std::string& path, Dumper& dumper) {
-  const std::string resolved = path.empty() ? "<stdin>" : resolver.Resolve(path);
-  const std::string stored =
-      EscapePath(CanonicalizeHome(resolved.c_str(), options.cannonicalPaths));
+  std::int32_t lastLine = -1;
+  const auto observe = [this, &dumper, &lastLine](std::string_view) {
+    if (options.checkForFilesWithAbortedParse) dumper.SetPrintObserver(LastLineObserver{&lastLine});
+  };
+  const FileOutcome outcome = Index(path, dumper, observe);
   if (path.empty()) {
     std::fputs("reading from stdin not yet implemented\n", stderr);
     return -1;
   }
-  if (!source.Read(resolved)) {
+  if (!outcome.isRead) {
     struct stat status;
-    const bool isThere = stat(resolved.c_str(), &status) == 0;
+    const bool isThere = stat(outcome.resolved.c_str(), &status) == 0;
     std::fprintf(stderr, "failed %s %s %s\n", isThere ? "reading" : "opening", path.c_str(),
-                 resolved.c_str());
+                 outcome.resolved.c_str());
     return -1;
   }
-
-  std::int32_t lastLine = -1;
-  if (options.checkForFilesWithAbortedParse) dumper.SetPrintObserver(LastLineObserver{&lastLine});
-
-  const Language& language = LanguageOf(path);
-  Reading* const reading =
-      session && language.reading ? (*session.*language.reading)(path) : nullptr;
-
-  const long long start = microseconds();
-  const RecognizerCounts counts = ReaderOf(language).Run(options, dumper, stored, reading);
-  const long long end = microseconds();
   if (options.time) {
-    std::printf("Time: %lldus\n", end - start);
+    std::printf("Time: %lldus\n", static_cast<long long>(outcome.microseconds));
     std::fflush(stdout);
   }
-  const auto lastRead = static_cast<std::int32_t>(source.Input()->line);
+  const RecognizerCounts& counts = outcome.counts;
   if ((counts.lexerErrors != 0 || counts.parserErrors != 0) &&
-      options.checkForFilesWithAbortedParse && lastLine < lastRead - 20) {
+      options.checkForFilesWithAbortedParse && lastLine < outcome.lines - 20) {
     std::printf(
         "Parse aborted? Errors encountered while parsing file: %s %d lines, last symbol at line "
         "%d\n",
-        path.c_str(), lastRead, lastLine);
+        path.c_str(), outcome.lines, lastLine);
   }
   return 0;
 }

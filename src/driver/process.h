@@ -3,9 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -29,6 +31,17 @@ struct LastLineObserver {
   void operator()(const std::string& line);
 };
 
+/// What became of one file, apart from its tag lines.
+struct FileOutcome {
+  bool isRead = false;   ///< The file could be opened and read.
+  std::string resolved;  ///< Its absolute path, or the path as given if there is no such file.
+  std::string stored;    ///< The path for the file field.
+  RecognizerCounts counts;
+  std::int32_t lines = 0;  ///< The line at which reading ended, 1-based.
+  std::int64_t microseconds = 0;
+  thorough::SkippedTokens skipped;  ///< With `--thorough`, for the C family.
+};
+
 /// Indexes the files of one run, one after the other. Owns everything that is reused for later
 /// files: the last resolved folder, the buffer, the recognisers of each language.
 class Indexer {
@@ -36,11 +49,18 @@ class Indexer {
   /// `paths` are all files of the run; only `--thorough` uses them. `options` must outlive the
   /// object.
   Indexer(const Options& options, const std::vector<std::string>& paths);
+  /// Reads thoroughly, with a session that must outlive the object.
+  Indexer(const Options& options, thorough::Session& session);
 
   /// Indexes the file at `path` and adds its tag lines to `dumper`. The suffix of `path` as given
   /// selects the language. Returns 0 if the file could be read, whatever the result of the parse.
   /// Otherwise, or if `path` is empty, prints a message to standard error and returns -1.
   int Process(const std::string& path, Dumper& dumper);
+
+  /// Does the same without messages. Calls `onText` with the bytes of the file, good until it
+  /// returns, before they are read as source.
+  FileOutcome Index(const std::string& path, Dumper& dumper,
+                    const std::function<void(std::string_view text)>& onText = nullptr);
 
  private:
   /// Returns the reader of `language`, which is created for its first file.
@@ -51,7 +71,8 @@ class Indexer {
   SourceFile source;
   /// Keyed by constructor. Declared after `source`, since they read its input stream.
   std::vector<std::pair<NewLanguageReader, std::unique_ptr<LanguageReader>>> readers;
-  std::optional<thorough::Session> session;  ///< Only with `--thorough`.
+  std::optional<thorough::Session> ownSession;
+  thorough::Session* session = nullptr;  ///< Only with `--thorough`.
 };
 
 }  // namespace vexltags

@@ -72,6 +72,29 @@ TEST(Indexer, SeparatesTheFilesOfARun) {
             (Names{"open", "in", "C", "f", "out", "C", "f", "open", "in"}));
 }
 
+TEST(Indexer, ReportsOnAFileWithoutMessages) {
+  const testing_support::ScratchFolder scratch;
+  testing_support::WriteFile(scratch.Path("a.c"), "int a;\n)\n) int b;\n");
+  Options options;
+  options.cannonicalPaths = false;
+  thorough::Session session(options, {});
+  Indexer indexer(options, session);
+  Dumper dumper;
+  std::string text;
+  const FileOutcome outcome =
+      indexer.Index(scratch.Path("a.c"), dumper, [&text](std::string_view bytes) { text = bytes; });
+  EXPECT_TRUE(outcome.isRead);
+  EXPECT_EQ(text, "int a;\n)\n) int b;\n");
+  EXPECT_EQ(outcome.stored, scratch.Path("a.c"));
+  EXPECT_EQ(outcome.lines, 4);
+  EXPECT_EQ(outcome.skipped.count, 2U);
+  EXPECT_EQ(outcome.skipped.firstLine, 2U);
+  EXPECT_EQ(dumper.Lines().size(), 2U);
+  testing::internal::CaptureStderr();
+  EXPECT_FALSE(indexer.Index(scratch.Path("missing.c"), dumper).isRead);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST(Indexer, ResumesAfterAStrayTokenOnlyIfThorough) {
   const std::pair<std::string, std::string> c = {"a.c", "int a;\n)\nint b;\n) ) int c;\n"};
   EXPECT_EQ(NamesIn({c}, false), Names{"a"});

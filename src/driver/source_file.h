@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vexltags {
@@ -22,6 +23,9 @@ class SourceFile {
   /// successful `Read`. After a parse, its `line` is 1 plus the number of newlines that the lexer
   /// has read.
   pANTLR3_INPUT_STREAM Input() const { return input.get(); }
+
+  /// Returns the bytes of the file, which a reading can change.
+  std::string_view Text() const { return {static_cast<const char*>(input->data), input->sizeBuf}; }
 
  private:
   struct Close {

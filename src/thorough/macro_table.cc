@@ -208,29 +208,35 @@ std::string_view MacroTable::QuotedPath(std::string_view text, std::size_t at) {
   return text.substr(at + 1, end - at - 1);
 }
 
-bool MacroTable::IsInComment(std::string_view text, std::size_t at) {
+MacroTable::Comment MacroTable::NextComment(std::string_view text, std::size_t from,
+                                            std::size_t before) {
   constexpr std::size_t kLongestLine = 512;
+  for (;;) {
+    const std::size_t open = text.substr(0, before).find("/*", from);
+    if (open == kNone) return {kNone, kNone};
+    // One after `//` is none.
+    const std::size_t line = open > kLongestLine ? open - kLongestLine : 0;
+    const std::string_view ahead = text.substr(line, open - line);
+    const std::size_t newline = ahead.find_last_of("\r\n");
+    if (ahead.find("//", newline == kNone ? 0 : newline) == kNone) {
+      const std::size_t close = text.find("*/", open + 2);
+      return {open, close == kNone ? kNone : close + 2};
+    }
+    from = open + 2;
+  }
+}
+
+bool MacroTable::IsInComment(std::string_view text, std::size_t at) {
   while (pastComment <= at) {
-    const std::size_t open = text.substr(0, at).find("/*", pastComment);
-    if (open == kNone) {
+    const Comment comment = NextComment(text, pastComment, at);
+    if (comment.open == kNone) {
       // The last character may begin a comment.
       pastComment = std::max(pastComment, at > 0 ? at - 1 : 0);
       return false;
     }
-    // One after `//` is none.
-    const std::size_t from = open > kLongestLine ? open - kLongestLine : 0;
-    const std::string_view before = text.substr(from, open - from);
-    const std::size_t line = before.find_last_of("\r\n");
-    if (before.find("//", line == kNone ? 0 : line) != kNone) {
-      pastComment = open + 2;
-      continue;
-    }
-    const std::size_t close = text.find("*/", open + 2);
     // One that stays open hides nothing.
-    pastComment = close == kNone ? kNone : close + 2;
-    if (close == kNone) return false;
+    pastComment = comment.past;
   }
-  // In a comment, unless one has stayed open.
   return pastComment != kNone;
 }
 

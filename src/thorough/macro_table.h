@@ -29,6 +29,13 @@ struct MacroDefinition {
   static constexpr std::uint32_t kNoEnd = UINT32_MAX;
 };
 
+/// Observes every lookup in a `MacroTable`.
+class LookupObserver {
+ public:
+  virtual ~LookupObserver() = default;
+  virtual void OnLookup(std::string_view name, bool isFound) = 0;
+};
+
 /// Learns macros from texts and finds them by name. Ignores bodies that can only be expressions,
 /// and definitions of words of the vocabulary or of the lexer's lists, which nothing overrides.
 class MacroTable {
@@ -44,12 +51,18 @@ class MacroTable {
   template <class Include>
   void Learn(std::string_view text, std::uint32_t file, Include include);
 
+  /// Returns the part of `text` from which `Learn` learns: the directives and where they are. The
+  /// form is known only to `TextOfFacts`.
+  static std::string Facts(std::string_view text);
+  /// Returns a text from which `Learn` learns the same as from the text of which `facts` are.
+  static std::string TextOfFacts(std::string_view facts);
+
   /// Returns the first definition of `name`, which must not be empty; null when there is none. The
   /// pointer is valid until the next call of `Learn`.
   const MacroDefinition* Find(std::string_view name) const {
-    if (!MayHave(name)) return nullptr;
-    const auto found = names.find(name);
-    return found == names.end() ? nullptr : &definitions[found->second.first];
+    const MacroDefinition* const found = MayHave(name) ? FindFirst(name) : nullptr;
+    if (observer != nullptr) observer->OnLookup(name, found != nullptr);
+    return found;
   }
   /// Returns the definition of the same name learned after `definition`; null after the last.
   const MacroDefinition* Next(const MacroDefinition& definition) const {
@@ -66,7 +79,20 @@ class MacroTable {
   /// The number of definitions that are kept.
   std::size_t Count() const { return definitions.size() - 1; }
 
+  /// Calls `take` with each name and its first definition, in no particular order.
+  template <class Take>
+  void ForEach(Take take) const {
+    for (const auto& [name, known] : names) take(name, definitions[known.first]);
+  }
+
+  /// Sets the observer of lookups, which must outlive the table; null, the default, for none.
+  void SetLookupObserver(LookupObserver* newObserver) { observer = newObserver; }
+
  private:
+  const MacroDefinition* FindFirst(std::string_view name) const {
+    const auto found = names.find(name);
+    return found == names.end() ? nullptr : &definitions[found->second.first];
+  }
   /// A cheap test that rules out most words.
   bool MayHave(std::string_view name) const { return filter[FilterPlace(name)]; }
   static std::size_t FilterPlace(std::string_view name) {
@@ -87,6 +113,13 @@ class MacroTable {
   /// True when a block comment of the text that is being learned contains offset `at`. The offsets
   /// of one text must not decrease.
   bool IsInComment(std::string_view text, std::size_t at);
+  /// Where a block comment begins, and one past its end; npos for no comment and for no end.
+  struct Comment {
+    std::size_t open;
+    std::size_t past;
+  };
+  /// The next comment of `text` that opens at or after `from` and before `before`.
+  static Comment NextComment(std::string_view text, std::size_t from, std::size_t before);
   /// One past the logical line at `at`.
   static std::size_t EndOfLine(std::string_view text, std::size_t at);
   static std::string_view QuotedPath(std::string_view text, std::size_t at);
@@ -110,6 +143,7 @@ class MacroTable {
   char* next = nullptr;
   std::size_t room = 0;
   std::size_t pastComment = 0;  ///< One past the last comment that `IsInComment` has met.
+  LookupObserver* observer = nullptr;
 };
 
 template <class Include>

@@ -133,6 +133,25 @@ TEST(MacroTable, ReportsQuotedIncludes) {
   EXPECT_EQ(paths, (std::vector<std::string>{"a/b.h", "c.h"}));
 }
 
+TEST(MacroTable, ReportsLookups) {
+  struct Lookups : LookupObserver {
+    void OnLookup(std::string_view name, bool isFound) override {
+      seen += std::string(name) + (isFound ? "+" : "-");
+    }
+    std::string seen;
+  };
+  MacroTable table;
+  Learn(table, "#define A int\n");
+  Lookups lookups;
+  table.Find("A");
+  table.SetLookupObserver(&lookups);
+  table.Find("A");
+  table.Find("unknown");
+  table.SetLookupObserver(nullptr);
+  table.Find("A");
+  EXPECT_EQ(lookups.seen, "A+unknown-");
+}
+
 TEST(MacroTable, BoundsTheDefinitionsOfOneName) {
   MacroTable table;
   const std::size_t before = table.Count();

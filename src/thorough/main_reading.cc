@@ -8,7 +8,6 @@
 #include "cfamily/main_scanner.h"
 #include "thorough/conditionals.h"
 #include "thorough/declaration_pass.h"
-#include "thorough/resuming.h"
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {
@@ -113,6 +112,6 @@ void MainReading::PrepareTokens(TokenTable& tokens) {
   tokens.Apply(edits);
 }
 
-void MainReading::Parse(ItemParser& parser) { ParseResuming(parser); }
+void MainReading::Parse(ItemParser& parser) { skipped = ParseResuming(parser); }
 
 }  // namespace vexltags::thorough

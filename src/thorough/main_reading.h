@@ -10,6 +10,7 @@
 #include "engine/token_edits.h"
 #include "thorough/condition.h"
 #include "thorough/expander.h"
+#include "thorough/resuming.h"
 
 namespace vexltags::thorough {
 
@@ -29,12 +30,16 @@ class MainReading : public Reading {
   void PrepareTokens(TokenTable& tokens) override;
   void Parse(ItemParser& parser) override;
 
+  /// What the last `Parse` skipped.
+  const SkippedTokens& Skipped() const { return skipped; }
+
  private:
   MacroBodies bodies;
   Expander expander;
   const std::vector<std::string>& paths;
   Dialect dialect = Dialect::Unknown;
   TokenEdits edits;
+  SkippedTokens skipped;
 };
 
 }  // namespace vexltags::thorough

@@ -4,13 +4,16 @@
 
 namespace vexltags::thorough {
 
-void ParseResuming(ItemParser& parser) {
+SkippedTokens ParseResuming(ItemParser& parser) {
+  SkippedTokens skipped;
   TokenTable& tokens = parser.Tokens();
   parser.ReadItems();
   while (tokens.Position() < tokens.Count()) {
+    if (skipped.count++ == 0) skipped.firstLine = tokens.LineAt(tokens.Position());
     tokens.Consume();
     parser.ReadItems();
   }
+  return skipped;
 }
 
 }  // namespace vexltags::thorough

@@ -11,7 +11,10 @@
 #include <cerrno>
 #include <filesystem>
 #include <functional>
+#include <memory>
+#include <set>
 #include <system_error>
+#include <utility>
 
 namespace vexltags::thorough {
 namespace {
@@ -60,20 +63,80 @@ std::string Normal(std::string_view path) {
   return normal;
 }
 
+/// Reads files into a buffer.
+class FileReader {
+ public:
+  std::optional<std::string_view> Read(const std::string& path, bool isIncluded) {
+    const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) return std::nullopt;
+    std::optional<std::string_view> text;
+    struct stat status;
+    if (fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size < kLargestFile) {
+      // By links, a header can be found under any number of paths.
+      const bool isNew = identities.emplace(status.st_dev, status.st_ino).second;
+      if (isNew || !isIncluded) text = ReadText(file, static_cast<std::size_t>(status.st_size));
+    }
+    close(file);
+    return text;
+  }
+
+ private:
+  /// Reads at most `expected` bytes of an open file.
+  std::string_view ReadText(int file, std::size_t expected) {
+    if (expected > room) {
+      buffer = std::make_unique_for_overwrite<char[]>(expected);
+      room = expected;
+    }
+    std::size_t size = 0;
+    while (size < expected) {
+      const ssize_t count = read(file, buffer.get() + size, expected - size);
+      if (count < 0 && errno == EINTR) continue;
+      if (count <= 0) break;
+      size += static_cast<std::size_t>(count);
+    }
+    return {buffer.get(), size};
+  }
+
+  std::set<std::pair<dev_t, ino_t>> identities;  // Of the files that were read.
+  std::unique_ptr<char[]> buffer;
+  std::size_t room = 0;
+};
+
+/// Sets the functions that are missing to those that ask the file system.
+SessionSources Complete(SessionSources sources) {
+  if (!sources.text) {
+    sources.text = [reader = std::make_shared<FileReader>()](const std::string& path,
+                                                             bool isIncluded) {
+      return reader->Read(path, isIncluded);
+    };
+  }
+  if (!sources.isFile) sources.isFile = IsFile;
+  return sources;
+}
+
 }  // namespace
 
-Session::Session(const Options& options, const std::vector<std::string>& paths)
-    : cfamily(macros, files) {
+Session::Session(const Options& options, const std::vector<std::string>& paths,
+                 SessionSources given)
+    : sources(Complete(std::move(given))), cfamily(macros, files) {
   for (const std::string& path : paths) {
     if (IsCFamily(path)) NumberOf(path);
   }
   for (const std::string& path : options.macroPaths) LearnPath(path);
-  const std::size_t given = files.size();
+  const std::size_t count = files.size();
   // The list grows as includes are found.
-  for (std::uint32_t i = 1; i < files.size(); ++i) LearnFile(i, i >= given);
-  buffer = {};
+  for (std::uint32_t i = 1; i < files.size(); ++i) LearnFile(i, i >= count);
+  sources = {};
   searched = {};
-  identities = {};
+}
+
+Session::Session(const std::vector<std::string>& files, SessionSources given)
+    : sources(Complete(std::move(given))), cfamily(macros, this->files) {
+  sources.isFile = [](const std::string&) { return false; };
+  for (const std::string& path : files) NumberOf(path);
+  for (std::uint32_t i = 1; i < this->files.size(); ++i) LearnFile(i, false);
+  sources = {};
+  searched = {};
 }
 
 std::uint32_t Session::NumberOf(const std::string& path) {
@@ -104,34 +167,11 @@ void Session::LearnPath(const std::string& path) {
 }
 
 void Session::LearnFile(std::uint32_t number, bool isIncluded) {
-  const int file = open(files[number].c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  if (file < 0) return;
-  std::string_view text;
-  struct stat status;
-  if (fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_size < kLargestFile) {
-    // By links, a header can be found under any number of paths.
-    const bool isNew = identities.emplace(status.st_dev, status.st_ino).second;
-    if (isNew || !isIncluded) text = ReadText(file, static_cast<std::size_t>(status.st_size));
-  }
-  close(file);
-  const std::string& path = files[number];
+  const std::string path = files[number];
+  const auto text = sources.text(path, isIncluded);
+  if (!text) return;
   const std::string folder = Normal(path.substr(0, path.rfind('/') + 1));
-  macros.Learn(text, number, [&](std::string_view name) { FindInclude(folder, name); });
-}
-
-std::string_view Session::ReadText(int file, std::size_t expected) {
-  if (expected > room) {
-    buffer = std::make_unique_for_overwrite<char[]>(expected);
-    room = expected;
-  }
-  std::size_t size = 0;
-  while (size < expected) {
-    const ssize_t count = read(file, buffer.get() + size, expected - size);
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) break;
-    size += static_cast<std::size_t>(count);
-  }
-  return {buffer.get(), size};
+  macros.Learn(*text, number, [&](std::string_view name) { FindInclude(folder, name); });
 }
 
 void Session::FindInclude(std::string_view includer, std::string_view name) {
@@ -151,7 +191,7 @@ std::uint32_t Session::NumberOfInclude(std::string_view includer, std::string_vi
     AppendParts(name, place);
     const auto [search, isNew] = searched.emplace(std::hash<std::string>()(place), Search{left, 0});
     Search& known = search->second;
-    if (isNew && (numbers.contains(place) || IsFile(place))) {
+    if (isNew && (numbers.contains(place) || sources.isFile(place))) {
       known.found = NumberOfNormal(place, place);
     }
     number = known.found;

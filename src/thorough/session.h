@@ -2,16 +2,14 @@
 // What `--thorough` knows of a whole run, and the reading that it has for each file.
 #pragma once
 
-#include <sys/types.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <set>
+#include <functional>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include "base/options.h"
@@ -22,6 +20,16 @@
 
 namespace vexltags::thorough {
 
+/// How a session reads the file system. The functions replace what it does by itself.
+struct SessionSources {
+  /// Returns the content of the file at the path, or a text from which macros are learned in the
+  /// same way. The view is good until the next call. Nothing if the file cannot be read, or if it
+  /// is only included and has been read under another path.
+  std::function<std::optional<std::string_view>(const std::string& path, bool isIncluded)> text;
+  /// Returns whether there is a regular file at the path.
+  std::function<bool(const std::string& path)> isFile;
+};
+
 /// Gives each file of a run its reading. A reading is good until the next one is asked for and
 /// belongs to the session.
 class Session {
@@ -29,7 +37,19 @@ class Session {
   /// Learns the macros of the run: those of the C-family files among `paths`, which are all inputs
   /// as given, of the headers that they include by `#include "…"` where these can be found, and of
   /// the files and folders of `--macros`. What cannot be read is passed over.
-  Session(const Options& options, const std::vector<std::string>& paths);
+  Session(const Options& options, const std::vector<std::string>& paths,
+          SessionSources sources = {});
+  /// Learns from `files` alone, in their order, and looks for includes only among them. With
+  /// `Files` of another session it learns the same, as long as the texts are the same.
+  Session(const std::vector<std::string>& files, SessionSources sources);
+
+  /// The files from which it learned, in this order.
+  std::span<const std::string> Files() const { return std::span(files).subspan(1); }
+  /// The path of the file of this number in a `MacroDefinition`; empty for the compiler.
+  const std::string& FileAt(std::uint32_t number) const { return files[number]; }
+  MacroTable& Macros() { return macros; }
+  /// What the last reading of a C-family file skipped.
+  const SkippedTokens& Skipped() const { return cfamily.Skipped(); }
 
   /// The readings for the file at `path`, language by language.
   Reading* CFamily(const std::string& path);
@@ -38,11 +58,7 @@ class Session {
 
  private:
   void LearnPath(const std::string& path);
-  /// Learns the macros of a file. One that is only included is passed over where it was learned
-  /// under another path.
   void LearnFile(std::uint32_t number, bool isIncluded);
-  /// Reads an open file, of which `expected` bytes at most. The text is good until the next call.
-  std::string_view ReadText(int file, std::size_t expected);
   /// Looks for `#include "name"` in the folder `includer` and in those that contain it, puts what
   /// it finds into the queue, and notes the include.
   void FindInclude(std::string_view includer, std::string_view name);
@@ -62,11 +78,9 @@ class Session {
   std::vector<std::string> files = {""};  ///< By number; 0 is the compiler.
   std::unordered_map<std::string, std::uint32_t> numbers;
   // While macros are learned.
+  SessionSources sources;
   std::unordered_map<std::size_t, Search> searched;  ///< By the hash of the place.
-  std::set<std::pair<dev_t, ino_t>> identities;      ///< Of the files that were read.
   std::string place;
-  std::unique_ptr<char[]> buffer;
-  std::size_t room = 0;  ///< In `buffer`.
 
   MainReading cfamily;
   PythonReading python;

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+// The part of a text from which a macro table learns.
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "thorough/macro_table.h"
+
+namespace vexltags::thorough {
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+
+void AppendNumber(std::string& facts, std::size_t number) {
+  const auto small = static_cast<std::uint32_t>(number);
+  facts.append(reinterpret_cast<const char*>(&small), sizeof small);
+}
+
+/// Takes a number from the front of `facts`; 0 where there is none.
+std::uint32_t TakeNumber(std::string_view& facts) {
+  std::uint32_t number = 0;
+  if (facts.size() < sizeof number) {
+    facts = {};
+    return 0;
+  }
+  std::memcpy(&number, facts.data(), sizeof number);
+  facts.remove_prefix(sizeof number);
+  return number;
+}
+
+/// Appends parts of a text, in order; what overlaps is appended once.
+class Parts {
+ public:
+  Parts(std::string_view text, std::string& facts) : text(text), facts(facts) {}
+  ~Parts() { Flush(); }
+  Parts(const Parts&) = delete;
+  Parts& operator=(const Parts&) = delete;
+
+  void Add(std::size_t from, std::size_t to) {
+    if (from <= end && begin < end) {
+      end = std::max(end, to);
+      return;
+    }
+    Flush();
+    begin = from;
+    end = to;
+  }
+
+ private:
+  void Flush() {
+    if (begin == end) return;
+    AppendNumber(facts, begin);
+    AppendNumber(facts, end - begin);
+    facts += text.substr(begin, end - begin);
+  }
+
+  std::string_view text;
+  std::string& facts;
+  std::size_t begin = 0, end = 0;
+};
+
+}  // namespace
+
+std::string MacroTable::Facts(std::string_view text) {
+  std::string facts;
+  std::size_t directive = NextDirective(text, 0);
+  if (directive == kNone) return facts;
+  AppendNumber(facts, text.size());
+  Parts parts(text, facts);
+  std::size_t hash = text.rfind('#', directive - 1);
+  std::size_t pastDirective = 0;  // One past the last directive that was added.
+  const auto addDirectives = [&](std::size_t before) {
+    while (hash < before) {
+      pastDirective = EndOfLine(text, directive);
+      parts.Add(hash, pastDirective);
+      directive = NextDirective(text, directive);
+      hash = directive == kNone ? kNone : text.rfind('#', directive - 1);
+    }
+  };
+  // Of comments, only those that hide directives and those that begin in one matter.
+  std::size_t past = 0;
+  while (hash != kNone || past < pastDirective) {
+    const auto [open, close] = NextComment(text, past, text.size());
+    if (open == kNone || close == kNone) break;
+    addDirectives(open);
+    const bool isInDirective = open < pastDirective;
+    const bool hidesDirective = hash < close;
+    if (isInDirective || hidesDirective) parts.Add(open, open + 2);
+    addDirectives(close);
+    if (isInDirective || hidesDirective) parts.Add(close - 2, close);
+    past = close;
+  }
+  addDirectives(kNone);
+  return facts;
+}
+
+std::string MacroTable::TextOfFacts(std::string_view facts) {
+  // Line ends take the place of what is missing, so that what follows begins a line.
+  std::string text(TakeNumber(facts), '\n');
+  while (!facts.empty()) {
+    const std::size_t begin = TakeNumber(facts);
+    const std::size_t size = std::min<std::size_t>(TakeNumber(facts), facts.size());
+    if (begin > text.size() || size > text.size() - begin) break;
+    std::memcpy(text.data() + begin, facts.data(), size);
+    facts.remove_prefix(size);
+  }
+  return text;
+}
+
+}  // namespace vexltags::thorough

@@ -49,6 +49,11 @@ class Dumper {
   /// most once.
   int Dump(const Options& options);
 
+  /// The complete lines in the order of emission, as views that are good until `Dump`.
+  const std::vector<std::string_view>& LinesInOrder() const { return lines.Lines(); }
+  /// The line that is not yet complete.
+  std::string_view Pending() const { return pending; }
+
   /// The complete lines in the order of emission, each with its newline.
   std::vector<std::string> Lines() const { return {lines.Lines().begin(), lines.Lines().end()}; }
 

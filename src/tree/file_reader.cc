@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+// Reads one file after the other, in a worker.
+#include "tree/file_reader.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <unordered_set>
+#include <vector>
+
+#include "cache/content_hash.h"
+#include "cfamily/vexl_tags_parser.h"
+#include "formats/readable_text.h"
+#include "formats/source_lines.h"
+#include "formats/swift_scope_kinds.h"
+#include "formats/tag_record.h"
+#include "portable/swift_scopes.h"
+#include "tree/tag_entry.h"
+
+namespace vexltags::tree {
+namespace {
+
+constexpr std::string_view kAnon = "__anon";
+constexpr std::size_t kMostUnknownWords = 50;
+
+/// True if other numbers in its made-up names could change where the line is cut.
+bool IsNearlyCut(std::string_view line) {
+  std::size_t longest = line.size();
+  for (std::size_t at = line.find(kAnon); at != std::string_view::npos;
+       at = line.find(kAnon, at + 1)) {
+    longest += 10;
+  }
+  return longest != line.size() && longest + 24 > Dumper::kLongestPiece;
+}
+
+/// Cuts long texts, but not within a character.
+std::string_view Shortened(std::string_view text) {
+  if (text.size() <= kMostText) return text;
+  std::size_t length = kMostText;
+  while (length > kMostText - 4 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) {
+    --length;
+  }
+  return text.substr(0, length);
+}
+
+}  // namespace
+
+std::optional<std::string> ReadSource(const std::string& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (file < 0) return std::nullopt;
+  std::optional<std::string> text;
+  struct stat status;
+  if (fstat(file, &status) == 0 && S_ISREG(status.st_mode)) {
+    text.emplace();
+    text->resize(static_cast<std::size_t>(status.st_size));
+    std::size_t size = 0;
+    while (size < text->size()) {
+      const ssize_t count = read(file, text->data() + size, text->size() - size);
+      if (count < 0 && errno == EINTR) continue;
+      if (count < 0) text.reset();
+      if (count <= 0) break;
+      size += static_cast<std::size_t>(count);
+    }
+    if (text) text->resize(size);
+  }
+  close(file);
+  return text;
+}
+
+FileReader::FileReader(thorough::Session* session) : session(session) {
+  options.thorough = session != nullptr;
+  if (session != nullptr) {
+    indexer.emplace(options, *session);
+    session->Macros().SetLookupObserver(&lookups);
+  } else {
+    indexer.emplace(options, std::vector<std::string>());
+  }
+}
+
+FileReader::~FileReader() {
+  if (session != nullptr) session->Macros().SetLookupObserver(nullptr);
+}
+
+FileResult FileReader::Read(const FileJob& job) {
+  FileResult result;
+  FileInfo& info = result.info;
+  lookups.Clear();
+  Dumper dumper;
+  const std::int32_t start = std::max(job.anonStart, 0);
+  VexlTagsParser::SetAnonCount(start);
+  const FileOutcome outcome =
+      indexer->Index(job.path, dumper, [this](std::string_view bytes) { text = bytes; });
+  info.stored = outcome.stored;
+  if (!outcome.isRead) {
+    info.status = FileStatus::kUnreadable;
+    return result;
+  }
+  info.hash = ContentHash(text);
+  info.size = static_cast<std::int64_t>(text.size());
+  info.anonCount = VexlTagsParser::AnonCount() - start;
+  info.lexerErrors = outcome.counts.lexerErrors;
+  info.parserErrors = outcome.counts.parserErrors;
+  info.lines = outcome.lines;
+  info.skipped = outcome.skipped.count;
+  info.firstSkipped = static_cast<std::int32_t>(outcome.skipped.firstLine);
+  info.rest = dumper.Pending();
+  info.tagCount = static_cast<std::uint32_t>(dumper.LinesInOrder().size());
+
+  bool isFixed = info.anonCount > 0 && (job.anonStart >= 0 || text.find(kAnon) != text.npos);
+  const SourceLines lines(text);
+  std::vector<TagRecord> swift;
+  const bool isSwift = IsSwift(job.path);
+  if (isSwift) {
+    for (const std::string_view line : dumper.LinesInOrder()) {
+      TagRecord record;
+      ReadRawTag(line.substr(0, line.size() - 1), record);
+      swift.push_back(record);
+    }
+    AddSwiftScopeKinds(swift);
+  }
+  std::unordered_set<std::string_view> names;
+  std::string joined;
+  std::size_t index = 0;
+  for (const std::string_view whole : dumper.LinesInOrder()) {
+    const std::string_view line = whole.substr(0, whole.size() - 1);
+    TagEntry entry;
+    SplitRawLine(line, info.stored, joined, entry);
+    if (!entry.isWhole) {
+      const std::int32_t number = LineOf(entry.Rest());
+      const SourceLine source = lines.Line(number);
+      entry.text = Shortened(source.text);
+      entry.offset = source.offset;
+      info.lastTag = std::max(info.lastTag, number);
+    }
+    if (isSwift) {
+      // Only a kind that the raw line does not have.
+      TagRecord plain;
+      if (ReadRawTag(line, plain) && plain.scopeKind.empty()) {
+        entry.scopeKind = swift[index].scopeKind;
+      }
+    }
+    ++index;
+    info.hasOddLines |=
+        entry.isWhole || line.find('\n') != line.npos || line.find('\0') != line.npos;
+    info.isUtf8 = info.isUtf8 && Utf8Length(entry.text) == entry.text.size() &&
+                  Utf8Length(entry.line) == entry.line.size();
+    isFixed = isFixed || (info.anonCount > 0 && IsNearlyCut(line));
+    AppendEntry(result.entries, entry);
+    names.insert(line.substr(0, entry.nameLength));
+  }
+  isFixed = isFixed || (info.anonCount > 0 && !info.rest.empty());
+  if (isFixed) info.anonStart = start;
+  result.lookups = lookups.Hashes();
+  std::size_t count = 0;
+  for (const std::string& word : lookups.Unknown()) {
+    if (count == kMostUnknownWords) break;
+    if (names.contains(word)) continue;
+    info.unknownWords += word + '\n';
+    ++count;
+  }
+  return result;
+}
+
+}  // namespace vexltags::tree

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// Reads one file after the other, in a worker.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "base/options.h"
+#include "driver/process.h"
+#include "tree/file_result.h"
+#include "tree/lookups.h"
+
+namespace vexltags::tree {
+
+/// What a file is to be read for.
+struct FileJob {
+  std::string path;
+  /// The number after which made-up names are numbered; -1 to number from 1, if that can be changed
+  /// later.
+  std::int32_t anonStart = -1;
+};
+
+/// Reads files for their tags.
+class FileReader {
+ public:
+  /// `session` must outlive the object; null to read by the grammars alone.
+  explicit FileReader(thorough::Session* session);
+  ~FileReader();
+
+  FileResult Read(const FileJob& job);
+
+ private:
+  Options options;
+  thorough::Session* session;
+  std::optional<Indexer> indexer;
+  Lookups lookups;
+  std::string text;
+};
+
+/// Returns the content of a regular file or of the null device, which is empty; nothing if it
+/// cannot be read.
+std::optional<std::string> ReadSource(const std::string& path);
+
+}  // namespace vexltags::tree

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+// Collects and compares words.
+#include "tree/lookups.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "cache/content_hash.h"
+
+namespace vexltags::tree {
+namespace {
+
+constexpr std::size_t kSmallest = 1024;
+constexpr std::size_t kMostUnknown = 4096;
+
+/// True for words as macros are usually named: capitals, with at least three characters.
+bool LooksLikeMacro(std::string_view name) {
+  if (name.size() < 3) return false;
+  bool hasLetter = false;
+  for (const char c : name) {
+    if (c >= 'a' && c <= 'z') return false;
+    hasLetter |= c >= 'A' && c <= 'Z';
+  }
+  return hasLetter;
+}
+
+}  // namespace
+
+WordHash HashOf(std::string_view word) {
+  const auto hash = static_cast<WordHash>(ContentHash(word));
+  return hash == 0 ? 1 : hash;
+}
+
+void Lookups::Clear() {
+  places.assign(kSmallest, 0);
+  count = 0;
+  unknown.clear();
+}
+
+void Lookups::OnLookup(std::string_view name, bool isFound) {
+  if (!Insert(HashOf(name))) return;
+  if (!isFound && unknown.size() < kMostUnknown && LooksLikeMacro(name)) unknown.emplace_back(name);
+}
+
+bool Lookups::Insert(WordHash hash) {
+  std::size_t at = hash & (places.size() - 1);
+  while (places[at] != 0) {
+    if (places[at] == hash) return false;
+    at = (at + 1) & (places.size() - 1);
+  }
+  places[at] = hash;
+  if (++count * 2 > places.size()) Grow();
+  return true;
+}
+
+void Lookups::Grow() {
+  std::vector<WordHash> former(places.size() * 2);
+  former.swap(places);
+  count = 0;
+  for (const WordHash hash : former) {
+    if (hash != 0) Insert(hash);
+  }
+}
+
+std::string Lookups::Hashes() const {
+  std::vector<WordHash> hashes;
+  hashes.reserve(count);
+  for (const WordHash hash : places) {
+    if (hash != 0) hashes.push_back(hash);
+  }
+  std::sort(hashes.begin(), hashes.end());
+  return {reinterpret_cast<const char*>(hashes.data()), hashes.size() * sizeof(WordHash)};
+}
+
+MacroDigests DigestsOf(thorough::Session& session) {
+  MacroDigests digests;
+  std::string chain;
+  const thorough::MacroTable& macros = session.Macros();
+  macros.ForEach([&](std::string_view name, const thorough::MacroDefinition& first) {
+    chain.clear();
+    for (const auto* i = &first; i != nullptr; i = macros.Next(*i)) {
+      for (const std::string_view part :
+           {std::string_view(session.FileAt(i->file)), i->parameters, i->body}) {
+        chain += part;
+        chain += '\0';
+      }
+      chain += i->isFunction ? 'f' : 'o';
+    }
+    digests.emplace_back(HashOf(name), ContentHash(chain));
+  });
+  std::sort(digests.begin(), digests.end());
+  // Words with the same hash share a digest.
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < digests.size(); ++i) {
+    if (kept > 0 && digests[kept - 1].first == digests[i].first) {
+      digests[kept - 1].second = digests[kept - 1].second * 31 + digests[i].second;
+    } else {
+      digests[kept++] = digests[i];
+    }
+  }
+  digests.resize(kept);
+  return digests;
+}
+
+std::string EncodeDigests(const MacroDigests& digests) {
+  std::string bytes;
+  bytes.reserve(digests.size() * (sizeof(WordHash) + sizeof(std::uint64_t)));
+  for (const auto& [word, digest] : digests) {
+    bytes.append(reinterpret_cast<const char*>(&word), sizeof word);
+    bytes.append(reinterpret_cast<const char*>(&digest), sizeof digest);
+  }
+  return bytes;
+}
+
+MacroDigests DecodeDigests(std::string_view bytes) {
+  constexpr std::size_t kSize = sizeof(WordHash) + sizeof(std::uint64_t);
+  MacroDigests digests(bytes.size() / kSize);
+  for (std::size_t i = 0; i < digests.size(); ++i) {
+    std::memcpy(&digests[i].first, bytes.data() + i * kSize, sizeof(WordHash));
+    std::memcpy(&digests[i].second, bytes.data() + i * kSize + sizeof(WordHash),
+                sizeof(std::uint64_t));
+  }
+  return digests;
+}
+
+std::vector<WordHash> ChangedWords(const MacroDigests& before, const MacroDigests& after) {
+  std::vector<WordHash> words;
+  auto old = before.begin();
+  auto now = after.begin();
+  while (old != before.end() || now != after.end()) {
+    if (now == after.end() || (old != before.end() && old->first < now->first)) {
+      words.push_back((old++)->first);
+    } else if (old == before.end() || now->first < old->first) {
+      words.push_back((now++)->first);
+    } else {
+      if (old->second != now->second) words.push_back(old->first);
+      ++old;
+      ++now;
+    }
+  }
+  return words;
+}
+
+bool LooksUp(std::string_view lookups, const std::vector<WordHash>& words) {
+  std::vector<WordHash> hashes(lookups.size() / sizeof(WordHash));
+  if (!hashes.empty()) std::memcpy(hashes.data(), lookups.data(), hashes.size() * sizeof(WordHash));
+  auto word = words.begin();
+  for (const WordHash hash : hashes) {
+    while (word != words.end() && *word < hash) ++word;
+    if (word == words.end()) return false;
+    if (*word == hash) return true;
+  }
+  return false;
+}
+
+}  // namespace vexltags::tree

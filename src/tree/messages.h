@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// What the main process and its workers tell each other.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "tree/file_reader.h"
+#include "tree/file_result.h"
+
+namespace vexltags::tree {
+
+/// A piece of a stream: two texts with their sizes before them.
+struct Frame {
+  std::string_view head;  ///< CBOR.
+  std::string_view body;  ///< Bytes.
+};
+
+/// Appends a frame to `out`.
+void AppendFrame(std::string& out, std::string_view head, std::string_view body);
+
+/// Takes the frame at the start of `bytes` off it; false if it is not complete.
+bool TakeFrame(std::string_view& bytes, Frame& frame);
+
+/// Returns whether `bytes` cannot be the start of a frame of a sensible size.
+bool IsNoFrame(std::string_view bytes);
+
+/// A file that a worker is to read.
+struct Request {
+  std::uint32_t index = 0;  ///< The main process's number of the file.
+  bool forFacts = false;    ///< Only what can be learned from it is wanted.
+  FileJob job;
+};
+void AppendRequest(std::string& out, const Request& request);
+bool ReadRequest(const Frame& frame, Request& request);
+
+/// The answer to a request.
+struct Answer {
+  std::uint32_t index = 0;
+  bool forFacts = false;
+  FileResult result;
+  std::string facts;
+};
+void AppendAnswer(std::string& out, const Answer& answer);
+bool ReadAnswer(const Frame& frame, Answer& answer);
+
+/// Writes all of `bytes`; false on failure.
+bool WriteAll(int descriptor, std::string_view bytes);
+
+}  // namespace vexltags::tree

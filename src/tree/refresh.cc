@@ -1,0 +1,307 @@
+// SPDX-License-Identifier: MIT
+// The steps of a run, and its listing and reading.
+#include "tree/refresh.h"
+
+#include <limits.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+
+#include "base/version.h"
+#include "cache/content_hash.h"
+#include "tree/worker.h"
+
+namespace vexltags::tree {
+namespace {
+
+/// Changes with the form of what is stored.
+constexpr char kCacheForm[] = "1";
+/// Time stamps of files can be older than the change by this, in nanoseconds.
+constexpr std::int64_t kTimeGrain = 20000000;
+constexpr std::int64_t kCoarseGrain = 2000000000;
+constexpr std::int64_t kSecond = 1000000000;
+/// So few files are looked at without workers.
+constexpr std::size_t kFewFiles = 16;
+
+void Print(const std::string& message) {
+  std::fprintf(stderr, "vexltags-tree: %s\n", message.c_str());
+}
+
+/// The folder of all caches; empty if there is no home.
+std::string CacheFolder() {
+  const char* cache = std::getenv("XDG_CACHE_HOME");
+  if (cache != nullptr && cache[0] == '/') return std::string(cache) + "/vexltags/";
+  const char* home = std::getenv("HOME");
+  if (home == nullptr || home[0] != '/') return {};
+  return std::string(home) + "/.cache/vexltags/";
+}
+
+/// What identifies this program: results of another one are not taken.
+std::string ProgramIdentity() {
+  std::string identity = std::string(kVersion) + kCacheForm;
+  if (const auto stamp = StampOf("/proc/self/exe")) {
+    identity += " " + std::to_string(stamp->size) + " " + std::to_string(stamp->modifiedAt);
+  }
+  return identity;
+}
+
+}  // namespace
+
+int Refresh::Run() {
+  if (options.output != "-") {
+    const std::string why = WhyNotReplaced(options.output);
+    if (!why.empty()) {
+      Print(options.output + " " + why + "; it is left as it is");
+      return kFailed;
+    }
+  }
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    const Outcome outcome = Try();
+    progress.Clear();
+    if (outcome == Outcome::kDone) return kDone;
+    if (outcome == Outcome::kFailed) return kFailed;
+    Print("the cache was damaged and is made anew");
+    cache->RemoveFile();
+    cache.reset();
+    files.clear();
+    rows.clear();
+    rowOf.clear();
+    removedRows.clear();
+    numberOf.clear();
+    cachedFacts.clear();
+    missing.clear();
+    entries.clear();
+    session.reset();
+    isChanged = hasFailures = listChanged = factsChanged = false;
+    counts = {};
+  }
+  return kFailed;
+}
+
+Refresh::Outcome Refresh::Try() {
+  startedAt = std::chrono::duration_cast<std::chrono::nanoseconds>(
+                  std::chrono::system_clock::now().time_since_epoch())
+                  .count();
+  if (!ListFiles()) return Outcome::kFailed;
+  OpenCache();
+  if (IsFresh()) {
+    PrintSummary();
+    return Outcome::kDone;
+  }
+  MatchRows();
+  if (IsDamaged()) return Outcome::kDamagedCache;
+  if (!CheckContents() || !Learn()) return Outcome::kFailed;
+  if (IsDamaged()) return Outcome::kDamagedCache;
+  if (!IndexFiles() || !NumberAnon()) return Outcome::kFailed;
+  if (!TakeInfos()) return Outcome::kDamagedCache;
+  if (!WriteOutput()) return IsDamaged() ? Outcome::kDamagedCache : Outcome::kFailed;
+  PrintProblems();
+  PrintSummary();
+  return Outcome::kDone;
+}
+
+void Refresh::OpenCache() {
+  if (!options.usesCache || lostCache) return;
+  const std::string folder = CacheFolder();
+  if (folder.empty()) return;
+  char cwd[PATH_MAX];
+  const char* home = std::getenv("HOME");
+  const std::string identity = ProgramIdentity() + '\0' + (getcwd(cwd, sizeof cwd) ? cwd : "") +
+                               '\0' + (home == nullptr ? "" : home) + '\0' + options.identity;
+  char name[32];
+  std::snprintf(name, sizeof name, "%016llx.db",
+                static_cast<unsigned long long>(ContentHash(identity)));
+  cache = std::make_unique<ResultCache>();
+  if (!cache->Open(folder + name, identity)) return LoseCache();
+  if (cache->WasDamaged()) Print("the cache was damaged and is made anew");
+}
+
+void Refresh::LoseCache() {
+  progress.Clear();
+  Print("working without a cache: " + (cache ? cache->Message() : std::string("no folder for it")));
+  lostCache = true;
+  cache.reset();
+}
+
+// Listing -----------------------------------------------------------------------------------------
+
+bool Refresh::ListFiles() {
+  SourceList list = ListSources(options.folders, options.sources);
+  for (const std::string& problem : list.problems) Print(problem);
+  for (const std::string& missingOne : list.missing) Print(missingOne);
+  files.reserve(list.sources.size());
+  for (Source& source : list.sources) {
+    TreeFile file;
+    file.path = std::move(source.path);
+    file.stamp = source.stamp;
+    file.learns = !options.isExact && LearnsFrom(file.path);
+    files.push_back(std::move(file));
+  }
+  sourceCount = files.size();
+  counts.files = sourceCount;
+  return list.missing.empty();
+}
+
+void Refresh::MatchRows() {
+  if (cache) rows = cache->Files();
+  for (CachedFile& row : rows) rowOf.emplace(row.path, &row);
+  for (std::uint32_t i = 0; i < files.size(); ++i) {
+    numberOf.emplace(files[i].path, i);
+    MatchRow(files[i]);
+    // It is new, or was not a source before.
+    if (files[i].row.resultHash == 0) listChanged = true;
+  }
+}
+
+void Refresh::MatchRow(TreeFile& file) {
+  // A file that changed just now may change again within one tick of its time stamp.
+  const std::int64_t at = file.stamp.modifiedAt;
+  file.isDoubtful = at > startedAt - (at % kSecond == 0 ? kCoarseGrain : kTimeGrain);
+  const auto known = rowOf.find(file.path);
+  if (known == rowOf.end()) return;
+  file.row = *known->second;
+  const CachedFile& row = file.row;
+  const bool isSame = row.size == file.stamp.size && row.modifiedAt == file.stamp.modifiedAt &&
+                      row.inode == static_cast<std::int64_t>(file.stamp.inode) &&
+                      row.device == static_cast<std::int64_t>(file.stamp.device) && !row.isDoubtful;
+  const bool isWhole = !file.learns || !file.isListed || row.factsHash == row.resultHash;
+  file.hasFacts = isSame && isWhole && file.learns && row.factsHash != 0;
+  file.hasResult = isSame && isWhole && file.isListed && row.resultHash != 0;
+}
+
+std::string Refresh::ListingHash(const std::vector<std::string>& others) const {
+  std::string all;
+  const auto add = [&all](const std::string& path, const FileStamp& stamp) {
+    all += path;
+    all += '\0';
+    all.append(reinterpret_cast<const char*>(&stamp), sizeof stamp);
+  };
+  for (std::size_t i = 0; i < sourceCount; ++i) add(files[i].path, files[i].stamp);
+  for (const std::string& path : others) {
+    const auto stamp = StampOf(path);
+    add(path, stamp ? *stamp : FileStamp());
+  }
+  return std::to_string(ContentHash(all));
+}
+
+// Reading -----------------------------------------------------------------------------------------
+
+bool Refresh::CheckContents() {
+  std::vector<std::uint32_t> numbers;
+  for (std::uint32_t i = 0; i < files.size(); ++i) {
+    const TreeFile& file = files[i];
+    const bool isKnown = file.row.id != 0;
+    if (file.learns ? !file.hasFacts : isKnown && !file.hasResult) numbers.push_back(i);
+  }
+  if (!ReadFiles(numbers, true, "scanning")) return false;
+  for (const std::uint32_t number : numbers) {
+    TreeFile& file = files[number];
+    if (!file.facts) continue;
+    // What is known holds as long as the content is the same, whatever its time.
+    file.hasResult = file.row.id != 0 && file.row.resultHash == file.factsHash;
+    isChanged = true;
+    if (!file.learns) {
+      file.facts.reset();
+      continue;
+    }
+    if (file.row.id != 0 && file.row.factsHash == file.factsHash && file.row.factsHash != 0) {
+      file.hasFacts = true;
+      file.facts.reset();
+    } else if (file.row.id == 0 || file.row.factsHash == 0 || !cache ||
+               cache->Blob(file.row.id, BlobKind::kFacts) != *file.facts) {
+      factsChanged = true;
+    }
+  }
+  return true;
+}
+
+bool Refresh::ReadFiles(const std::vector<std::uint32_t>& numbers, bool forFacts,
+                        const char* verb) {
+  std::int64_t bytes = 0;
+  for (const std::uint32_t number : numbers) bytes += files[number].stamp.size;
+  progress.Begin(verb, numbers.size(), bytes);
+  if (forFacts && numbers.size() <= kFewFiles) {
+    for (const std::uint32_t number : numbers) {
+      Answer answer = ReadFacts(files[number].path);
+      answer.index = number;
+      TakeAnswer(std::move(answer));
+    }
+    return true;
+  }
+  std::vector<PooledRequest> requests;
+  for (const std::uint32_t number : numbers) {
+    PooledRequest request;
+    request.request.index = number;
+    request.request.forFacts = forFacts;
+    request.request.job.path = files[number].path;
+    const InfoHead head = files[number].Head();
+    request.request.job.anonStart = files[number].result ? head.anonStart : -1;
+    request.cost = files[number].stamp.size;
+    requests.push_back(std::move(request));
+  }
+  PoolEvents events;
+  events.onAnswer = [this](Answer&& answer) { TakeAnswer(std::move(answer)); };
+  events.onTick = [this] {
+    progress.Tick();
+    return true;
+  };
+  const bool isDone = RunInWorkers(requests, options.jobs, session ? &*session : nullptr, events);
+  progress.Clear();
+  if (!isDone) Print("no worker process could be started");
+  return isDone;
+}
+
+void Refresh::TakeAnswer(Answer&& answer) {
+  TreeFile& file = files[answer.index];
+  progress.Add(file.stamp.size);
+  if (answer.forFacts) {
+    if (answer.result.info.status != FileStatus::kRead) return;
+    file.facts = std::move(answer.facts);
+    file.factsHash = answer.result.info.hash;
+    return;
+  }
+  file.result = std::move(answer.result);
+}
+
+bool Refresh::IndexFiles() {
+  std::vector<std::uint32_t> numbers;
+  for (std::uint32_t i = 0; i < sourceCount; ++i) {
+    if (!files[i].hasResult) numbers.push_back(i);
+  }
+  counts.filesRead = numbers.size();
+  if (numbers.empty()) return true;
+  isChanged = true;
+  return ReadFiles(numbers, false, "reading");
+}
+
+bool Refresh::NumberAnon() {
+  // Where numbers cannot be changed afterwards, files are read again with the right ones.
+  constexpr int kMostRounds = 3;
+  for (int round = 0; round < kMostRounds; ++round) {
+    std::vector<std::uint32_t> numbers;
+    std::int32_t base = 0;
+    for (std::uint32_t i = 0; i < sourceCount; ++i) {
+      TreeFile& file = files[i];
+      if (!file.IsRead()) continue;
+      const InfoHead head = file.Head();
+      if (head.anonStart >= 0 && head.anonStart != base) {
+        if (!file.result) file.result.emplace();
+        file.result->info.anonStart = base;
+        numbers.push_back(i);
+      }
+      base += head.anonCount;
+    }
+    if (numbers.empty()) return true;
+    isChanged = true;
+    if (!options.isExact && !session) MakeSession(&learnedOrder);
+    if (!ReadFiles(numbers, false, "numbering")) return false;
+  }
+  return true;
+}
+
+}  // namespace vexltags::tree

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// One run of vexltags-tree: brings the tags file up to date.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "cache/result_cache.h"
+#include "thorough/session.h"
+#include "tree/lookups.h"
+#include "tree/output_file.h"
+#include "tree/progress.h"
+#include "tree/tree_file.h"
+#include "tree/tree_options.h"
+#include "tree/worker_pool.h"
+
+namespace vexltags::tree {
+
+/// Exit statuses.
+inline constexpr int kDone = 0;
+inline constexpr int kFailed = 1;
+
+/// What a run did, for the summary.
+struct RefreshCounts {
+  std::size_t files = 0;
+  std::size_t filesRead = 0;
+  std::size_t tags = 0;
+  bool isWritten = false;  ///< False if the tags file was fresh already.
+};
+
+/// One run. The steps are in refresh.cc, refresh_learning.cc and refresh_output.cc.
+class Refresh {
+ public:
+  /// `options` must outlive the object.
+  explicit Refresh(const TreeOptions& options) : options(options), progress(options.isQuiet) {}
+
+  /// Does everything, prints messages and the summary, and returns the exit status.
+  int Run();
+
+ private:
+  enum class Outcome : std::uint8_t { kDone, kFailed, kDamagedCache };
+
+  /// A run up to the end, or to the discovery that the cache is damaged.
+  Outcome Try();
+  void OpenCache();
+  /// Prints why there is no cache, once.
+  void LoseCache();
+  bool IsDamaged() const { return cache && cache->Error() == DatabaseError::kDamaged; }
+
+  // Listing.
+  bool ListFiles();
+  void MatchRows();
+  /// Sets what the cache knows of a file, without its content.
+  void MatchRow(TreeFile& file);
+  bool IsFresh();
+  bool IsOutputFresh() const;
+  /// Counts the changes of what the cache knows of tags.
+  int Revision() const;
+  std::string ListingHash(const std::vector<std::string>& others) const;
+  std::string OutputKey() const;
+
+  // Reading.
+  bool CheckContents();
+  bool ReadFiles(const std::vector<std::uint32_t>& numbers, bool forFacts, const char* verb);
+  void TakeAnswer(Answer&& answer);
+  bool IndexFiles();
+  bool NumberAnon();
+
+  // Learning, see refresh_learning.cc.
+  bool Learn();
+  void LearnAll();
+  void MakeSession(const std::vector<std::string>* order);
+  std::optional<std::string_view> TextToLearn(const std::string& path);
+  bool SurroundingsChanged();
+  bool OthersChanged();
+  std::string MacroListing() const;
+  std::string State(const char* key) const;
+
+  // Output, see refresh_output.cc.
+  bool WriteOutput();
+  bool WriteEverything(OutputFile& file);
+  bool TakeInfos();
+  std::string FieldOf(const TreeFile& file, const FileInfo& info) const;
+  void StoreFiles();
+  void FinishCache(const struct stat& written);
+  void PrintSummary() const;
+  void PrintProblems();
+
+  const TreeOptions& options;
+  Progress progress;
+  std::unique_ptr<ResultCache> cache;
+  bool lostCache = false;
+  bool isChanged = false;       ///< The cache has to be changed.
+  bool hasFailures = false;     ///< Some files could not be read.
+  std::int64_t startedAt = 0;   ///< Nanoseconds since 1970.
+  std::vector<TreeFile> files;  ///< Sources in order, then others.
+  std::size_t sourceCount = 0;
+  std::unordered_map<std::string_view, CachedFile*> rowOf;
+  std::vector<CachedFile> rows;
+  std::vector<std::int64_t> removedRows;
+  bool listChanged = false;
+  bool factsChanged = false;
+
+  std::optional<thorough::Session> session;
+  std::unordered_map<std::string, std::uint32_t> numberOf;  ///< Path to index in `files`.
+  std::unordered_map<std::int64_t, std::string> cachedFacts;
+  std::vector<std::string> missing;  ///< Paths at which an include was looked for in vain.
+  std::string newDigests;            ///< Encoded; empty if they are as in the cache.
+  std::vector<std::string> learnedOrder;
+
+  std::deque<std::string> entries;  ///< Those whose made-up names have been numbered.
+  OutputStyle style;
+  RefreshCounts counts;
+};
+
+}  // namespace vexltags::tree

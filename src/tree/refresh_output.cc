@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+// What a run writes: the tags file, the cache and the summary.
+#include <limits.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "formats/language_names.h"
+#include "portable/portable_path.h"
+#include "tree/refresh.h"
+
+namespace vexltags::tree {
+namespace {
+
+using nlohmann::json;
+
+/// The path of `path` as readers of a tags file in `folder` need it.
+std::string RelativePath(const std::string& path, const std::filesystem::path& folder) {
+  const std::filesystem::path whole = std::filesystem::absolute(path).lexically_normal();
+  const std::filesystem::path relative = whole.lexically_relative(folder);
+  if (!relative.empty() && *relative.begin() != "..") return relative;
+  // Outside the folder, links on the way up make a difference.
+  std::error_code error;
+  const std::filesystem::path real = std::filesystem::canonical(path, error);
+  if (error) return whole;
+  return real.lexically_relative(std::filesystem::canonical(folder, error));
+}
+
+json StampOf(const struct stat& info) {
+  return {info.st_dev, info.st_ino, info.st_size, info.st_mtim.tv_sec, info.st_mtim.tv_nsec};
+}
+
+json StyleOf(const OutputStyle& style) {
+  return {static_cast<int>(style.format), static_cast<int>(style.address), style.sort};
+}
+
+}  // namespace
+
+std::string Refresh::OutputKey() const {
+  std::error_code error;
+  return "output " + std::filesystem::weakly_canonical(options.output, error).string();
+}
+
+bool Refresh::IsFresh() {
+  if (!cache || cache->IsNew() || options.output == "-" || options.wantsReport) return false;
+  const json record = json::parse(State(OutputKey().c_str()), nullptr, false);
+  if (!record.is_object() || record.value("style", json()) != StyleOf(options.style)) return false;
+  struct stat info;
+  if (stat(options.output.c_str(), &info) != 0 || record.value("stamp", json()) != StampOf(info)) {
+    return false;
+  }
+  if (record.value("revision", -1) != Revision() ||
+      record.value("listing", "") != ListingHash(SplitPaths(State("others")))) {
+    return false;
+  }
+  if (!options.isExact && SurroundingsChanged()) return false;
+  counts.tags = record.value("tags", std::size_t{0});
+  return true;
+}
+
+int Refresh::Revision() const { return std::atoi(State("revision").c_str()); }
+
+bool Refresh::IsOutputFresh() const {
+  if (!cache || isChanged || options.output == "-") return false;
+  const json record = json::parse(State(OutputKey().c_str()), nullptr, false);
+  struct stat info;
+  return record.is_object() && record.value("style", json()) == StyleOf(options.style) &&
+         stat(options.output.c_str(), &info) == 0 &&
+         record.value("stamp", json()) == StampOf(info) &&
+         record.value("revision", -1) == Revision();
+}
+
+bool Refresh::TakeInfos() {
+  style = options.style;
+  style.isUtf8 = true;
+  for (std::size_t i = 0; i < sourceCount; ++i) {
+    if (!files[i].IsRead()) {
+      hasFailures = true;
+      continue;
+    }
+    const InfoHead head = files[i].Head();
+    style.isUtf8 = style.isUtf8 && head.isUtf8;
+    counts.tags += head.tagCount;
+  }
+  return true;
+}
+
+std::string Refresh::FieldOf(const TreeFile& file, const FileInfo& info) const {
+  if (style.format == Format::kRaw) return info.stored;
+  static const std::filesystem::path folder = [this] {
+    if (options.output == "-") return std::filesystem::current_path();
+    return std::filesystem::absolute(options.output).lexically_normal().parent_path();
+  }();
+  return RelativePath(file.path, folder);
+}
+
+bool Refresh::WriteEverything(OutputFile& output) {
+  std::unordered_map<std::int64_t, std::string> cached;
+  const bool needsCached = std::any_of(files.begin(), files.end(), [](const TreeFile& file) {
+    return file.isListed && file.hasResult && !file.result;
+  });
+  if (needsCached) {
+    cache->ForEachBlob(BlobKind::kResult, [&cached](std::int64_t id, std::string_view bytes) {
+      cached.emplace(id, bytes);
+    });
+    if (IsDamaged()) return false;
+  }
+  std::vector<TaggedFile> tagged;
+  tagged.reserve(sourceCount);
+  std::int32_t base = 0;
+  for (std::size_t i = 0; i < sourceCount; ++i) {
+    const TreeFile& file = files[i];
+    if (!file.IsRead()) continue;
+    FileInfo decoded;
+    if (!file.result && !DecodeInfo(file.row.info, decoded)) return false;
+    const FileInfo& info = file.result ? file.result->info : decoded;
+    TaggedFile entry;
+    entry.entries = file.result ? file.result->entries : cached[file.row.id];
+    if (info.anonCount > 0 && info.anonStart < 0 && base > 0) {
+      entry.entries = entries.emplace_back(RenumberAnon(entry.entries, base));
+    }
+    base += info.anonCount;
+    entry.field = FieldOf(file, info);
+    entry.language = LanguageName(file.path);
+    entry.rest = info.rest;
+    entry.hasOddLines = info.hasOddLines;
+    if (style.format == Format::kTags && !FitsInLine(entry.field)) {
+      std::fprintf(stderr,
+                   "vexltags-tree: the path of a file has a tab or newline; its tags are "
+                   "left out\n");
+      continue;
+    }
+    tagged.push_back(std::move(entry));
+  }
+  return WriteAllTags(tagged, style, options.jobs,
+                      [&output](std::string_view bytes) { return output.Write(bytes); });
+}
+
+bool Refresh::WriteOutput() {
+  OutputFile output;
+  counts.isWritten = !IsOutputFresh();
+  if (counts.isWritten) {
+    const bool isOpen = output.Open(options.output);
+    if (!isOpen || !WriteEverything(output) || IsDamaged() || !output.Commit()) {
+      if (IsDamaged()) return false;
+      progress.Clear();
+      std::fprintf(stderr, "vexltags-tree: error %s %s\n", isOpen ? "writing" : "creating",
+                   options.output == "-" ? "<stdout>" : options.output.c_str());
+      return false;
+    }
+  }
+  FinishCache(output.Status());
+  return true;
+}
+
+void Refresh::StoreFiles() {
+  for (const std::int64_t id : removedRows) cache->Remove(id);
+  for (TreeFile& file : files) {
+    const bool hasNewResult = file.result && file.result->info.status == FileStatus::kRead;
+    const bool isStored = file.row.id != 0;
+    CachedFile row;
+    row.id = file.row.id;
+    row.path = file.path;
+    row.device = static_cast<std::int64_t>(file.stamp.device);
+    row.inode = static_cast<std::int64_t>(file.stamp.inode);
+    row.size = file.stamp.size;
+    row.modifiedAt = file.stamp.modifiedAt;
+    row.isDoubtful = file.isDoubtful;
+    row.factsHash = file.facts ? file.factsHash : file.hasFacts ? file.row.factsHash : 0;
+    row.resultHash = hasNewResult                     ? file.result->info.hash
+                     : file.hasResult && !file.result ? file.row.resultHash
+                                                      : 0;
+    row.info = hasNewResult ? EncodeInfo(file.result->info) : file.row.info;
+    // A file that could not be read is new next time.
+    if (row.resultHash == 0 && (file.isListed || row.factsHash == 0)) {
+      if (isStored) cache->Remove(row.id);
+      continue;
+    }
+    if (!hasNewResult && !file.facts && isStored && row.size == file.row.size &&
+        row.modifiedAt == file.row.modifiedAt && row.inode == file.row.inode &&
+        row.device == file.row.device && row.isDoubtful == file.row.isDoubtful &&
+        row.factsHash == file.row.factsHash && row.resultHash == file.row.resultHash) {
+      continue;
+    }
+    cache->Put(row);
+    if (file.facts) cache->PutBlob(row.id, BlobKind::kFacts, *file.facts);
+    if (!hasNewResult) continue;
+    cache->PutBlob(row.id, BlobKind::kResult, file.result->entries);
+    cache->PutBlob(row.id, BlobKind::kLookups, file.result->lookups);
+  }
+}
+
+void Refresh::FinishCache(const struct stat& written) {
+  if (!cache) return;
+  if (!isChanged && !counts.isWritten) return;
+  if (!cache->Begin()) {
+    // Another run has stored its results meanwhile, which are as good.
+    if (cache->Error() != DatabaseError::kNone && !IsDamaged()) LoseCache();
+    return;
+  }
+  const int revision = Revision() + (isChanged ? 1 : 0);
+  StoreFiles();
+  if (isChanged) {
+    cache->PutState("revision", std::to_string(revision));
+    cache->PutState("learned", JoinPaths(learnedOrder));
+    cache->PutState("missing", JoinPaths(missing));
+    cache->PutState("macro listing", MacroListing());
+    std::vector<std::string> others;
+    for (std::size_t i = sourceCount; i < files.size(); ++i) others.push_back(files[i].path);
+    cache->PutState("others", JoinPaths(others));
+    if (!newDigests.empty()) cache->PutState("digests", newDigests);
+  }
+  if (options.output != "-") {
+    const bool isDoubtful =
+        hasFailures || std::any_of(files.begin(), files.end(),
+                                   [](const TreeFile& file) { return file.isDoubtful; });
+    struct stat info = written;
+    if (!counts.isWritten) stat(options.output.c_str(), &info);
+    const json record = {{"style", StyleOf(options.style)},
+                         {"stamp", StampOf(info)},
+                         {"revision", revision},
+                         {"listing", isDoubtful ? "" : ListingHash(SplitPaths(State("others")))},
+                         {"tags", counts.tags}};
+    cache->PutState(OutputKey(), record.dump());
+  }
+  if (!cache->Commit()) LoseCache();
+}
+
+void Refresh::PrintSummary() const {
+  if (options.isQuiet) return;
+  std::fprintf(stderr, "vexltags-tree: %s: %zu tags of %zu files, %zu read%s\n",
+               options.output == "-" ? "<stdout>" : options.output.c_str(), counts.tags,
+               counts.files, counts.filesRead, counts.isWritten ? "" : ", up to date");
+}
+
+void Refresh::PrintProblems() {
+  for (std::size_t i = 0; i < sourceCount; ++i) {
+    const TreeFile& file = files[i];
+    if (!file.result || file.result->info.status == FileStatus::kRead) continue;
+    std::fprintf(stderr, "vexltags-tree: %s: %s\n", file.path.c_str(),
+                 file.result->info.status == FileStatus::kDied
+                     ? "the worker that read it died; it has no tags"
+                     : "cannot be read");
+  }
+}
+
+}  // namespace vexltags::tree

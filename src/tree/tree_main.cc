@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// The command line of vexltags-tree.
+#include <csignal>
+#include <cstdio>
+#include <optional>
+
+#include "engine/stack_guard.h"
+#include "tree/refresh.h"
+#include "tree/tree_options.h"
+
+namespace vexltags::tree {
+namespace {
+
+int List(const TreeOptions& options) {
+  const SourceList list = ListSources(options.folders, options.sources);
+  for (const std::string& problem : list.problems) {
+    std::fprintf(stderr, "vexltags-tree: %s\n", problem.c_str());
+  }
+  for (const std::string& missing : list.missing) {
+    std::fprintf(stderr, "vexltags-tree: %s\n", missing.c_str());
+  }
+  for (const Source& source : list.sources) std::puts(source.path.c_str());
+  return list.missing.empty() && std::fflush(stdout) == 0 ? kDone : kFailed;
+}
+
+int Main(int argc, const char* const* argv) {
+  // Failed writes then return errors.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  int status = kDone;
+  const std::optional<TreeOptions> options = ParseTreeOptions(argc, argv, status);
+  if (!options) return status;
+  if (options->listsOnly) return List(*options);
+  return Refresh(*options).Run();
+}
+
+}  // namespace
+}  // namespace vexltags::tree
+
+int main(int argc, char** argv) {
+  return vexltags::RunOnLargeStack([argc, argv] { return vexltags::tree::Main(argc, argv); });
+}

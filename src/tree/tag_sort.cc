@@ -51,6 +51,16 @@ std::uint64_t EightBytes(std::string_view text, std::size_t from, TagOrder order
   return Mapped(bytes, order);
 }
 
+/// Compares texts as they are with `end` after them.
+int CompareEnded(std::string_view a, std::string_view b, char end) {
+  const std::size_t common = std::min(a.size(), b.size());
+  const int order = a.substr(0, common).compare(b.substr(0, common));
+  if (order != 0 || a.size() == b.size()) return order;
+  const bool isLonger = a.size() > b.size();
+  const auto next = static_cast<unsigned char>(isLonger ? a[common] : b[common]);
+  return (next > static_cast<unsigned char>(end)) == isLonger ? 1 : -1;
+}
+
 class Sorter {
  public:
   Sorter(std::span<const TaggedFile> files, TagOrder order, TieOrder ties)
@@ -106,7 +116,7 @@ class Sorter {
       const std::int32_t yLine = LineOf(y.Rest());
       if (xLine != yLine) return xLine < yLine;
     }
-    const int rest = x.Rest().compare(y.Rest());
+    const int rest = CompareEnded(x.Rest(), y.Rest(), '\n');
     return rest != 0 ? rest < 0 : a.at < b.at;
   }
 
@@ -142,14 +152,7 @@ void RankFiles(std::span<TaggedFile> files) {
   std::vector<std::uint32_t> numbers(files.size());
   std::iota(numbers.begin(), numbers.end(), 0);
   const auto less = [files](std::uint32_t a, std::uint32_t b) {
-    const std::string_view x = files[a].field;
-    const std::string_view y = files[b].field;
-    const std::size_t common = std::min(x.size(), y.size());
-    const int order = x.substr(0, common).compare(y.substr(0, common));
-    if (order != 0) return order < 0;
-    if (x.size() == y.size()) return false;
-    return x.size() < y.size() ? static_cast<unsigned char>(y[common]) > '\t'
-                               : static_cast<unsigned char>(x[common]) < '\t';
+    return CompareEnded(files[a].field, files[b].field, '\t') < 0;
   };
   std::sort(numbers.begin(), numbers.end(), less);
   std::uint32_t rank = 0;
@@ -160,21 +163,17 @@ void RankFiles(std::span<TaggedFile> files) {
 }
 
 int CompareNames(std::string_view a, std::string_view b, TagOrder order) {
-  const std::size_t common = std::min(a.size(), b.size());
   if (order == TagOrder::kFoldDown || order == TagOrder::kFoldUp) {
+    const std::size_t common = std::min(a.size(), b.size());
     for (std::size_t i = 0; i < common; ++i) {
       const auto x = static_cast<unsigned char>(Mapped(a[i], order));
       const auto y = static_cast<unsigned char>(Mapped(b[i], order));
       if (x != y) return x < y ? -1 : 1;
     }
-    if (a.size() == b.size()) return a.compare(b);
-  } else if (const int order = a.substr(0, common).compare(b.substr(0, common)); order != 0) {
-    return order;
+    // The tab after the shorter name takes part before case decides.
+    if (a.size() != b.size()) return CompareEnded(a.substr(common), b.substr(common), '\t');
   }
-  // The tab after the shorter name takes part.
-  if (a.size() == b.size()) return 0;
-  if (a.size() < b.size()) return static_cast<unsigned char>(b[common]) > '\t' ? -1 : 1;
-  return static_cast<unsigned char>(a[common]) > '\t' ? 1 : -1;
+  return CompareEnded(a, b, '\t');
 }
 
 std::vector<TagPlace> SortTags(std::span<const TaggedFile> files, TagOrder order, TieOrder ties,

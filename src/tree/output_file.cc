@@ -20,7 +20,7 @@ constexpr mode_t kNewMode = 0666;
 
 bool IsTagsFile(std::string_view start) {
   if (start.starts_with("!_TAG_") || start.starts_with("\f\n") ||
-      start.starts_with("{\"_type\": \"")) {
+      start.starts_with("{\"_type\":")) {
     return true;
   }
   const std::string_view line = start.substr(0, start.find('\n'));

@@ -61,7 +61,9 @@ std::size_t Utf8Length(std::string_view text) {
 }
 
 std::string_view ReadableText(std::string_view line) {
-  line = line.substr(0, line.find_first_of(std::string_view("\0\r", 2)));
+  // Two searches for one character are faster than one for a set.
+  line = line.substr(0, line.find('\0'));
+  line = line.substr(0, line.find('\r'));
   return line.substr(0, Utf8Length(line));
 }
 

@@ -8,11 +8,13 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <unordered_set>
 #include <vector>
 
 #include "cache/content_hash.h"
 #include "cfamily/vexl_tags_parser.h"
+#include "driver/command_line.h"
 #include "formats/readable_text.h"
 #include "formats/source_lines.h"
 #include "formats/swift_scope_kinds.h"
@@ -46,6 +48,29 @@ std::string_view Shortened(std::string_view text) {
   return text.substr(0, length);
 }
 
+bool IsAscii(std::string_view text) {
+  std::uint64_t all = 0;
+  std::size_t i = 0;
+  for (std::uint64_t word = 0; i + sizeof word <= text.size(); i += sizeof word) {
+    std::memcpy(&word, text.data() + i, sizeof word);
+    all |= word;
+  }
+  for (; i < text.size(); ++i) all |= static_cast<unsigned char>(text[i]) & 0x80U;
+  return (all & 0x8080808080808080) == 0;
+}
+
+bool IsUtf8(const TagEntry& entry) {
+  return Utf8Length(entry.text) == entry.text.size() &&
+         Utf8Length(entry.name) == entry.name.size() && Utf8Length(entry.rest) == entry.rest.size();
+}
+
+/// The options of `vexltags` without arguments.
+Options DefaultOptions() {
+  CommandLine commandLine;
+  ScanCommandLine({"-"}, commandLine);
+  return commandLine.options;
+}
+
 }  // namespace
 
 std::optional<std::string> ReadSource(const std::string& path) {
@@ -70,7 +95,7 @@ std::optional<std::string> ReadSource(const std::string& path) {
   return text;
 }
 
-FileReader::FileReader(thorough::Session* session) : session(session) {
+FileReader::FileReader(thorough::Session* session) : options(DefaultOptions()), session(session) {
   options.thorough = session != nullptr;
   if (session != nullptr) {
     indexer.emplace(options, *session);
@@ -121,15 +146,14 @@ FileResult FileReader::Read(const FileJob& job) {
     }
     AddSwiftScopeKinds(swift);
   }
-  std::unordered_set<std::string_view> names;
-  std::string joined;
+  const bool isAscii = IsAscii(text);
   std::size_t index = 0;
   for (const std::string_view whole : dumper.LinesInOrder()) {
     const std::string_view line = whole.substr(0, whole.size() - 1);
     TagEntry entry;
-    SplitRawLine(line, info.stored, joined, entry);
+    SplitRawLine(line, info.stored, entry);
     if (!entry.isWhole) {
-      const std::int32_t number = LineOf(entry.Rest());
+      const std::int32_t number = LineOf(entry.rest);
       const SourceLine source = lines.Line(number);
       entry.text = Shortened(source.text);
       entry.offset = source.offset;
@@ -145,23 +169,31 @@ FileResult FileReader::Read(const FileJob& job) {
     ++index;
     info.hasOddLines |=
         entry.isWhole || line.find('\n') != line.npos || line.find('\0') != line.npos;
-    info.isUtf8 = info.isUtf8 && Utf8Length(entry.text) == entry.text.size() &&
-                  Utf8Length(entry.line) == entry.line.size();
+    info.isUtf8 = info.isUtf8 && (isAscii || IsUtf8(entry));
     isFixed = isFixed || (info.anonCount > 0 && IsNearlyCut(line));
     AppendEntry(result.entries, entry);
-    names.insert(line.substr(0, entry.nameLength));
   }
   isFixed = isFixed || (info.anonCount > 0 && !info.rest.empty());
   if (isFixed) info.anonStart = start;
   result.lookups = lookups.Hashes();
+  // Unknown macros can be the reason for what could not be read.
+  if (info.skipped > 0 || info.parserErrors > 0) info.unknownWords = UnknownWords(dumper);
+  return result;
+}
+
+std::string FileReader::UnknownWords(const Dumper& dumper) const {
+  std::unordered_set<std::string_view> names;
+  for (const std::string_view line : dumper.LinesInOrder()) {
+    names.insert(line.substr(0, line.find('\t')));
+  }
+  std::string words;
   std::size_t count = 0;
   for (const std::string& word : lookups.Unknown()) {
-    if (count == kMostUnknownWords) break;
     if (names.contains(word)) continue;
-    info.unknownWords += word + '\n';
-    ++count;
+    words += word + '\n';
+    if (++count == kMostUnknownWords) break;
   }
-  return result;
+  return words;
 }
 
 }  // namespace vexltags::tree

@@ -30,6 +30,8 @@ class FileReader {
   FileResult Read(const FileJob& job);
 
  private:
+  std::string UnknownWords(const Dumper& dumper) const;
+
   Options options;
   thorough::Session* session;
   std::optional<Indexer> indexer;

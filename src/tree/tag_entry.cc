@@ -2,9 +2,6 @@
 // The tags of one file in a compact form, from which every output format can be written.
 #include "tree/tag_entry.h"
 
-#include <algorithm>
-#include <cstdlib>
-
 #include "tree/varint.h"
 
 namespace vexltags::tree {
@@ -33,63 +30,67 @@ std::string Renumbered(std::string_view text, std::int32_t base) {
 
 }  // namespace
 
+// An entry begins with its name and a tab, so that sorting can read it where it is.
 void AppendEntry(std::string& entries, const TagEntry& entry) {
-  AppendVarint(entries, entry.line.size() << 1U | (entry.isWhole ? 1U : 0U));
-  AppendVarint(entries, entry.nameLength);
+  entries += entry.name;
+  entries += '\t';
+  const unsigned flags = (entry.isWhole ? 1U : 0U) | (entry.hasTab ? 0U : 2U);
+  AppendVarint(entries, entry.rest.size() << 2U | flags);
   AppendVarint(entries, entry.text.size());
   AppendVarint(entries, entry.scopeKind.size());
   AppendVarint(entries, entry.offset);
-  entries += entry.line;
+  entries += entry.rest;
   entries += entry.text;
   entries += entry.scopeKind;
 }
 
 bool ReadEntry(std::string_view entries, std::size_t& at, TagEntry& entry) {
-  if (at >= entries.size()) return false;
-  const std::uint64_t lineSize = ReadVarint(entries, at);
-  entry.isWhole = (lineSize & 1U) != 0;
-  entry.nameLength = ReadVarint(entries, at);
+  const std::size_t begin = at;
+  at = entries.find('\t', at);
+  if (at == std::string_view::npos) return false;
+  entry.name = entries.substr(begin, at - begin);
+  ++at;
+  const std::uint64_t restSize = ReadVarint(entries, at);
+  entry.isWhole = (restSize & 1U) != 0;
+  entry.hasTab = (restSize & 2U) == 0;
   const std::uint64_t textSize = ReadVarint(entries, at);
   const std::uint64_t kindSize = ReadVarint(entries, at);
   entry.offset = ReadVarint(entries, at);
-  const std::uint64_t size = (lineSize >> 1U) + textSize + kindSize;
-  if (at > entries.size() || size > entries.size() - at || entry.nameLength > lineSize >> 1U) {
+  const std::uint64_t size = (restSize >> 2U) + textSize + kindSize;
+  if (at > entries.size() || size > entries.size() - at) {
     at = entries.size();
     return false;
   }
-  entry.line = entries.substr(at, lineSize >> 1U);
-  entry.text = entries.substr(at + entry.line.size(), textSize);
-  entry.scopeKind = entries.substr(at + entry.line.size() + textSize, kindSize);
+  entry.rest = entries.substr(at, restSize >> 2U);
+  entry.text = entries.substr(at + entry.rest.size(), textSize);
+  entry.scopeKind = entries.substr(at + entry.rest.size() + textSize, kindSize);
   at += size;
   return true;
 }
 
 void AppendRawLine(std::string& out, const TagEntry& entry, std::string_view stored) {
-  if (entry.isWhole) {
-    out += entry.line;
-  } else {
-    out += entry.Name();
-    out += '\t';
+  out += entry.name;
+  if (entry.hasTab) out += '\t';
+  if (!entry.isWhole) {
     out += stored;
-    out += entry.line.substr(entry.nameLength);
+    out += '\t';
   }
+  out += entry.rest;
   out += '\n';
 }
 
-void SplitRawLine(std::string_view line, std::string_view stored, std::string& joined,
-                  TagEntry& entry) {
-  const std::size_t tab = std::min(line.find('\t'), line.size());
-  const std::size_t after = tab + 1 + stored.size();
-  entry.nameLength = tab;
-  entry.isWhole =
-      after >= line.size() || line.substr(tab + 1, stored.size()) != stored || line[after] != '\t';
-  if (entry.isWhole) {
-    joined = line;
-  } else {
-    joined = line.substr(0, tab);
-    joined += line.substr(after);
-  }
-  entry.line = joined;
+void SplitRawLine(std::string_view line, std::string_view stored, TagEntry& entry) {
+  const std::size_t tab = line.find('\t');
+  entry.hasTab = tab != std::string_view::npos;
+  entry.name = line.substr(0, tab);
+  entry.rest = entry.hasTab ? line.substr(tab + 1) : std::string_view();
+  entry.isWhole = entry.rest.size() <= stored.size() || !entry.rest.starts_with(stored) ||
+                  entry.rest[stored.size()] != '\t';
+  if (!entry.isWhole) entry.rest.remove_prefix(stored.size() + 1);
+}
+
+std::string_view NameWithTab(std::string_view entries, std::size_t at) {
+  return entries.substr(at, entries.find('\t', at) + 1 - at);
 }
 
 std::int32_t LineOf(std::string_view rest) {
@@ -106,16 +107,13 @@ std::string RenumberAnon(std::string_view entries, std::int32_t base) {
   result.reserve(entries.size() + entries.size() / 16);
   TagEntry entry;
   for (std::size_t at = 0; ReadEntry(entries, at, entry);) {
-    if (entry.line.find(kAnon) == std::string_view::npos) {
-      AppendEntry(result, entry);
-      continue;
-    }
-    const std::string name = Renumbered(entry.Name(), base);
-    const std::string line = name + Renumbered(entry.line.substr(entry.nameLength), base);
-    TagEntry renumbered = entry;
-    renumbered.line = line;
-    renumbered.nameLength = name.size();
-    AppendEntry(result, renumbered);
+    const bool hasName = entry.name.find(kAnon) != std::string_view::npos;
+    const bool hasRest = entry.rest.find(kAnon) != std::string_view::npos;
+    const std::string name = hasName ? Renumbered(entry.name, base) : "";
+    const std::string rest = hasRest ? Renumbered(entry.rest, base) : "";
+    if (hasName) entry.name = name;
+    if (hasRest) entry.rest = rest;
+    AppendEntry(result, entry);
   }
   return result;
 }

@@ -10,21 +10,15 @@ namespace vexltags::tree {
 
 /// One tag of a file. The views refer to the text that it was read from.
 struct TagEntry {
-  /// The raw line without its file field and newline: `name<Tab>12;"<Tab>f`.
-  std::string_view line;
-  std::size_t nameLength = 0;
+  std::string_view name;
+  std::string_view rest;  ///< What follows the tab after the file field: `12;"<Tab>f`.
   /// The source line that the tag is on, without its line end; at most `kMostText` bytes.
   std::string_view text;
   std::uint64_t offset = 0;    ///< The byte offset of `text` in the source.
   std::string_view scopeKind;  ///< For Swift, whose raw lines do not have it; otherwise empty.
-  /// The line has another form, and is complete in `line`.
+  /// The raw line has no file field of the usual form: `rest` is all that follows its first tab.
   bool isWhole = false;
-
-  std::string_view Name() const { return line.substr(0, nameLength); }
-  /// What follows the tab after the file field.
-  std::string_view Rest() const {
-    return line.size() > nameLength ? line.substr(nameLength + 1) : std::string_view();
-  }
+  bool hasTab = true;  ///< False if the raw line has no tab at all.
 };
 
 /// More than the longest search pattern, so that a longer line is still seen to be longer.
@@ -40,9 +34,11 @@ bool ReadEntry(std::string_view entries, std::size_t& at, TagEntry& entry);
 void AppendRawLine(std::string& out, const TagEntry& entry, std::string_view stored);
 
 /// Splits `line`, a raw line without its newline, into `entry`, whose other members it leaves
-/// alone. `joined` is overwritten and holds the text that `entry.line` refers to.
-void SplitRawLine(std::string_view line, std::string_view stored, std::string& joined,
-                  TagEntry& entry);
+/// alone.
+void SplitRawLine(std::string_view line, std::string_view stored, TagEntry& entry);
+
+/// The name of the entry at offset `at` with a tab after it.
+std::string_view NameWithTab(std::string_view entries, std::size_t at);
 
 /// The 1-based line of a tag from `rest`, what follows its file field; 0 if there is none.
 std::int32_t LineOf(std::string_view rest);

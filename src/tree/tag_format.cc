@@ -115,9 +115,10 @@ std::string HeaderOf(const OutputStyle& style) {
 
 bool TagFormatter::ReadRecord(const TaggedFile& file, const TagEntry& entry, std::string& text,
                               TagRecord& tag) {
-  text = entry.Name();
-  if (!entry.isWhole) text += "\t-";  // Some file field: the real one is not needed.
-  text += entry.line.substr(entry.nameLength);
+  // Some file field: the real one is not needed.
+  text.clear();
+  AppendRawLine(text, entry, "-");
+  text.pop_back();
   tag.scopeKind = tag.scope = tag.typeref = {};
   if (!ReadRawTag(text, tag)) return false;
   if (!entry.scopeKind.empty()) tag.scopeKind = entry.scopeKind;

@@ -72,13 +72,12 @@ class Sorter {
     ReadEntry(files[place.file].entries, at, entry);
     return entry;
   }
-  /// The name with the tab after it.
-  static std::string_view KeyOf(const TagEntry& entry) {
-    return entry.line.substr(0, entry.nameLength + 1);
+  std::string_view KeyOf(const TagPlace& place) const {
+    return NameWithTab(files[place.file].entries, place.at);
   }
 
   void SetKey(TagPlace& place, std::size_t from) const {
-    place.key = EightBytes(KeyOf(EntryOf(place)), from, order);
+    place.key = EightBytes(KeyOf(place), from, order);
   }
 
   /// Sorts tags whose keys agree up to `from`, a multiple of eight, and are set from there.
@@ -90,7 +89,7 @@ class Sorter {
           std::find_if(run, last, [run](const TagPlace& tag) { return tag.key != run->key; });
       const bool goesOn = end - run > kShortRun && from < kLongestPrefix &&
                           std::all_of(run, end, [this, from](const TagPlace& tag) {
-                            return KeyOf(EntryOf(tag)).size() > from;
+                            return KeyOf(tag).size() > from;
                           });
       if (goesOn) {
         for (TagPlace* tag = run; tag != end; ++tag) SetKey(*tag, from);
@@ -106,17 +105,17 @@ class Sorter {
   bool Less(const TagPlace& a, const TagPlace& b) const {
     const TagEntry x = EntryOf(a);
     const TagEntry y = EntryOf(b);
-    const int names = CompareNames(x.Name(), y.Name(), order);
+    const int names = CompareNames(x.name, y.name, order);
     if (names != 0) return names < 0;
     const std::uint32_t xRank = files[a.file].rank;
     const std::uint32_t yRank = files[b.file].rank;
     if (xRank != yRank) return xRank < yRank;
     if (ties == TieOrder::kLines) {
-      const std::int32_t xLine = LineOf(x.Rest());
-      const std::int32_t yLine = LineOf(y.Rest());
+      const std::int32_t xLine = LineOf(x.rest);
+      const std::int32_t yLine = LineOf(y.rest);
       if (xLine != yLine) return xLine < yLine;
     }
-    const int rest = CompareEnded(x.Rest(), y.Rest(), '\n');
+    const int rest = CompareEnded(x.rest, y.rest, '\n');
     return rest != 0 ? rest < 0 : a.at < b.at;
   }
 

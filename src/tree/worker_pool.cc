@@ -93,7 +93,8 @@ class Pool {
     for (const Worker& other : workers) {
       if (other.socket >= 0) close(other.socket);
     }
-    std::signal(SIGINT, SIG_DFL);
+    // Signals from a terminal are for the main process, whose end is also the worker's.
+    std::signal(SIGINT, SIG_IGN);
     std::signal(SIGTERM, SIG_DFL);
     ServeRequests(socket, socket, session);
     _exit(0);
@@ -148,11 +149,9 @@ class Pool {
   }
 
   void Receive(Worker& worker) {
-    const std::size_t size = worker.received.size();
-    worker.received.resize(size + kReadSize);
-    const ssize_t count = recv(worker.socket, worker.received.data() + size, kReadSize, 0);
-    worker.received.resize(size + (count > 0 ? static_cast<std::size_t>(count) : 0));
+    const ssize_t count = recv(worker.socket, buffer.data(), buffer.size(), 0);
     if (count < 0 && errno == EINTR) return;
+    if (count > 0) worker.received.append(buffer.data(), static_cast<std::size_t>(count));
     std::string_view rest = worker.received;
     bool isSound = !IsNoFrame(rest);
     for (Frame frame; isSound && TakeFrame(rest, frame);) {
@@ -198,6 +197,7 @@ class Pool {
   const PoolEvents& events;
   std::deque<std::uint32_t> queue;
   std::vector<Worker> workers;
+  std::vector<char> buffer = std::vector<char>(kReadSize);
   std::int64_t left = 0;  ///< The cost of what is not answered.
   std::size_t unanswered = 0;
   int failures = 0;

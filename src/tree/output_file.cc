@@ -63,6 +63,10 @@ OutputFile::~OutputFile() {
 }
 
 bool OutputFile::Open(const std::string& path) {
+  if (descriptor > STDERR_FILENO) close(descriptor);
+  if (!temporary.empty()) unlink(temporary.c_str());
+  temporary.clear();
+  buffer.clear();
   isGood = true;
   if (path == "-") {
     descriptor = STDOUT_FILENO;

@@ -101,6 +101,7 @@ Refresh::Outcome Refresh::Try() {
   if (!TakeInfos()) return Outcome::kDamagedCache;
   if (!WriteOutput()) return IsDamaged() ? Outcome::kDamagedCache : Outcome::kFailed;
   PrintProblems();
+  if (options.wantsReport) PrintReport();
   PrintSummary();
   return Outcome::kDone;
 }
@@ -248,11 +249,11 @@ bool Refresh::ReadFiles(const std::vector<std::uint32_t>& numbers, bool forFacts
   events.onAnswer = [this](Answer&& answer) { TakeAnswer(std::move(answer)); };
   events.onTick = [this] {
     progress.Tick();
-    return true;
+    return !goesOn || goesOn();
   };
   const bool isDone = RunInWorkers(requests, options.jobs, session ? &*session : nullptr, events);
   progress.Clear();
-  if (!isDone) Print("no worker process could be started");
+  if (!isDone && (!goesOn || goesOn())) Print("no worker process could be started");
   return isDone;
 }
 

@@ -4,7 +4,10 @@
 
 #include <cstdint>
 #include <deque>
+#include <filesystem>
+#include <functional>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -15,6 +18,7 @@
 #include "tree/lookups.h"
 #include "tree/output_file.h"
 #include "tree/progress.h"
+#include "tree/tags_patch.h"
 #include "tree/tree_file.h"
 #include "tree/tree_options.h"
 #include "tree/worker_pool.h"
@@ -33,11 +37,14 @@ struct RefreshCounts {
   bool isWritten = false;  ///< False if the tags file was fresh already.
 };
 
-/// One run. The steps are in refresh.cc, refresh_learning.cc and refresh_output.cc.
+/// One run. The steps are in refresh.cc, refresh_learning.cc and refresh_output.cc;
+/// the last step is split between them and refresh_patch.cc and refresh_report.cc.
 class Refresh {
  public:
-  /// `options` must outlive the object.
-  explicit Refresh(const TreeOptions& options) : options(options), progress(options.isQuiet) {}
+  /// `options` must outlive the object. The run ends, without a message, when `goesOn` returns
+  /// false.
+  explicit Refresh(const TreeOptions& options, std::function<bool()> goesOn = nullptr)
+      : options(options), goesOn(std::move(goesOn)), progress(options.isQuiet) {}
 
   /// Does everything, prints messages and the summary, and returns the exit status.
   int Run();
@@ -59,6 +66,8 @@ class Refresh {
   void MatchRow(TreeFile& file);
   bool IsFresh();
   bool IsOutputFresh() const;
+  /// What the cache knows of the tags file, if that is as it was left; else null.
+  nlohmann::json OutputRecord() const;
   /// Counts the changes of what the cache knows of tags.
   int Revision() const;
   std::string ListingHash(const std::vector<std::string>& others) const;
@@ -84,14 +93,23 @@ class Refresh {
   // Output, see refresh_output.cc.
   bool WriteOutput();
   bool WriteEverything(OutputFile& file);
+  /// Writes the new tags file from the old one, if few files have changed and nothing else depends
+  /// on them. False if that is not possible; the output then has to be opened again.
+  bool WritePatched(OutputFile& file);
+  bool FindChanges(std::vector<PatchLine>& removed, std::vector<PatchLine>& added);
+  /// The tags of a file for the output, with made-up names numbered from `base`.
+  TaggedFile Tagged(const std::string& path, const FileInfo& info, std::string_view tags,
+                    std::int32_t base);
   bool TakeInfos();
-  std::string FieldOf(const TreeFile& file, const FileInfo& info) const;
+  std::string FieldOf(const std::string& path, const FileInfo& info) const;
   void StoreFiles();
   void FinishCache(const struct stat& written);
   void PrintSummary() const;
   void PrintProblems();
+  void PrintReport();
 
   const TreeOptions& options;
+  std::function<bool()> goesOn;
   Progress progress;
   std::unique_ptr<ResultCache> cache;
   bool lostCache = false;
@@ -115,6 +133,8 @@ class Refresh {
 
   std::deque<std::string> entries;  ///< Those whose made-up names have been numbered.
   OutputStyle style;
+  std::filesystem::path outputFolder;
+  bool isOutputHere = false;  ///< It is the working directory.
   RefreshCounts counts;
 };
 

@@ -38,6 +38,15 @@ json StyleOf(const OutputStyle& style) {
   return {static_cast<int>(style.format), static_cast<int>(style.address), style.sort};
 }
 
+/// True if `record` describes the tags file at `path` as it is, in this style.
+bool Describes(const json& record, const std::string& path, const OutputStyle& style,
+               int revision) {
+  struct stat info;
+  return record.is_object() && record.value("style", json()) == StyleOf(style) &&
+         record.value("revision", -1) == revision && stat(path.c_str(), &info) == 0 &&
+         record.value("stamp", json()) == StampOf(info);
+}
+
 }  // namespace
 
 std::string Refresh::OutputKey() const {
@@ -45,16 +54,16 @@ std::string Refresh::OutputKey() const {
   return "output " + std::filesystem::weakly_canonical(options.output, error).string();
 }
 
+json Refresh::OutputRecord() const {
+  if (!cache || cache->IsNew() || options.output == "-") return {};
+  json record = json::parse(State(OutputKey().c_str()), nullptr, false);
+  return Describes(record, options.output, options.style, Revision()) ? record : json();
+}
+
 bool Refresh::IsFresh() {
-  if (!cache || cache->IsNew() || options.output == "-" || options.wantsReport) return false;
-  const json record = json::parse(State(OutputKey().c_str()), nullptr, false);
-  if (!record.is_object() || record.value("style", json()) != StyleOf(options.style)) return false;
-  struct stat info;
-  if (stat(options.output.c_str(), &info) != 0 || record.value("stamp", json()) != StampOf(info)) {
-    return false;
-  }
-  if (record.value("revision", -1) != Revision() ||
-      record.value("listing", "") != ListingHash(SplitPaths(State("others")))) {
+  if (options.wantsReport) return false;
+  const json record = OutputRecord();
+  if (record.is_null() || record.value("listing", "") != ListingHash(SplitPaths(State("others")))) {
     return false;
   }
   if (!options.isExact && SurroundingsChanged()) return false;
@@ -64,19 +73,15 @@ bool Refresh::IsFresh() {
 
 int Refresh::Revision() const { return std::atoi(State("revision").c_str()); }
 
-bool Refresh::IsOutputFresh() const {
-  if (!cache || isChanged || options.output == "-") return false;
-  const json record = json::parse(State(OutputKey().c_str()), nullptr, false);
-  struct stat info;
-  return record.is_object() && record.value("style", json()) == StyleOf(options.style) &&
-         stat(options.output.c_str(), &info) == 0 &&
-         record.value("stamp", json()) == StampOf(info) &&
-         record.value("revision", -1) == Revision();
-}
+bool Refresh::IsOutputFresh() const { return !isChanged && !OutputRecord().is_null(); }
 
 bool Refresh::TakeInfos() {
   style = options.style;
   style.isUtf8 = true;
+  outputFolder = options.output == "-"
+                     ? std::filesystem::current_path()
+                     : std::filesystem::absolute(options.output).lexically_normal().parent_path();
+  isOutputHere = outputFolder == std::filesystem::current_path();
   for (std::size_t i = 0; i < sourceCount; ++i) {
     if (!files[i].IsRead()) {
       hasFailures = true;
@@ -89,13 +94,26 @@ bool Refresh::TakeInfos() {
   return true;
 }
 
-std::string Refresh::FieldOf(const TreeFile& file, const FileInfo& info) const {
+std::string Refresh::FieldOf(const std::string& path, const FileInfo& info) const {
   if (style.format == Format::kRaw) return info.stored;
-  static const std::filesystem::path folder = [this] {
-    if (options.output == "-") return std::filesystem::current_path();
-    return std::filesystem::absolute(options.output).lexically_normal().parent_path();
-  }();
-  return RelativePath(file.path, folder);
+  const bool isPlain =
+      !path.starts_with('/') && path.find("//") == path.npos && path.find("./") == path.npos;
+  if (isPlain && isOutputHere) return path;
+  return RelativePath(path, outputFolder);
+}
+
+TaggedFile Refresh::Tagged(const std::string& path, const FileInfo& info, std::string_view tags,
+                           std::int32_t base) {
+  TaggedFile file;
+  file.entries = tags;
+  if (info.anonCount > 0 && info.anonStart < 0 && base > 0) {
+    file.entries = entries.emplace_back(RenumberAnon(tags, base));
+  }
+  file.field = FieldOf(path, info);
+  file.language = LanguageName(path);
+  file.rest = info.rest;
+  file.hasOddLines = info.hasOddLines;
+  return file;
 }
 
 bool Refresh::WriteEverything(OutputFile& output) {
@@ -118,16 +136,9 @@ bool Refresh::WriteEverything(OutputFile& output) {
     FileInfo decoded;
     if (!file.result && !DecodeInfo(file.row.info, decoded)) return false;
     const FileInfo& info = file.result ? file.result->info : decoded;
-    TaggedFile entry;
-    entry.entries = file.result ? file.result->entries : cached[file.row.id];
-    if (info.anonCount > 0 && info.anonStart < 0 && base > 0) {
-      entry.entries = entries.emplace_back(RenumberAnon(entry.entries, base));
-    }
+    TaggedFile entry =
+        Tagged(file.path, info, file.result ? file.result->entries : cached[file.row.id], base);
     base += info.anonCount;
-    entry.field = FieldOf(file, info);
-    entry.language = LanguageName(file.path);
-    entry.rest = info.rest;
-    entry.hasOddLines = info.hasOddLines;
     if (style.format == Format::kTags && !FitsInLine(entry.field)) {
       std::fprintf(stderr,
                    "vexltags-tree: the path of a file has a tab or newline; its tags are "
@@ -144,8 +155,13 @@ bool Refresh::WriteOutput() {
   OutputFile output;
   counts.isWritten = !IsOutputFresh();
   if (counts.isWritten) {
-    const bool isOpen = output.Open(options.output);
-    if (!isOpen || !WriteEverything(output) || IsDamaged() || !output.Commit()) {
+    bool isOpen = output.Open(options.output);
+    bool isWritten = isOpen && WritePatched(output);
+    if (isOpen && !isWritten && !IsDamaged()) {
+      isOpen = output.Open(options.output);
+      isWritten = isOpen && WriteEverything(output);
+    }
+    if (!isWritten || IsDamaged() || !output.Commit()) {
       if (IsDamaged()) return false;
       progress.Clear();
       std::fprintf(stderr, "vexltags-tree: error %s %s\n", isOpen ? "writing" : "creating",
@@ -224,6 +240,7 @@ void Refresh::FinishCache(const struct stat& written) {
                          {"stamp", StampOf(info)},
                          {"revision", revision},
                          {"listing", isDoubtful ? "" : ListingHash(SplitPaths(State("others")))},
+                         {"isUtf8", style.isUtf8},
                          {"tags", counts.tags}};
     cache->PutState(OutputKey(), record.dump());
   }

@@ -51,16 +51,6 @@ std::uint64_t EightBytes(std::string_view text, std::size_t from, TagOrder order
   return Mapped(bytes, order);
 }
 
-/// Compares texts as they are with `end` after them.
-int CompareEnded(std::string_view a, std::string_view b, char end) {
-  const std::size_t common = std::min(a.size(), b.size());
-  const int order = a.substr(0, common).compare(b.substr(0, common));
-  if (order != 0 || a.size() == b.size()) return order;
-  const bool isLonger = a.size() > b.size();
-  const auto next = static_cast<unsigned char>(isLonger ? a[common] : b[common]);
-  return (next > static_cast<unsigned char>(end)) == isLonger ? 1 : -1;
-}
-
 class Sorter {
  public:
   Sorter(std::span<const TaggedFile> files, TagOrder order, TieOrder ties)
@@ -146,6 +136,15 @@ void RunInThreads(int threads, const std::function<void(int)>& work) {
 }
 
 }  // namespace
+
+int CompareEnded(std::string_view a, std::string_view b, char end) {
+  const std::size_t common = std::min(a.size(), b.size());
+  const int order = a.substr(0, common).compare(b.substr(0, common));
+  if (order != 0 || a.size() == b.size()) return order;
+  const bool isLonger = a.size() > b.size();
+  const auto next = static_cast<unsigned char>(isLonger ? a[common] : b[common]);
+  return (next > static_cast<unsigned char>(end)) == isLonger ? 1 : -1;
+}
 
 void RankFiles(std::span<TaggedFile> files) {
   std::vector<std::uint32_t> numbers(files.size());

@@ -46,6 +46,9 @@ enum class TieOrder : std::uint8_t { kBytes, kLines };
 std::vector<TagPlace> SortTags(std::span<const TaggedFile> files, TagOrder order, TieOrder ties,
                                int threads);
 
+/// Compares texts as they are with `end` after them; less than, equal to or greater than 0.
+int CompareEnded(std::string_view a, std::string_view b, char end);
+
 /// Compares a name with that of another tag in one of the orders; less than, equal to or greater
 /// than 0.
 int CompareNames(std::string_view a, std::string_view b, TagOrder order);

@@ -7,6 +7,7 @@
 #include "engine/stack_guard.h"
 #include "tree/refresh.h"
 #include "tree/tree_options.h"
+#include "tree/watch.h"
 
 namespace vexltags::tree {
 namespace {
@@ -31,7 +32,7 @@ int Main(int argc, const char* const* argv) {
   const std::optional<TreeOptions> options = ParseTreeOptions(argc, argv, status);
   if (!options) return status;
   if (options->listsOnly) return List(*options);
-  return Refresh(*options).Run();
+  return options->watches ? Watch(*options) : Refresh(*options).Run();
 }
 
 }  // namespace

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+// Writes the tags file from the old one after small changes.
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "tree/refresh.h"
+
+namespace vexltags::tree {
+namespace {
+
+constexpr std::size_t kMostChanges = 64;
+
+/// A file in memory, as long as the object exists.
+class MappedFile {
+ public:
+  explicit MappedFile(const std::string& path) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    struct stat info;
+    if (file >= 0 && fstat(file, &info) == 0 && info.st_size > 0) {
+      size = static_cast<std::size_t>(info.st_size);
+      bytes = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file, 0);
+    }
+    if (file >= 0) close(file);
+  }
+  ~MappedFile() {
+    if (bytes != MAP_FAILED) munmap(bytes, size);
+  }
+  MappedFile(const MappedFile&) = delete;
+  MappedFile& operator=(const MappedFile&) = delete;
+
+  std::string_view Text() const {
+    return bytes == MAP_FAILED ? std::string_view()
+                               : std::string_view(static_cast<const char*>(bytes), size);
+  }
+
+ private:
+  void* bytes = MAP_FAILED;
+  std::size_t size = 0;
+};
+
+}  // namespace
+
+bool Refresh::WritePatched(OutputFile& output) {
+  if (!isChanged || style.format == Format::kJson || OrderOf(style) == TagOrder::kFiles) {
+    return false;
+  }
+  const nlohmann::json record = OutputRecord();
+  if (record.is_null() || record.value("isUtf8", !style.isUtf8) != style.isUtf8) return false;
+  std::vector<PatchLine> removed;
+  std::vector<PatchLine> added;
+  if (!FindChanges(removed, added) || IsDamaged()) return false;
+  const MappedFile old(options.output);
+  return PatchTags(old.Text(), std::move(removed), std::move(added), style,
+                   [&output](std::string_view bytes) { return output.Write(bytes); });
+}
+
+bool Refresh::FindChanges(std::vector<PatchLine>& removed, std::vector<PatchLine>& added) {
+  std::vector<const CachedFile*> before;
+  for (const CachedFile& row : rows) {
+    if (row.resultHash != 0) before.push_back(&row);
+  }
+  const auto byPath = [](const CachedFile* a, const CachedFile* b) { return a->path < b->path; };
+  std::sort(before.begin(), before.end(), byPath);
+  std::int32_t oldBase = 0;
+  std::int32_t newBase = 0;
+  std::size_t changes = 0;
+  auto old = before.begin();
+  const auto remove = [&](const CachedFile& row) {
+    FileInfo info;
+    if (++changes > kMostChanges || !DecodeInfo(row.info, info)) return false;
+    const std::string& tags = entries.emplace_back(cache->Blob(row.id, BlobKind::kResult));
+    const bool isDone =
+        !IsDamaged() && AppendPatchLines(Tagged(row.path, info, tags, oldBase), style, removed);
+    oldBase += info.anonCount;
+    return isDone;
+  };
+  for (std::size_t i = 0; i < sourceCount; ++i) {
+    const TreeFile& file = files[i];
+    for (; old != before.end() && (*old)->path < file.path; ++old) {
+      if (!remove(**old)) return false;
+    }
+    const bool wasThere = old != before.end() && (*old)->path == file.path;
+    const InfoHead head = file.Head();
+    if (file.IsRead() && head.isOdd) return false;
+    if (wasThere && file.hasResult && !file.result) {
+      if (head.anonCount > 0 && oldBase != newBase) return false;
+      oldBase += head.anonCount;
+      newBase += head.anonCount;
+      ++old;
+      continue;
+    }
+    if (wasThere && !remove(**old++)) return false;
+    if (!file.IsRead()) continue;
+    const FileInfo& info = file.result->info;
+    if (++changes > kMostChanges ||
+        !AppendPatchLines(Tagged(file.path, info, file.result->entries, newBase), style, added)) {
+      return false;
+    }
+    newBase += info.anonCount;
+  }
+  for (; old != before.end(); ++old) {
+    if (!remove(**old)) return false;
+  }
+  return true;
+}
+
+}  // namespace vexltags::tree

@@ -20,6 +20,36 @@ bool EndsType(unsigned type) {
          IsBuiltInType(type);
 }
 
+/// The types of words that `Take` only appends, unless they begin a line or follow `)`.
+constexpr ByteTable<bool> MakePlainTypes() {
+  ByteTable<bool> plain{};
+  plain.fill(true);
+  for (const unsigned type : {static_cast<unsigned>(kMainDefine),
+                              static_cast<unsigned>(kMainNsOptionsMacro),
+                              static_cast<unsigned>(kMainLCurly),
+                              static_cast<unsigned>(kMainRCurly),
+                              static_cast<unsigned>(kMainSemicolon),
+                              static_cast<unsigned>(kMainColon),
+                              static_cast<unsigned>(kMainLParen),
+                              static_cast<unsigned>(kMainLSquare),
+                              static_cast<unsigned>(kMainRParen),
+                              static_cast<unsigned>(kMainRSquare),
+                              static_cast<unsigned>(kMainBeginNamespaceStd),
+                              static_cast<unsigned>(kMainEndNamespaceStd),
+                              static_cast<unsigned>(kMainInterface),
+                              static_cast<unsigned>(kMainProtocol),
+                              static_cast<unsigned>(kMainImplementation),
+                              static_cast<unsigned>(kMainEnd),
+                              static_cast<unsigned>(kMainPlus),
+                              static_cast<unsigned>(kMainMinus),
+                              kMainProperty,
+                              kMainSynthesize}) {
+    plain[type] = false;
+  }
+  return plain;
+}
+constexpr ByteTable<bool> kPlainTypes = MakePlainTypes();
+
 }  // namespace
 
 DeclarationPass::DeclarationPass(TokenTable& tokens, TokenEdits& edits, Expander& expander,
@@ -30,7 +60,17 @@ void DeclarationPass::Run() {
   const std::size_t count = tokens.Count();
   while (at < count) {
     const unsigned type = tokens.TypeAt(at);
-    if (type == kMainId && TryMacro()) continue;
+    if (type == kMainId && expander.MayFind(tokens.SourceAt(at)) && TryMacro()) continue;
+    // Most words only lengthen the declaration.
+    const unsigned line = tokens.LineAt(at);
+    const bool isPlain =
+        kPlainTypes[type % kPlainTypes.size()] && madeCurlies == 0 &&
+        (words.empty() || (line == words.back().line && words.back().type != kMainRParen));
+    if (isPlain) {
+      words.push_back({type, tokens.SourceAt(at), line, static_cast<std::int32_t>(at), 1});
+      ++at;
+      continue;
+    }
     const Word word = SourceWord(at++);
     if (type == kMainDefine) {
       const bool isAlone = words.empty();

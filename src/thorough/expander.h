@@ -37,6 +37,8 @@ class Expander {
   /// Sets the text of the file. Without it, no definition of the file ends before another begins.
   void SetText(std::string_view newText) { text = newText; }
 
+  /// False for most names that `Find` would not find, at little cost.
+  bool MayFind(std::string_view name) const { return macros.MayHave(name); }
   /// Returns the definition of `name` that suits this file best, null if there is none. One in this
   /// file comes first; then one with braces or `;`, then an empty one or `__attribute__`, then the
   /// rest. Names with lower-case letters that begin neither with `_` nor with capitals and `_` are

@@ -57,10 +57,16 @@ class MacroTable {
   /// Returns a text from which `Learn` learns the same as from the text of which `facts` are.
   static std::string TextOfFacts(std::string_view facts);
 
+  /// A cheap test that rules out most words, unless lookups are observed. `name` must not be empty.
+  bool MayHave(std::string_view name) const {
+    return observer != nullptr || filter[FilterPlace(name)];
+  }
+
   /// Returns the first definition of `name`, which must not be empty; null when there is none. The
   /// pointer is valid until the next call of `Learn`.
   const MacroDefinition* Find(std::string_view name) const {
-    const MacroDefinition* const found = MayHave(name) ? FindFirst(name) : nullptr;
+    const bool mayBeThere = filter[FilterPlace(name)];
+    const MacroDefinition* const found = mayBeThere ? FindFirst(name) : nullptr;
     if (observer != nullptr) observer->OnLookup(name, found != nullptr);
     return found;
   }
@@ -93,8 +99,6 @@ class MacroTable {
     const auto found = names.find(name);
     return found == names.end() ? nullptr : &definitions[found->second.first];
   }
-  /// A cheap test that rules out most words.
-  bool MayHave(std::string_view name) const { return filter[FilterPlace(name)]; }
   static std::size_t FilterPlace(std::string_view name) {
     const auto at = [&name](std::size_t i) { return static_cast<unsigned char>(name[i]); };
     const std::size_t middle = name.size() / 2;

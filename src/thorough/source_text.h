@@ -83,6 +83,22 @@ class SourceText {
   const Directive& Found() const { return found; }
 
  private:
+  CharacterClass ClassAt(std::size_t place) const {
+    return kCharacterClasses[static_cast<unsigned char>(text[place])];
+  }
+  /// The first character from `from` on that is neither plain nor blank.
+  std::size_t EndOfPlain(std::size_t from) const {
+    const auto bits = [this](std::size_t place) { return static_cast<unsigned>(ClassAt(place)); };
+    constexpr auto kLast = static_cast<unsigned>(CharacterClass::Blank);
+    std::size_t end = from;
+    // Of the two classes only one has a bit, so that four characters need one comparison.
+    while (end + 4 <= text.size() &&
+           (bits(end) | bits(end + 1) | bits(end + 2) | bits(end + 3)) <= kLast) {
+      end += 4;
+    }
+    while (end < text.size() && bits(end) <= kLast) ++end;
+    return end;
+  }
   /// The directive whose `#` is at `begin`.
   Directive ReadDirective(std::size_t begin);
   /// One past the last character of the logical line at `from`, comments taken whole, without its
@@ -109,7 +125,7 @@ class SourceText {
 template <class Take>
 bool SourceText::NextDirective(Take take) {
   while (at < text.size()) {
-    switch (kCharacterClasses[static_cast<unsigned char>(text[at])]) {
+    switch (ClassAt(at)) {
       case CharacterClass::Blank:
         ++at;
         continue;
@@ -142,13 +158,9 @@ bool SourceText::NextDirective(Take take) {
         break;
       case CharacterClass::Plain: {
         const std::size_t begin = at;
-        std::size_t past = at;  // The last character that is not blank, and one more.
-        while (at < text.size()) {
-          const CharacterClass kind = kCharacterClasses[static_cast<unsigned char>(text[at])];
-          if (kind > CharacterClass::Blank) break;
-          ++at;
-          if (kind == CharacterClass::Plain) past = at;
-        }
+        at = EndOfPlain(begin);
+        std::size_t past = at;
+        while (ClassAt(past - 1) == CharacterClass::Blank) --past;
         take(text.substr(begin, past - begin));
         isLineStart = false;
         continue;

@@ -108,7 +108,7 @@ const MacroDefinition* Expander::Find(std::string_view name) const {
   const auto offset =
       reinterpret_cast<std::uintptr_t>(name.data()) - reinterpret_cast<std::uintptr_t>(text.data());
   if (offset < text.size()) position = static_cast<std::uint32_t>(offset);
-  const auto [place, isNew] = choices.emplace(known, Choice{});
+  const auto [place, isNew] = choices.try_emplace(known);
   Choice& choice = place->second;
   if (isNew || position < choice.begin || position >= choice.end) choice = Choose(*known, name);
   return choice.best;

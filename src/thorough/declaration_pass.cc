@@ -200,7 +200,7 @@ void DeclarationPass::TakeStdNamespace(const Word& word) {
   words.push_back(word);
   Flush();
   if (word.type == kMainBeginNamespaceStd) {
-    scopes.push_back({Level::Namespace, {}, 1, true});
+    scopes.push_back({Level::Namespace, {}, 1, false, true});
   } else if (!scopes.empty()) {
     scopes.pop_back();
   }

@@ -33,6 +33,7 @@ class DeclarationPass {
     Level level;
     std::string_view name;
     int closes = 1;            ///< How many scopes its brace closes: two for `namespace a::b`.
+    bool isTypedef = false;    ///< Whether a typedef declares the class.
     bool inNamespace = false;  ///< Whether it or a scope around it is a namespace with a name.
   };
   enum class Curly : std::uint8_t { Namespace, Class, Enum, Variables, Body, Initializer };
@@ -109,9 +110,10 @@ class DeclarationPass {
   int brackets = 0;             ///< Open parentheses and square brackets in it.
   int enumDepth = 0;            ///< Open braces of an enum.
   bool inEnum = false;
-  int madeCurlies = 0;    ///< Open braces of a block that a macro opened ...
-  bool madeBody = false;  ///< ... and whether it is the body of a function.
-  bool unclosed = false;  ///< A block that stays open has been met: there is no other end.
+  bool followsNamedClass = false;  ///< The last `}` closed a class with a name.
+  int madeCurlies = 0;             ///< Open braces of a block that a macro opened ...
+  bool madeBody = false;           ///< ... and whether it is the body of a function.
+  bool unclosed = false;           ///< A block that stays open has been met: there is no other end.
   std::vector<Scope> scopes;
   std::string spaced;
 };

@@ -13,9 +13,10 @@ namespace vexltags::thorough {
 /// Where a declaration is.
 struct DeclarationPlace {
   bool inClass = false;
-  bool inObjc = false;         ///< Between `@interface` and its like and `@end`.
-  bool inNamespace = false;    ///< In a namespace with a name, however deep.
-  std::string_view className;  ///< Of the innermost class; empty outside any.
+  bool inObjc = false;             ///< Between `@interface` and its like and `@end`.
+  bool inNamespace = false;        ///< In a namespace with a name, however deep.
+  bool followsNamedClass = false;  ///< After the `}` of a class that has a name and no typedef.
+  std::string_view className;      ///< Of the innermost class; empty outside any.
   Dialect dialect = Dialect::Unknown;
 };
 

@@ -38,10 +38,10 @@ void ExpectRepairs(DeclarationEnd end, const std::vector<Case>& cases) {
   ExpectRepairs(end, {}, cases);
 }
 
-constexpr DeclarationPlace kInClass{true, false, false, "A", Dialect::Cxx};
-constexpr DeclarationPlace kInObjc{false, true, false, "", Dialect::Unknown};
-constexpr DeclarationPlace kInNamespace{false, false, true, "", Dialect::Cxx};
-constexpr DeclarationPlace kInC{false, false, false, "", Dialect::C};
+constexpr DeclarationPlace kInClass{true, false, false, false, "A", Dialect::Cxx};
+constexpr DeclarationPlace kInObjc{false, true, false, false, "", Dialect::Unknown};
+constexpr DeclarationPlace kInNamespace{false, false, true, false, "", Dialect::Cxx};
+constexpr DeclarationPlace kInC{false, false, false, false, "", Dialect::C};
 
 TEST(DeclarationRepair, LeavesNothingAsItIs) {
   Words none;

@@ -137,13 +137,15 @@ void DeclarationRepairer::RetypeNames() {
     if (type != kMainKw_class && type != kMainKw_new && type != kMainKw_delete &&
         type != kMainKw_template && type != kMainKw_namespace && type != kMainKw_private &&
         type != kMainKw_public && type != kMainKw_virtual && type != kMainKw_typename &&
-        type != kMainKw_readonly) {
+        type != kMainKw_readonly && type != kMainKw_final && type != kMainKw_override) {
       continue;
     }
     const unsigned before = i > 0 ? TypeAt(i - 1) : 0;
     const unsigned after = TypeAt(i + 1);
-    const bool endsName = after == kMainSemicolon || after == kMainComma || after == kMainRParen ||
-                          after == kMainLSquare;
+    const bool endsName =
+        after == kMainSemicolon || after == kMainComma || after == kMainRParen ||
+        after == kMainLSquare ||
+        (after == kMainColon && type != kMainKw_public && type != kMainKw_private);
     const bool followsType = before == kMainId || before == kMainStar || IsBuiltInType(before);
     if (endsName && followsType) Retype(i, kMainId);
   }

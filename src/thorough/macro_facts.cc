@@ -63,6 +63,13 @@ class Parts {
 
 }  // namespace
 
+std::size_t MacroTable::EndOfDirective(std::string_view text, std::size_t at) {
+  if (!text.substr(at).starts_with("define")) return EndOfLine(text, at);
+  std::size_t name = std::min(text.find_first_not_of(" \t", at + 6), text.size());
+  while (name < text.size() && IsWordByte(text[name])) ++name;
+  return EndOfDefinition(text, name);
+}
+
 std::string MacroTable::Facts(std::string_view text) {
   std::string facts;
   std::size_t directive = NextDirective(text, 0);
@@ -73,7 +80,7 @@ std::string MacroTable::Facts(std::string_view text) {
   std::size_t pastDirective = 0;  // One past the last directive that was added.
   const auto addDirectives = [&](std::size_t before) {
     while (hash < before) {
-      pastDirective = EndOfLine(text, directive);
+      pastDirective = EndOfDirective(text, directive);
       parts.Add(hash, pastDirective);
       directive = NextDirective(text, directive);
       hash = directive == kNone ? kNone : text.rfind('#', directive - 1);

@@ -64,6 +64,7 @@ TEST(MacroFacts, TeachTheSameAsTheirText) {
            std::string("#define A\0B int\n", 16) + std::string("#define C a\0b\n", 14),
            std::string("/* a\n#define A int\n*/ b /* c */\n#define B long\n"),
            std::string("#define A int /* a\n#define B long\n b */ c */\n#define C char\n"),
+           std::string("#define A int /* a\n b */ \\\n long /*\n*/ x\n#define B long\n"),
            std::string("# /* a */ define A int\n#define B long /* b\n"),
            std::string("// /* a\n#define A int\n/* */\n#define B long\n"),
            std::string(

@@ -41,7 +41,9 @@ void DeclarationRepairer::RemoveMacrosBefore() {
       const std::size_t past = PastBracket(words, i + 1);
       const unsigned after = TypeAt(past);
       // A macro that makes a type.
-      if (after == kMainStar ||
+      const bool isLastName = after == kMainId && TypeAt(past + 1) == kMainSemicolon &&
+                              LooksLikeMacro(words[i]) && !LooksLikeMacro(words[past]);
+      if (after == kMainStar || isLastName ||
           (after == kMainId && !LooksLikeMacro(words[past]) && !LooksLikeMacro(words[i]))) {
         Erase(i + 1, past);
         break;
@@ -168,6 +170,10 @@ void DeclarationRepairer::RemoveThirdNames(std::size_t from) {
                           : i + 3);
       } else if (LooksLikeMacro(words[i + 1]) && !LooksLikeMacro(words[i])) {
         remove(i + 1, i + 2);
+      } else if (TypeAt(i + 2) == kMainId && words[i + 2].text.starts_with("__") &&
+                 !LooksLikeMacro(words[i]) && !words[i + 1].text.starts_with("__")) {
+        // `type name __attribute`
+        remove(i + 2, TypeAt(i + 3) == kMainLParen ? PastBracket(words, i + 3) : i + 3);
       } else {
         ++i;
       }
@@ -205,6 +211,7 @@ void DeclarationRepairer::RemoveTrailingMacros() {
       }
       // The name after the type `decltype(...)`, or after one that a macro makes.
       if (open == 0 || TypeAt(open - 1) == kMainKw_decltype || open == 1) return;
+      if (open == 2 && TypeAt(0) == kMainKw_typedef) return;
     }
     const bool isExtra = before == kMainRParen || before == kMainRSquare ||
                          (before == kMainId && at >= 3 &&

@@ -208,6 +208,20 @@ std::string_view MacroTable::QuotedPath(std::string_view text, std::size_t at) {
   return text.substr(at + 1, end - at - 1);
 }
 
+std::size_t MacroTable::EndOfDefinition(std::string_view text, std::size_t at) {
+  constexpr int kMostComments = 8;
+  std::size_t end = EndOfLine(text, at);
+  for (int i = 0; i < kMostComments && end - at <= kLongestDefinition; ++i) {
+    const std::string_view rest = text.substr(at, end - at);
+    const std::size_t open = rest.rfind("/*");
+    if (open == kNone || rest.find("*/", open + 2) != kNone || rest.find("//") < open) break;
+    const std::size_t close = text.substr(0, end + kLongestDefinition).find("*/", end);
+    if (close == kNone) break;
+    end = EndOfLine(text, close + 2);
+  }
+  return end;
+}
+
 MacroTable::Comment MacroTable::NextComment(std::string_view text, std::size_t from,
                                             std::size_t before) {
   constexpr std::size_t kLongestLine = 512;
@@ -291,7 +305,7 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
   const std::string_view name = text.substr(nameBegin, at - nameBegin);
 
   conditions.AddDefined(name);
-  const std::size_t end = EndOfLine(text, at);
+  const std::size_t end = EndOfDefinition(text, at);
   std::string_view rest = text.substr(at, end - at);
   if (rest.ends_with('\r')) rest.remove_suffix(1);
   if (rest.size() > kLongestDefinition) return end;

@@ -124,6 +124,11 @@ class MacroTable {
   };
   /// The next comment of `text` that opens at or after `from` and before `before`.
   static Comment NextComment(std::string_view text, std::size_t from, std::size_t before);
+  /// One past the definition whose name ends at `at`: its line, and those into which comments
+  /// reach.
+  static std::size_t EndOfDefinition(std::string_view text, std::size_t at);
+  /// One past the directive whose word is at `at`.
+  static std::size_t EndOfDirective(std::string_view text, std::size_t at);
   /// One past the logical line at `at`.
   static std::size_t EndOfLine(std::string_view text, std::size_t at);
   static std::string_view QuotedPath(std::string_view text, std::size_t at);

@@ -160,6 +160,13 @@ TEST(MacroTable, BoundsTheDefinitionsOfOneName) {
   EXPECT_GT(table.Count() - before, 10U);
 }
 
+TEST(MacroTable, ReadsOnAfterACommentOfSeveralLines) {
+  EXPECT_EQ(Defined("#define A /* a\n b */ int c; /* d\n */ ;\nint e;\n", "A"),
+            "int c; /* d\n */ ;");
+  EXPECT_EQ(Defined("#define A int b; // c /* d\nint e; /* f */\n", "A"), "int b; // c /* d");
+  EXPECT_EQ(Defined("#define A int b; /* c\nint d;\n", "A"), "int b; /* c");
+}
+
 TEST(MacroTable, IgnoresComments) {
   EXPECT_EQ(Defined("/*\n#define A ;\n*/\n", "A"), "none");
   EXPECT_EQ(Defined("/* *//* a\n#define A ;\n */\n", "A"), "none");

@@ -106,7 +106,7 @@ void DeclarationPass::TakeCurly(const Word& word) {
       // The braces themselves would make the variables a block to be skipped.
       hasChanged = true;
       EndDeclaration(DeclarationEnd::ClassBody);
-      scopes.push_back({Level::Variables, {}, 1, InNamespace()});
+      scopes.push_back({Level::Variables, {}, 1, false, InNamespace()});
       return;
     case Curly::Body:
     case Curly::Initializer:
@@ -167,6 +167,7 @@ void DeclarationPass::TakeClose(const Word& word) {
     words.push_back(close);
     hasChanged = true;
   }
+  followsNamedClass = hasTail && !scope.name.empty() && !scope.isTypedef;
   if (!hasTail || word.index < 0) EndDeclaration(DeclarationEnd::Other);
 }
 

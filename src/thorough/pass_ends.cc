@@ -61,6 +61,7 @@ void DeclarationPass::EndDeclaration(DeclarationEnd end) {
     place.inClass = CurrentLevel() == Level::Class || CurrentLevel() == Level::Variables;
     place.inObjc = CurrentLevel() == Level::Objc;
     place.inNamespace = InNamespace();
+    place.followsNamedClass = followsNamedClass;
     place.className = ClassName();
     place.dialect = dialect;
     const unsigned first = words[0].type;
@@ -70,16 +71,18 @@ void DeclarationPass::EndDeclaration(DeclarationEnd end) {
     if (RepairDeclaration(words, end, place)) hasChanged = true;
     if (end == DeclarationEnd::NamespaceBody) {
       const bool isNamed = IsNamedNamespace(words);
-      scopes.push_back({Level::Namespace, {}, SplitNamespace(), place.inNamespace || isNamed});
+      scopes.push_back(
+          {Level::Namespace, {}, SplitNamespace(), false, place.inNamespace || isNamed});
     } else if (opensObjc) {
-      scopes.push_back({Level::Objc, {}, 1, place.inNamespace});
+      scopes.push_back({Level::Objc, {}, 1, false, place.inNamespace});
     } else if (end == DeclarationEnd::ClassBody) {
-      scopes.push_back({Level::Class, NameOfClass(words), 1, place.inNamespace});
+      const bool isTypedef = words[0].type == kMainKw_typedef;
+      scopes.push_back({Level::Class, NameOfClass(words), 1, isTypedef, place.inNamespace});
     }
   } else if (end == DeclarationEnd::ClassBody) {
-    scopes.push_back({Level::Class, {}, 1, InNamespace()});
+    scopes.push_back({Level::Class, {}, 1, false, InNamespace()});
   } else if (end == DeclarationEnd::NamespaceBody) {
-    scopes.push_back({Level::Namespace, {}, 1, InNamespace()});
+    scopes.push_back({Level::Namespace, {}, 1, false, InNamespace()});
   }
   Flush();
 }

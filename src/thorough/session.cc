@@ -189,7 +189,8 @@ std::uint32_t Session::NumberOfInclude(std::string_view includer, std::string_vi
     if (files.size() >= kMostFiles || searched.size() >= kMostPlaces) break;
     place.assign(folder);
     AppendParts(name, place);
-    const auto [search, isNew] = searched.try_emplace(std::hash<std::string>()(place), Search{left, 0});
+    const auto [search, isNew] =
+        searched.try_emplace(std::hash<std::string>()(place), Search{left, 0});
     Search& known = search->second;
     if (isNew && (numbers.contains(place) || sources.isFile(place))) {
       known.found = NumberOfNormal(place, place);

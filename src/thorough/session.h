@@ -35,7 +35,8 @@ struct SessionSources {
 class Session {
  public:
   /// Learns the macros of the run: those of the C-family files among `paths`, which are all inputs
-  /// as given, of the headers that they include by `#include "…"` where these can be found, and of
+  /// as given, of the headers that they include by `#include "…"` or `#import "…"` where these can
+  /// be found, and of
   /// the files and folders of `--macros`. What cannot be read is passed over.
   Session(const Options& options, const std::vector<std::string>& paths,
           SessionSources sources = {});

@@ -35,6 +35,12 @@ DirectiveKind DirectiveKindOf(std::string_view word) {
   return DirectiveKind::Other;
 }
 
+bool SourceText::IsContinued(std::size_t newline) const {
+  const bool hasReturn = newline > 0 && text[newline - 1] == '\r';
+  const std::size_t end = newline - (hasReturn ? 1 : 0);
+  return end > 0 && text[end - 1] == '\\';
+}
+
 std::size_t SourceText::CommentClose(std::size_t from) {
   if (noCommentCloses) return kNone;
   const std::size_t close = text.find("*/", from);
@@ -61,7 +67,7 @@ std::size_t SourceText::EndOfDirective(std::size_t from) {
       at = past;
     } else if (c == '/' && text.substr(at).starts_with("//")) {
       at = std::min(text.find('\n', at), text.size());
-      if (at < text.size() && text[at - 1] == '\\') ++at;
+      if (at < text.size() && IsContinued(at)) ++at;
     } else if (c == '"') {
       at = SkipLiteral(at);
     } else if (text.substr(at).starts_with("'\"'")) {
@@ -94,7 +100,7 @@ std::size_t SourceText::SkipComment(std::size_t from) {
     for (;;) {
       at = text.find('\n', at);
       if (at == kNone) return text.size();
-      if (text[at - 1] != '\\') return at;
+      if (!IsContinued(at)) return at;
       ++at;
     }
   }

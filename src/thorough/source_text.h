@@ -104,6 +104,8 @@ class SourceText {
   /// One past the last character of the logical line at `from`, comments taken whole, without its
   /// line end.
   std::size_t EndOfDirective(std::size_t from);
+  /// True when a backslash takes away the line end at `newline`.
+  bool IsContinued(std::size_t newline) const;
   /// One past the comment at `from`, or `from` if none begins there.
   std::size_t SkipComment(std::size_t from);
   /// One past the string or character literal at `from`, which may be raw.

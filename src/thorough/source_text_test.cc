@@ -95,6 +95,12 @@ TEST(SourceText, ContinuesADirective) {
   EXPECT_EQ(Walk("#if A"), "[#if A]");
 }
 
+TEST(SourceText, ContinuesALineComment) {
+  EXPECT_EQ(Walk("a // b \\\n c\nd"), "ad");
+  EXPECT_EQ(Walk("a // b \\\r\n c\r\nd"), "ad");
+  EXPECT_EQ(Walk("#if A // b \\\r\n c\r\nd"), "[#if A // b \\\r\n c\r]d");
+}
+
 TEST(SourceText, FindsNoCommentInADirectivesString) {
   EXPECT_EQ(Walk("#define A \"/*\"\nc /* */"), "[#define A \"/*\"]c");
   EXPECT_EQ(Walk("#define A \"\\\"/*\"\nc /* */"), "[#define A \"\\\"/*\"]c");

@@ -11,8 +11,17 @@ namespace vexltags::thorough {
 void DeclarationRepairer::RepairTail() {
   CutInitializer(1);
   RemoveLeadingScopes();
-  // A macro with arguments.
-  while (TypeAt(1) == kMainId && TypeAt(2) == kMainLParen) Erase(1, PastBracket(words, 2));
+  // Macros with arguments, and attributes of a class that has a name.
+  for (std::size_t i = 1; TypeAt(i) == kMainId;) {
+    const bool isCall = TypeAt(i + 1) == kMainLParen;
+    const bool isAttribute = place.followsNamedClass && place.dialect != Dialect::Cxx &&
+                             words[i].text.starts_with("__") && TypeAt(i + 1) != kMainAssign;
+    if (isCall || isAttribute) {
+      Erase(i, isCall ? PastBracket(words, i + 1) : i + 1);
+    } else {
+      ++i;
+    }
+  }
   // `} __attribute__((...)) const name;`
   while (TypeAt(1) == kMainKw_const || TypeAt(1) == kMainKw_volatile ||
          TypeAt(1) == kMainKw_static || TypeAt(1) == kMainKw_inline ||
@@ -20,7 +29,7 @@ void DeclarationRepairer::RepairTail() {
     Erase(1, 2);
   }
   // Words that look like macros between the brace and the first name.
-  while (words.size() > 3 && LooksLikeMacro(words[1]) &&
+  while (words.size() > 3 && (LooksLikeMacro(words[1]) || words[1].text.starts_with("__")) &&
          (TypeAt(2) == kMainId || TypeAt(2) == kMainStar)) {
     Erase(1, 2);
   }
@@ -78,7 +87,10 @@ void DeclarationRepairer::RepairVariable(const Outline& outline) {
       Erase(i, i + 1);
       --past;
     }
-    if (TypeAt(past) == kMainLParen) past = PastBracket(words, past);
+    if (TypeAt(past) == kMainLParen) {
+      Erase(past + 1, PastBracket(words, past) - 1);
+      past += 2;
+    }
     while (IsQualifier(TypeAt(past)) || TypeAt(past) == kMainKw_noexcept) Erase(past, past + 1);
   }
   // `int A::* name`
@@ -139,6 +151,8 @@ void DeclarationRepairer::RepairTypedef(const Outline& outline) {
     // The last name in the parentheses.
     name = PastBracket(words, outline.pointer) - 1;
     while (name > outline.pointer && TypeAt(name) != kMainId) --name;
+  } else if (outline.params == 2 && TypeAt(outline.pastParams) == kMainId) {
+    name = outline.pastParams;  // `typedef MACRO(arguments) name;`
   } else if (outline.params != kNoWord) {
     name = outline.params - 1;
     if (TypeAt(name) == kMainRParen) --name;

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/character_class.h"
 #include "thorough/macro_table.h"
 
 namespace vexltags::thorough {
@@ -28,6 +29,21 @@ std::uint32_t TakeNumber(std::string_view& facts) {
   std::memcpy(&number, facts.data(), sizeof number);
   facts.remove_prefix(sizeof number);
   return number;
+}
+
+/// A part of a text, and its offset there.
+struct Part {
+  std::size_t begin;
+  std::string_view text;
+};
+
+/// Takes a part from the front of `facts`.
+Part TakePart(std::string_view& facts) {
+  const std::size_t begin = TakeNumber(facts);
+  const std::size_t size = std::min<std::size_t>(TakeNumber(facts), facts.size());
+  const Part part = {begin, facts.substr(0, size)};
+  facts.remove_prefix(size);
+  return part;
 }
 
 /// Appends parts of a text, in order; what overlaps is appended once.
@@ -66,7 +82,7 @@ class Parts {
 std::size_t MacroTable::EndOfDirective(std::string_view text, std::size_t at) {
   if (!text.substr(at).starts_with("define")) return EndOfLine(text, at);
   std::size_t name = std::min(text.find_first_not_of(" \t", at + 6), text.size());
-  while (name < text.size() && IsWordByte(text[name])) ++name;
+  while (name < text.size() && kLettersAndDigits[static_cast<unsigned char>(text[name])]) ++name;
   return EndOfDefinition(text, name);
 }
 
@@ -107,13 +123,20 @@ std::string MacroTable::TextOfFacts(std::string_view facts) {
   // Line ends take the place of what is missing, so that what follows begins a line.
   std::string text(TakeNumber(facts), '\n');
   while (!facts.empty()) {
-    const std::size_t begin = TakeNumber(facts);
-    const std::size_t size = std::min<std::size_t>(TakeNumber(facts), facts.size());
-    if (begin > text.size() || size > text.size() - begin) break;
-    std::memcpy(text.data() + begin, facts.data(), size);
-    facts.remove_prefix(size);
+    const Part part = TakePart(facts);
+    if (part.begin > text.size() || part.text.size() > text.size() - part.begin) break;
+    std::memcpy(text.data() + part.begin, part.text.data(), part.text.size());
   }
   return text;
+}
+
+bool MacroTable::HaveSameDirectives(std::string_view facts, std::string_view others) {
+  TakeNumber(facts);
+  TakeNumber(others);
+  while (!facts.empty() && !others.empty()) {
+    if (TakePart(facts).text != TakePart(others).text) return false;
+  }
+  return facts.empty() && others.empty();
 }
 
 }  // namespace vexltags::thorough

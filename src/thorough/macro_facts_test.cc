@@ -106,6 +106,17 @@ TEST(MacroFacts, LeaveOutWhatIsNotLearned) {
   EXPECT_EQ(MacroTable::Facts("int x;\n"), "");
 }
 
+TEST(MacroFacts, AreComparedWithoutTheirPlaces) {
+  const auto areSame = [](std::string_view text, std::string_view other) {
+    return MacroTable::HaveSameDirectives(MacroTable::Facts(text), MacroTable::Facts(other));
+  };
+  EXPECT_TRUE(areSame("#define A {\nint a;\n#if B\n", "\n\n#define A {\nint b, c;\n#if B\n"));
+  EXPECT_TRUE(areSame("", "int a;\n"));
+  EXPECT_FALSE(areSame("#define A {\n", "#define A }\n"));
+  EXPECT_FALSE(areSame("#define A {\n", "#define A {\nx\n#define B\n"));
+  EXPECT_FALSE(areSame("", "#define A {\n"));
+}
+
 TEST(MacroFacts, MayBeDamaged) {
   const std::string facts = MacroTable::Facts("a\n#define B {\n#define C }\n");
   for (std::size_t size = 0; size < facts.size(); ++size) {

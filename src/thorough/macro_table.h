@@ -56,6 +56,9 @@ class MacroTable {
   static std::string Facts(std::string_view text);
   /// Returns a text from which `Learn` learns the same as from the text of which `facts` are.
   static std::string TextOfFacts(std::string_view facts);
+  /// Returns whether both facts have the same directives, wherever these are. Other files than
+  /// their own then see the same definitions.
+  static bool HaveSameDirectives(std::string_view facts, std::string_view others);
 
   /// A cheap test that rules out most words, unless lookups are observed. `name` must not be empty.
   bool MayHave(std::string_view name) const {

@@ -85,6 +85,10 @@ MacroDigests DigestsOf(thorough::Session& session) {
         chain += '\0';
       }
       chain += i->isFunction ? 'f' : 'o';
+      for (const thorough::Dialect dialect :
+           {thorough::Dialect::C, thorough::Dialect::Cxx, thorough::Dialect::Unknown}) {
+        chain += static_cast<char>('0' + static_cast<int>(macros.ConditionOf(*i, dialect)));
+      }
     }
     digests.emplace_back(HashOf(name), ContentHash(chain));
   });

@@ -214,7 +214,8 @@ bool Refresh::CheckContents() {
       file.hasFacts = true;
       file.facts.reset();
     } else if (file.row.id == 0 || file.row.factsHash == 0 || !cache ||
-               cache->Blob(file.row.id, BlobKind::kFacts) != *file.facts) {
+               !thorough::MacroTable::HaveSameDirectives(cache->Blob(file.row.id, BlobKind::kFacts),
+                                                         *file.facts)) {
       factsChanged = true;
     }
   }

@@ -127,6 +127,7 @@ class Refresh {
   std::optional<thorough::Session> session;
   std::unordered_map<std::string, std::uint32_t> numberOf;  ///< Path to index in `files`.
   std::unordered_map<std::int64_t, std::string> cachedFacts;
+  std::string learnedText;           ///< From which the session learns at the moment.
   std::vector<std::string> missing;  ///< Paths at which an include was looked for in vain.
   std::string newDigests;            ///< Encoded; empty if they are as in the cache.
   std::vector<std::string> learnedOrder;

@@ -57,7 +57,8 @@ bool Refresh::OthersChanged() {
     const TreeFile& file = files[numberOf.at(path)];
     if (file.hasFacts) continue;
     if (!file.facts || file.row.id == 0 ||
-        cache->Blob(file.row.id, BlobKind::kFacts) != *file.facts) {
+        !thorough::MacroTable::HaveSameDirectives(cache->Blob(file.row.id, BlobKind::kFacts),
+                                                  *file.facts)) {
       return true;
     }
   }
@@ -112,7 +113,7 @@ void Refresh::LearnAll() {
 
 void Refresh::MakeSession(const std::vector<std::string>* order) {
   thorough::SessionSources sources;
-  sources.text = [this](const std::string& path) { return TextToLearn(path); };
+  sources.text = [this](const std::string& path, bool) { return TextToLearn(path); };
   sources.isFile = [this](const std::string& path) {
     const bool isThere = StampOf(path).has_value();
     if (!isThere) missing.push_back(path);
@@ -129,6 +130,7 @@ void Refresh::MakeSession(const std::vector<std::string>* order) {
     session.emplace(reading, paths, sources);
   }
   cachedFacts.clear();
+  learnedText = {};
 }
 
 std::optional<std::string_view> Refresh::TextToLearn(const std::string& path) {
@@ -151,14 +153,18 @@ std::optional<std::string_view> Refresh::TextToLearn(const std::string& path) {
     files.push_back(std::move(file));
   }
   const TreeFile& file = files[known->second];
-  if (file.facts) return *file.facts;
+  if (file.facts) {
+    learnedText = thorough::MacroTable::TextOfFacts(*file.facts);
+    return learnedText;
+  }
   if (!file.hasFacts) return std::nullopt;
   if (cachedFacts.empty()) {
     cache->ForEachBlob(BlobKind::kFacts, [this](std::int64_t id, std::string_view facts) {
       cachedFacts.emplace(id, facts);
     });
   }
-  return cachedFacts[file.row.id];
+  learnedText = thorough::MacroTable::TextOfFacts(cachedFacts[file.row.id]);
+  return learnedText;
 }
 
 }  // namespace vexltags::tree

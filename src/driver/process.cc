@@ -46,6 +46,18 @@ LanguageReader& Indexer::ReaderOf(const Language& language) {
   return *readers.back().second;
 }
 
+Reading* Indexer::ReadingOf(const Language& language, const std::string& path) {
+  return session != nullptr && language.reading ? (session->*language.reading)(path) : nullptr;
+}
+
+bool Indexer::IndexText(const std::string& path, const std::string& languagePath,
+                        std::string_view text, Dumper& dumper) {
+  if (!source.Take(text)) return false;
+  const Language& language = LanguageOf(languagePath);
+  ReaderOf(language).Run(options, dumper, "-", ReadingOf(language, path));
+  return true;
+}
+
 FileOutcome Indexer::Index(const std::string& path, Dumper& dumper,
                            const std::function<void(std::string_view text)>& onText) {
   FileOutcome outcome;
@@ -56,8 +68,7 @@ FileOutcome Indexer::Index(const std::string& path, Dumper& dumper,
   if (onText) onText(source.Text());
 
   const Language& language = LanguageOf(path);
-  Reading* const reading =
-      session != nullptr && language.reading ? (session->*language.reading)(path) : nullptr;
+  Reading* const reading = ReadingOf(language, path);
 
   const long long start = microseconds();
   outcome.counts = ReaderOf(language).Run(options, dumper, outcome.stored, reading);

@@ -62,9 +62,17 @@ class Indexer {
   FileOutcome Index(const std::string& path, Dumper& dumper,
                     const std::function<void(std::string_view text)>& onText = nullptr);
 
+  /// Indexes `text` in the language that `languagePath` selects, as if it were the contents of the
+  /// file at `path`, and adds its tag lines to `dumper`, with `-` in the file field. Accesses no
+  /// file. Returns false if `text` has 4 GiB or more.
+  bool IndexText(const std::string& path, const std::string& languagePath, std::string_view text,
+                 Dumper& dumper);
+
  private:
   /// Returns the reader of `language`, which is created for its first file.
   LanguageReader& ReaderOf(const Language& language);
+  /// Returns the reading of the file at `path`, or null without `--thorough`.
+  Reading* ReadingOf(const Language& language, const std::string& path);
 
   const Options& options;
   PathResolver resolver;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -93,6 +94,23 @@ TEST(Indexer, ReportsOnAFileWithoutMessages) {
   testing::internal::CaptureStderr();
   EXPECT_FALSE(indexer.Index(scratch.Path("missing.c"), dumper).isRead);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(Indexer, IndexesTextWithoutAFile) {
+  Options options;
+  options.thorough = true;
+  thorough::SessionSources sources;
+  sources.text = [](const std::string&) {
+    return std::optional<std::string_view>("#define FUN(name) int name() {}");
+  };
+  thorough::Session session({"missing/a.odd"}, sources);
+  Indexer indexer(options, session);
+  Dumper dumper;
+  EXPECT_TRUE(indexer.IndexText("missing/a.odd", "a.c", "FUN(made)\nint b;", dumper));
+  EXPECT_TRUE(indexer.IndexText("missing/b", "x.py", "def p(): pass", dumper));
+  EXPECT_TRUE(indexer.IndexText("missing/c.py", "x.swift", "", dumper));
+  EXPECT_EQ(dumper.Lines(),
+            (std::vector<std::string>{"made\t-\t1;\"\tf\n", "b\t-\t2;\"\tv\n", "p\t-\t1;\"\tf\n"}));
 }
 
 TEST(Indexer, ResumesAfterAStrayTokenOnlyIfThorough) {

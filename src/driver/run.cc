@@ -97,10 +97,14 @@ int RunToStatus(const std::vector<std::string>& arguments, FileIndexer indexFile
 
 }  // namespace
 
-int Run(int argc, const char* const* argv, FileIndexer indexFile) {
+void PrepareProcess() {
   IgnoreWriteSignals();
   FillStandardStreams();
   std::set_new_handler(EndWithoutMemory);
+}
+
+int Run(int argc, const char* const* argv, FileIndexer indexFile) {
+  PrepareProcess();
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
   return FinishStandardOutput(RunToStatus(arguments, std::move(indexFile)));
 }

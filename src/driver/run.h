@@ -17,4 +17,9 @@ using FileIndexer = std::function<int(const std::string& path, Dumper& dumper)>;
 /// `indexFile` to replace the `Indexer`.
 int Run(int argc, const char* const* argv, FileIndexer indexFile = nullptr);
 
+/// Prepares the process for a run: failed writes return errors instead of ending it, standard
+/// streams that the caller closed are not given to other files, and when memory runs out it ends
+/// with a message.
+void PrepareProcess();
+
 }  // namespace vexltags

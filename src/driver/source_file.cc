@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 
@@ -72,8 +73,20 @@ bool SourceFile::Read(const std::string& path) {
   std::size_t length = 0;
   if (!ReadAll(file.Number(), static_cast<std::size_t>(status.st_size), bytes, length))
     return false;
+  return Open(length, path);
+}
+
+bool SourceFile::Take(std::string_view text) {
+  if (text.size() >= UINT32_MAX) return false;
+  // Room for one more, so that the buffer is never empty.
+  if (bytes.size() < text.size() + 1) bytes.resize(text.size() + 1);
+  std::copy(text.begin(), text.end(), bytes.begin());
+  return Open(text.size(), "");
+}
+
+bool SourceFile::Open(std::size_t length, const std::string& streamName) {
   const auto size = static_cast<ANTLR3_UINT32>(length);
-  std::vector<ANTLR3_UINT8> name(path.begin(), path.end());
+  std::vector<ANTLR3_UINT8> name(streamName.begin(), streamName.end());
   name.push_back(0);
   if (input == nullptr) {
     input.reset(antlr3StringStreamNew(bytes.data(), ANTLR3_ENC_8BIT, size, name.data()));

@@ -4,6 +4,7 @@
 
 #include <antlr3.h>
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,6 +20,9 @@ class SourceFile {
   /// directory, FIFO, socket or other device, cannot be opened or read, or has 4 GiB or more.
   bool Read(const std::string& path);
 
+  /// Takes a copy of `text`, of less than 4 GiB, as if it had been read from a file.
+  bool Take(std::string_view text);
+
   /// Returns the input stream, positioned at the start of the file; null before the first
   /// successful `Read`. After a parse, its `line` is 1 plus the number of newlines that the lexer
   /// has read.
@@ -31,6 +35,9 @@ class SourceFile {
   struct Close {
     void operator()(pANTLR3_INPUT_STREAM stream) const { stream->close(stream); }
   };
+
+  /// Lets the stream begin with the first `length` bytes of the buffer.
+  bool Open(std::size_t length, const std::string& name);
 
   std::vector<ANTLR3_UINT8> bytes;
   std::unique_ptr<ANTLR3_INPUT_STREAM, Close> input;

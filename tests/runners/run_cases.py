@@ -8,9 +8,10 @@ A golden case is a folder tests/cases/LANGUAGE/CONSTRUCT/NAME/ with
   args             optional: more options, one a line
   README           one sentence: what the case shows
 A command-line case is a folder tests/cli/TOPIC/NAME/ with run.sh, which runs under `sh -eu` in a
-fresh copy of the folder that is also its HOME. The environment has the program in $VEXLTAGS, the
-filter from the same folder in $VEXLTAGS_PORTABLE, Python in $PYTHON and the project's sources in
-$VEXLTAGS_SOURCE. Exit status 77 skips the case; the last line printed is the reason.
+fresh copy of the folder that is also its HOME. The environment has the program in $VEXLTAGS, its
+companions from the same folder in $VEXLTAGS_PORTABLE and $VEXLTAGS_CTAGS, Python in $PYTHON and the
+project's sources in $VEXLTAGS_SOURCE. Exit status 77 skips the case; the last line printed is the
+reason.
 
 Cases are found at any depth: a folder that holds a file is a case, one that holds only folders is a
 group. A case is named by its path below tests/cases, or below tests for a command-line case.
@@ -39,6 +40,7 @@ GOLDEN_OPTIONS = ["--sort=no", "--tag-relative"]
 HEADER_LINES = 4
 NO_HOME = "/nonexistent"
 SKIPPED = 77
+COMPANIONS = ("portable", "ctags")
 # Characters that have a backslash before them in the path of a tag line.
 ESCAPED = set("\t\n\r \"'()*<>?[\\]^")
 
@@ -159,7 +161,9 @@ def run_cli(case, program, scratch, timeout):
     folder = scratch / "home"
     skip = shutil.ignore_patterns("expected.*", "README", "known-bug")
     shutil.copytree(case.folder, folder, ignore=skip)
-    programs = {"VEXLTAGS": program, "VEXLTAGS_PORTABLE": f"{program}-portable"}
+    programs = {"VEXLTAGS": program}
+    for companion in COMPANIONS:
+        programs[f"VEXLTAGS_{companion.upper()}"] = f"{program}-{companion}"
     env = environment(
         folder, folder, PYTHON=sys.executable, VEXLTAGS_SOURCE=str(ROOT.parent), **programs
     )
@@ -209,8 +213,8 @@ def bare_command(case, program):
         return f"cd {folder} && HOME={NO_HOME} {shlex.join(golden_command(case, program))}"
     return (
         f'cp -r {folder} /tmp/case && cd /tmp/case && HOME="$PWD" VEXLTAGS={shlex.quote(program)} '
-        f"VEXLTAGS_PORTABLE={shlex.quote(program)}-portable "
-        f"VEXLTAGS_SOURCE={shlex.quote(str(ROOT.parent))} "
+        + "".join(f"VEXLTAGS_{one.upper()}={shlex.quote(program)}-{one} " for one in COMPANIONS)
+        + f"VEXLTAGS_SOURCE={shlex.quote(str(ROOT.parent))} "
         f"PYTHON={shlex.quote(sys.executable)} sh -eu run.sh"
     )
 

@@ -17,6 +17,17 @@ foreach(_command IN ITEMS vexltags vexltags-portable)
   install(FILES completions/vexltags.fish RENAME ${_command}.fish
           DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 endforeach()
+set(_zsh _vexltags)
+if(TARGET vexltags-ctags)
+  install(TARGETS vexltags-ctags RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES doc/vexltags-ctags.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES completions/vexltags-ctags.bash RENAME vexltags-ctags
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES completions/vexltags-ctags.fish
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+  list(APPEND _zsh _vexltags-ctags)
+endif()
+list(TRANSFORM _zsh PREPEND ${PROJECT_SOURCE_DIR}/completions/)
 # Debian's zsh reads one folder for packages and another one below /usr/local.
 install(CODE "
   if(CMAKE_INSTALL_PREFIX MATCHES [[/usr$]])
@@ -24,7 +35,7 @@ install(CODE "
   else()
     set(_folder site-functions)
   endif()
-  file(INSTALL ${PROJECT_SOURCE_DIR}/completions/_vexltags
+  file(INSTALL ${_zsh}
        DESTINATION \${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_DATADIR}/zsh/\${_folder})")
 
 install(FILES CHANGELOG.md doc/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
@@ -51,7 +62,8 @@ set(CPACK_PACKAGE_DESCRIPTION
 class, enum, macro and member, in the extended tags format.
 
 The filter vexltags-portable rewrites tags files for readers that are
-strict about the format.")
+strict about the format. The command vexltags-ctags takes the place of
+ctags in editors and their plug-ins.")
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/PackagedDocs.cmake)
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})

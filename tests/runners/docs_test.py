@@ -5,7 +5,7 @@
 usage: docs_test.py --program VEXLTAGS [-v] [TEST...]
 
 The list is what the program's usage text names, and the options on which that text is silent. The
-filter vexltags-portable is in the program's folder.
+companions vexltags-portable and vexltags-ctags are in the program's folder.
 """
 import argparse
 import os
@@ -35,6 +35,10 @@ SILENT = {
 # How an option is written that is one only together with its value.
 WITH_VALUE = {"--macros": "--macros=."}
 OPTION = r"--?[A-Za-z](?:[A-Za-z-]*[A-Za-z])?(?:=number)?"
+# The options of vexltags-ctags can begin with `_` and have values in brackets.
+CTAGS_OPTION = r"(?<![\w-])--?_?[A-Za-z](?:[A-Za-z-]*[A-Za-z])?"
+# Those with the name of a language in them, which no shell can complete.
+CTAGS_PATTERNS = {"--LANG-kinds", "--kinds-LANG"}
 SOURCES = {
     "shape.h": "#define SIDES 4\nclass Shape {\n public:\n  int Area() const;\n};\n",
     "view.m": "@interface View\n- (void)draw;\n@end\n",
@@ -63,6 +67,20 @@ def all_options():
 
 def filter_options():
     return usage_options(f"{PROGRAM}-portable")
+
+
+def ctags_options():
+    """The options at the beginning of the lines of `vexltags-ctags --help`, without values."""
+    found = set()
+    for line in output_of(f"{PROGRAM}-ctags", "--help").splitlines():
+        if re.match(r"  --?[A-Za-z_]", line):
+            head = re.sub(r"\[.*?\]", "", line.strip().split("   ")[0])
+            found |= set(re.findall(CTAGS_OPTION, re.sub(r"=[^ ,]*", "", head)))
+    return found
+
+
+def is_built(companion):
+    return os.path.exists(f"{PROGRAM}-{companion}")
 
 
 def read(path):
@@ -167,10 +185,61 @@ class Options(unittest.TestCase):
             self.assertEqual(found, expected)
 
 
+class CtagsOptions(unittest.TestCase):
+    def setUp(self):
+        if not is_built("ctags"):
+            self.skipTest("vexltags-ctags is not built")
+        self.expected = ctags_options() - CTAGS_PATTERNS
+
+    def test_usage_text_is_read_right(self):
+        for option in ("-f", "-o", "-R", "--recurse", "--_xformat", "--list-kinds-full", "--excmd"):
+            self.assertIn(option, self.expected)
+        self.assertLessEqual(CTAGS_PATTERNS, ctags_options())
+
+    def test_they_are_options(self):
+        with tempfile.TemporaryDirectory(prefix="vexltags-") as folder:
+            for option in self.expected:
+                done = subprocess.run([f"{PROGRAM}-ctags", "--options=NONE", option, "1", "no.c"],
+                                      stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                      stderr=subprocess.PIPE, timeout=60, cwd=folder)
+                self.assertNotIn(b"Unknown option", done.stderr, option)
+
+    def test_man_page(self):
+        section = read("doc/vexltags-ctags.1").split(".SH OPTIONS\n")[1].split("\n.SH ")[0]
+        heads = " ".join(plain(head) for head in re.findall(r"^\.TP\n(.*)$", section, re.MULTILINE))
+        heads = re.sub(r"= *(?:\[.*?\] *)?[^ ,]*|\[.*?\]", "", heads)
+        self.assertEqual(set(re.findall(CTAGS_OPTION, heads)) - CTAGS_PATTERNS, self.expected)
+
+    def test_bash(self):
+        script = ('. "$1"; COMP_WORDS=(vexltags-ctags -); COMP_CWORD=1; _vexltags_ctags; '
+                  'printf "%s\\n" "${COMPREPLY[@]}"')
+        text = output_of("bash", "-c", script, "bash", ROOT / "completions/vexltags-ctags.bash")
+        self.assertEqual({word.rstrip("=") for word in text.split()}, self.expected)
+
+    def test_zsh(self):
+        found = set()
+        for line in re.findall(r"^ +(['\"].*)$", read("completions/_vexltags-ctags"), re.MULTILINE):
+            head = re.sub(r"^(['\"])\(.*?\)", r"\1", line).split("[")[0]
+            found |= set(re.findall(CTAGS_OPTION, head.rstrip("=-")))
+        self.assertEqual(found, self.expected)
+
+    def test_fish(self):
+        found = set()
+        for line in read("completions/vexltags-ctags.fish").splitlines():
+            if line.startswith("complete -c vexltags-ctags ") and " -d " in line:
+                head = line.split(" -d ")[0]
+                found |= {"--" + word for word in re.findall(r" -l (\S+)", head)}
+                found |= {"-" + word for word in re.findall(r" -s (\S+)", head)}
+                for words in re.findall(r" -a '(.*?)'", head):
+                    found |= {word.split("=")[0] for word in words.split()}
+        self.assertEqual(found, self.expected)
+
+
 class Pages(unittest.TestCase):
     def test_version(self):
         version = re.match(r"vexltags v (\S+), ", output_of(PROGRAM, "-v")).group(1)
-        for page in ("doc/vexltags.1", "doc/vexltags-portable.1", "doc/vexltags-tree.1"):
+        for page in ("doc/vexltags.1", "doc/vexltags-ctags.1", "doc/vexltags-portable.1",
+                     "doc/vexltags-tree.1"):
             self.assertIn(f'"vexltags {version}"', read(page))
         # The newest section of the changes is that of this version, or of what comes after it.
         sections = re.findall(r"^## (.*)$", read("CHANGELOG.md"), re.MULTILINE)
@@ -277,6 +346,17 @@ class Examples(Scratch):
 
     def test_man_page_of_the_filter(self):
         self.check_page("doc/vexltags-portable.1", 2)
+
+    def test_man_page_of_ctags(self):
+        if not is_built("ctags"):
+            self.skipTest("vexltags-ctags is not built")
+        examples = man_examples("doc/vexltags-ctags.1")
+        self.assertEqual(len(examples), 5)
+        for example in examples:
+            done = self.run_shell(example)
+            self.assertEqual((done.returncode, done.stderr), (0, b""), example)
+            written = done.stdout or (self.folder / "tags").read_bytes()
+            self.assertGreater(written.count(b"\n"), 1, example)
 
     def test_readme(self):
         text = read("README.md")

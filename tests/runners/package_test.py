@@ -48,6 +48,13 @@ class Package(unittest.TestCase):
             self.assertTrue((root / name).is_file(), name)
         hook = root / "share/doc/vexltags/hooks/git/refresh-tags"
         self.assertTrue(os.access(hook, os.X_OK))
+        if (pathlib.Path(OPTIONS.build) / "vexltags-ctags").exists():
+            for name in (f"share/man/man1/vexltags-ctags.1{packed}", f"share/zsh/{zsh}/_vexltags-ctags",
+                         "share/bash-completion/completions/vexltags-ctags",
+                         "share/fish/vendor_completions.d/vexltags-ctags.fish"):
+                self.assertTrue((root / name).is_file(), name)
+            self.assertIn("Universal Ctags",
+                          self.run_quietly(root / "bin/vexltags-ctags", "--version"))
         for page in (root / "share/doc/vexltags").rglob("*.md"):
             for target in re.findall(r"\]\(([^)#]+)\)", page.read_text("utf-8")):
                 self.assertTrue("://" in target or (page.parent / target).exists(),

@@ -77,7 +77,7 @@ int Refresh::Run() {
     missing.clear();
     entries.clear();
     session.reset();
-    isChanged = hasFailures = listChanged = factsChanged = false;
+    isChanged = tagsChanged = hasFailures = listChanged = factsChanged = false;
     counts = {};
   }
   return kFailed;
@@ -277,7 +277,7 @@ bool Refresh::IndexFiles() {
   }
   counts.filesRead = numbers.size();
   if (numbers.empty()) return true;
-  isChanged = true;
+  isChanged = tagsChanged = true;
   return ReadFiles(numbers, false, "reading");
 }
 
@@ -299,7 +299,7 @@ bool Refresh::NumberAnon() {
       base += head.anonCount;
     }
     if (numbers.empty()) return true;
-    isChanged = true;
+    isChanged = tagsChanged = true;
     if (!options.isExact && !session) MakeSession(&learnedOrder);
     if (!ReadFiles(numbers, false, "numbering")) return false;
   }

@@ -114,6 +114,7 @@ class Refresh {
   std::unique_ptr<ResultCache> cache;
   bool lostCache = false;
   bool isChanged = false;       ///< The cache has to be changed.
+  bool tagsChanged = false;     ///< The tags are not those of the last run.
   bool hasFailures = false;     ///< Some files could not be read.
   std::int64_t startedAt = 0;   ///< Nanoseconds since 1970.
   std::vector<TreeFile> files;  ///< Sources in order, then others.

@@ -89,6 +89,7 @@ bool Refresh::Learn() {
     if (!numberOf.contains(row.path)) removedRows.push_back(row.id);
   }
   isChanged = isChanged || !removedRows.empty() || listChanged;
+  tagsChanged = listChanged;
   return true;
 }
 

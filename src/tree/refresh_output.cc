@@ -73,7 +73,7 @@ bool Refresh::IsFresh() {
 
 int Refresh::Revision() const { return std::atoi(State("revision").c_str()); }
 
-bool Refresh::IsOutputFresh() const { return !isChanged && !OutputRecord().is_null(); }
+bool Refresh::IsOutputFresh() const { return !tagsChanged && !OutputRecord().is_null(); }
 
 bool Refresh::TakeInfos() {
   style = options.style;
@@ -218,7 +218,7 @@ void Refresh::FinishCache(const struct stat& written) {
     if (cache->Error() != DatabaseError::kNone && !IsDamaged()) LoseCache();
     return;
   }
-  const int revision = Revision() + (isChanged ? 1 : 0);
+  const int revision = Revision() + (tagsChanged ? 1 : 0);
   StoreFiles();
   if (isChanged) {
     cache->PutState("revision", std::to_string(revision));

@@ -45,7 +45,7 @@ class MappedFile {
 }  // namespace
 
 bool Refresh::WritePatched(OutputFile& output) {
-  if (!isChanged || style.format == Format::kJson || OrderOf(style) == TagOrder::kFiles) {
+  if (!tagsChanged || style.format == Format::kJson || OrderOf(style) == TagOrder::kFiles) {
     return false;
   }
   const nlohmann::json record = OutputRecord();

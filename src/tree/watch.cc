@@ -17,6 +17,7 @@
 #include <string>
 #include <string_view>
 
+#include "sources/path_filter.h"
 #include "tree/refresh.h"
 
 namespace vexltags::tree {
@@ -56,7 +57,7 @@ class Watcher {
     const SourceList list = ListSources(options.folders, options.sources);
     std::vector<std::string> roots = options.folders;
     if (roots.empty()) roots.emplace_back(".");
-    for (const std::string& root : roots) AddFolder(root);
+    for (const std::string& root : roots) AddTree(root);
     for (const Source& source : list.sources) {
       std::string folder = source.path;
       // Each folder above, too, since new ones can appear in it.
@@ -83,6 +84,29 @@ class Watcher {
   }
 
  private:
+  /// Watches all folders in and below `root`, where sources can appear, but those that a search
+  /// leaves out.
+  void AddTree(const std::string& root) {
+    AddFolder(root);
+    IgnorePatterns patterns;
+    for (const std::string& pattern : DefaultExcludes()) patterns.Add(pattern);
+    PathFilter filter(patterns);
+    std::error_code error;
+    const auto skip = std::filesystem::directory_options::skip_permission_denied;
+    std::filesystem::recursive_directory_iterator it(root, skip, error);
+    while (!error && it != std::filesystem::recursive_directory_iterator()) {
+      if (it->is_directory(error) && !it->is_symlink(error)) {
+        const std::string path = it->path().lexically_relative(root);
+        if (filter.Judge(path, true) == PathVerdict::kExcluded) {
+          it.disable_recursion_pending();
+        } else {
+          AddFolder(it->path().lexically_normal());
+        }
+      }
+      it.increment(error);
+    }
+  }
+
   /// False if it is watched already.
   bool AddFolder(const std::string& folder) {
     if (!folders.insert(folder).second) return false;
@@ -110,7 +134,8 @@ class Watcher {
         if ((event->mask & (IN_ISDIR | IN_DELETE_SELF | IN_IGNORED | IN_Q_OVERFLOW)) != 0) {
           folders.clear();
         }
-        matters = matters || !name.starts_with(ownName);
+        // A file without a name, as the new tags file is at first, has one that begins with `#`.
+        matters = matters || !(name.starts_with(ownName) || name.starts_with('#'));
         at += static_cast<ssize_t>(sizeof *event + event->len);
       }
     }

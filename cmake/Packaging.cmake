@@ -18,15 +18,17 @@ foreach(_command IN ITEMS vexltags vexltags-portable)
           DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 endforeach()
 set(_zsh _vexltags)
-if(TARGET vexltags-ctags)
-  install(TARGETS vexltags-ctags RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  install(FILES doc/vexltags-ctags.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-  install(FILES completions/vexltags-ctags.bash RENAME vexltags-ctags
-          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
-  install(FILES completions/vexltags-ctags.fish
-          DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
-  list(APPEND _zsh _vexltags-ctags)
-endif()
+foreach(_command IN ITEMS vexltags-ctags vexltags-tree)
+  if(TARGET ${_command})
+    install(TARGETS ${_command} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(FILES doc/${_command}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install(FILES completions/${_command}.bash RENAME ${_command}
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+    install(FILES completions/${_command}.fish
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+    list(APPEND _zsh _${_command})
+  endif()
+endforeach()
 list(TRANSFORM _zsh PREPEND ${PROJECT_SOURCE_DIR}/completions/)
 # Debian's zsh reads one folder for packages and another one below /usr/local.
 install(CODE "

@@ -23,9 +23,9 @@ void Refresh::PrintReport() {
     if (!file.IsRead() || (!file.result && !DecodeInfo(file.row.info, info))) continue;
     if (file.result) info = file.result->info;
     if (info.skipped > 0) {
-      std::fprintf(out,
-                   "%s:%d: could not be read as a declaration; %u tokens skipped in the file\n",
-                   file.path.c_str(), info.firstSkipped, info.skipped);
+      std::fprintf(
+          out, "%s:%d: could not be read as a declaration; %u token%s skipped in the file\n",
+          file.path.c_str(), info.firstSkipped, info.skipped, info.skipped == 1 ? "" : "s");
     } else if (options.isExact && info.lexerErrors + info.parserErrors > 0 &&
                info.lastTag < info.lines - kLinesWithoutTags) {
       std::fprintf(out, "%s:%d: the last tag of %d lines; reading broke off\n", file.path.c_str(),

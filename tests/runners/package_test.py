@@ -15,11 +15,14 @@ import tempfile
 import unittest
 
 OPTIONS = argparse.Namespace()
-MANUALS = ("share/man/man1/vexltags.1", "share/man/man1/vexltags-portable.1")
+MANUALS = ("share/man/man1/vexltags.1", "share/man/man1/vexltags-portable.1",
+           "share/man/man1/vexltags-tree.1")
 FILES = (
     "share/bash-completion/completions/vexltags",
     "share/bash-completion/completions/vexltags-portable",
+    "share/bash-completion/completions/vexltags-tree",
     "share/fish/vendor_completions.d/vexltags.fish",
+    "share/fish/vendor_completions.d/vexltags-tree.fish",
     "share/fish/vendor_completions.d/vexltags-portable.fish",
     "share/doc/vexltags/copyright",
     "share/doc/vexltags/doc/tags-format.md",
@@ -44,7 +47,8 @@ class Package(unittest.TestCase):
         return done.stdout.decode("utf-8", "replace")
 
     def check_tree(self, root, packed="", zsh="site-functions"):
-        for name in (*FILES, *(manual + packed for manual in MANUALS), f"share/zsh/{zsh}/_vexltags"):
+        for name in (*FILES, *(manual + packed for manual in MANUALS), f"share/zsh/{zsh}/_vexltags",
+                     f"share/zsh/{zsh}/_vexltags-tree"):
             self.assertTrue((root / name).is_file(), name)
         hook = root / "share/doc/vexltags/hooks/git/refresh-tags"
         self.assertTrue(os.access(hook, os.X_OK))

@@ -1,0 +1,23 @@
+# SPDX-License-Identifier: MIT
+# Completion of vexltags-tree for fish.
+
+complete -c vexltags-tree -s h -l help -d 'Show help'
+complete -c vexltags-tree -s v -l version -d 'Show version'
+complete -c vexltags-tree -r -F -s f -l output -d 'Write to a file, - for standard output'
+complete -c vexltags-tree -x -l format -a 'tags raw json etags' -d 'Format of the output'
+complete -c vexltags-tree -x -l address -a 'combined line pattern' -d 'How a tag finds its line'
+complete -c vexltags-tree -x -l sort -a 'yes foldcase no' -d 'Sort order of the tags'
+complete -c vexltags-tree -x -s j -l jobs -d 'Number of worker processes'
+complete -c vexltags-tree -x -l exclude -d 'Leave out what this pattern matches'
+complete -c vexltags-tree -x -l include -d 'Read what this pattern matches'
+complete -c vexltags-tree -x -l languages -a 'C C++ ObjectiveC Swift Python' -d 'Read only these languages'
+complete -c vexltags-tree -r -F -l macros -d 'Learn macros from a file or folder'
+complete -c vexltags-tree -l exact -d 'Read by the grammars alone'
+complete -c vexltags-tree -l list -d 'List the files that would be read'
+complete -c vexltags-tree -l no-git -d 'Search folders even in a git work tree'
+complete -c vexltags-tree -l no-cache -d 'Read everything, remember nothing'
+complete -c vexltags-tree -s q -l quiet -d 'Print errors only'
+complete -c vexltags-tree -l report -d 'Print where reading broke off, and macros'
+complete -c vexltags-tree -l watch -d 'Keep the file fresh until interrupted'
+complete -c vexltags-tree -x -l hosts -a '(__fish_print_hostnames)' -d 'Read on these machines'
+complete -c vexltags-tree -l send -d 'Send the sources to the machines'

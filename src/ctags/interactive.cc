@@ -128,7 +128,9 @@ class Server {
     std::vector<std::string> learnt;
     if (IndexOf(*language) <= kObjectiveC) learnt.push_back(path);
     thorough::SessionSources sources;
-    sources.text = [&text](const std::string&, bool) { return std::optional<std::string_view>(text); };
+    sources.text = [&text](const std::string&, bool) {
+      return std::optional<std::string_view>(text);
+    };
     thorough::Session session(learnt, sources);
     Indexer indexer(options, session);
     Dumper dumper;

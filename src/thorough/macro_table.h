@@ -4,7 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -102,11 +104,21 @@ class MacroTable {
     const auto found = names.find(name);
     return found == names.end() ? nullptr : &definitions[found->second.first];
   }
+  /// A cheap hash of the first and the last characters of a name and of its length.
   static std::size_t FilterPlace(std::string_view name) {
-    const auto at = [&name](std::size_t i) { return static_cast<unsigned char>(name[i]); };
-    const std::size_t middle = name.size() / 2;
-    return (at(0) * 31U + at(name.size() - 1) * 131U + at(middle) * 517U + name.size() * 1031U) &
-           (kFilterSize - 1);
+    std::uint64_t first = 0;
+    std::uint64_t last = 0;
+    const std::size_t size = name.size() < sizeof first ? name.size() : sizeof first;
+    if (size == sizeof first) {
+      std::memcpy(&first, name.data(), sizeof first);
+      std::memcpy(&last, name.data() + name.size() - size, sizeof last);
+    } else {
+      for (const char c : name) first = first << 8U | static_cast<unsigned char>(c);
+    }
+    constexpr std::uint64_t kFirstFactor = 0x9e3779b97f4a7c15U;
+    constexpr std::uint64_t kLastFactor = 0xc2b2ae3d27d4eb4fU;
+    const std::uint64_t hash = (first ^ name.size()) * kFirstFactor ^ last * kLastFactor;
+    return static_cast<std::size_t>((hash ^ hash >> 32U) * kFirstFactor >> (64U - kFilterBits));
   }
   /// The offset of the next line in `text` at or after `from` that begins with a directive, past
   /// its `#` and blanks; npos at the end.
@@ -144,10 +156,11 @@ class MacroTable {
     std::uint32_t count;
   };
 
-  static constexpr std::size_t kFilterSize = std::size_t{1} << 16;
+  static constexpr unsigned kFilterBits = 20;  // Enough for the macros of the largest trees.
 
-  std::vector<bool> filter = std::vector<bool>(kFilterSize);
-  std::unordered_map<std::string_view, Definitions> names;
+  std::vector<bool> filter = std::vector<bool>(std::size_t{1} << kFilterBits);
+  std::pmr::monotonic_buffer_resource memory;  ///< Of the nodes of `names`.
+  std::pmr::unordered_map<std::string_view, Definitions> names{&memory};
   MacroConditions conditions;
   std::unordered_map<std::uint32_t, std::vector<std::uint32_t>> includes;  ///< Conditions by file.
   std::vector<MacroDefinition> definitions = std::vector<MacroDefinition>(1);  ///< 0 is none.

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <memory_resource>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -97,7 +98,8 @@ class FileReader {
     return {buffer.get(), size};
   }
 
-  std::set<std::pair<dev_t, ino_t>> identities;  // Of the files that were read.
+  std::pmr::monotonic_buffer_resource memory;
+  std::pmr::set<std::pair<dev_t, ino_t>> identities{&memory};  // Of the files that were read.
   std::unique_ptr<char[]> buffer;
   std::size_t room = 0;
 };
@@ -127,7 +129,8 @@ Session::Session(const Options& options, const std::vector<std::string>& paths,
   // The list grows as includes are found.
   for (std::uint32_t i = 1; i < files.size(); ++i) LearnFile(i, i >= count);
   sources = {};
-  searched = {};
+  searched = decltype(searched)(&memory);
+  memory.release();
 }
 
 Session::Session(const std::vector<std::string>& files, SessionSources given)
@@ -136,7 +139,8 @@ Session::Session(const std::vector<std::string>& files, SessionSources given)
   for (const std::string& path : files) NumberOf(path);
   for (std::uint32_t i = 1; i < this->files.size(); ++i) LearnFile(i, false);
   sources = {};
-  searched = {};
+  searched = decltype(searched)(&memory);
+  memory.release();
 }
 
 std::uint32_t Session::NumberOf(const std::string& path) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory_resource>
 #include <optional>
 #include <span>
 #include <string>
@@ -78,9 +79,10 @@ class Session {
   MacroTable macros;
   std::vector<std::string> files = {""};  ///< By number; 0 is the compiler.
   std::unordered_map<std::string, std::uint32_t> numbers;
-  // While macros are learned.
+  // While macros are learned. What is small is freed all at once.
   SessionSources sources;
-  std::unordered_map<std::size_t, Search> searched;  ///< By the hash of the place.
+  std::pmr::monotonic_buffer_resource memory;
+  std::pmr::unordered_map<std::size_t, Search> searched{&memory};  ///< By the hash of the place.
   std::string place;
 
   MainReading cfamily;

@@ -100,10 +100,11 @@ TEST(Indexer, IndexesTextWithoutAFile) {
   Options options;
   options.thorough = true;
   thorough::SessionSources sources;
-  sources.text = [](const std::string&) {
-    return std::optional<std::string_view>("#define FUN(name) int name() {}");
+  sources.text = [](const std::string& path, bool) {
+    const bool isHeader = path == "missing/a.h";
+    return std::optional<std::string_view>(isHeader ? "#define FUN(name) int name() {}" : "");
   };
-  thorough::Session session({"missing/a.odd"}, sources);
+  thorough::Session session({"missing/a.h", "missing/a.odd"}, sources);
   Indexer indexer(options, session);
   Dumper dumper;
   EXPECT_TRUE(indexer.IndexText("missing/a.odd", "a.c", "FUN(made)\nint b;", dumper));

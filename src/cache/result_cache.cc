@@ -69,7 +69,7 @@ std::uint64_t OwnerOf(std::int64_t id) {
   return static_cast<std::uint64_t>(id) * 0x9E3779B97F4A7C15;
 }
 
-/// Stands for all columns of a row but `info`, and changes with each of them.
+/// A hash of all columns of a row but `info`.
 std::uint64_t OwnerOf(const CachedFile& file) {
   std::string all = file.path;
   for (const auto number :

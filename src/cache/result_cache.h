@@ -35,7 +35,7 @@ enum class BlobKind : std::uint8_t { kFacts, kResult, kLookups };
 /// can use the same file; only the first of those that began with the same state can commit.
 ///
 /// If anything fails, later calls do nothing: reads find nothing, and `Commit` fails. `Error`
-/// tells.
+/// gives the reason.
 class ResultCache {
  public:
   ResultCache() = default;

@@ -21,7 +21,7 @@ struct FunctionPlace {
 
 /// Returns the parameters in parentheses that follow the name of a function in `text`, with single
 /// blanks for white space and without comments: "(int a, char *b)"; in C++ also the `const` that
-/// follows. They can extend over lines. Returns an empty string if they cannot be told for sure:
+/// follows. They can extend over lines. Returns an empty string if they are not certain:
 /// the name is not on the line or has no parentheses after it, the line has more such places than
 /// functions, a directive or an unmatched bracket is between, or they are very long.
 /// Sets `*end` to the offset after them, if there are any and `end` is not null.

@@ -52,18 +52,24 @@ Reading* Indexer::ReadingOf(const Language& language, const std::string& path) {
 
 bool Indexer::IndexText(const std::string& path, const std::string& languagePath,
                         std::string_view text, Dumper& dumper) {
-  if (!source.Take(text)) return false;
+  if (!source.Take(path, text)) return false;
   const Language& language = LanguageOf(languagePath);
   ReaderOf(language).Run(options, dumper, "-", ReadingOf(language, path));
   return true;
 }
 
 FileOutcome Indexer::Index(const std::string& path, Dumper& dumper,
-                           const std::function<void(std::string_view text)>& onText) {
+                           const std::function<void(std::string_view text)>& onText,
+                           const KnownFile* known) {
   FileOutcome outcome;
   outcome.resolved = path.empty() ? "<stdin>" : resolver.Resolve(path);
-  outcome.stored = EscapePath(CanonicalizeHome(outcome.resolved.c_str(), options.cannonicalPaths));
-  outcome.isRead = !path.empty() && source.Read(outcome.resolved);
+  outcome.stored =
+      known != nullptr
+          ? known->stored
+          : EscapePath(CanonicalizeHome(outcome.resolved.c_str(), options.cannonicalPaths));
+  outcome.isRead =
+      !path.empty() && (known != nullptr && known->text ? source.Take(path, *known->text)
+                                                        : source.Read(outcome.resolved));
   if (!outcome.isRead) return outcome;
   if (onText) onText(source.Text());
 

@@ -42,6 +42,12 @@ struct FileOutcome {
   thorough::SkippedTokens skipped;  ///< With `--thorough`, for the C family.
 };
 
+/// What a caller already knows of a file.
+struct KnownFile {
+  std::string stored;                    ///< The path for the file field.
+  std::optional<std::string_view> text;  ///< Its content, if that is not to be read.
+};
+
 /// Indexes the files of one run, one after the other. Owns everything that is reused for later
 /// files: the last resolved folder, the buffer, the recognisers of each language.
 class Indexer {
@@ -58,9 +64,11 @@ class Indexer {
   int Process(const std::string& path, Dumper& dumper);
 
   /// Does the same without messages. Calls `onText` with the bytes of the file, good until it
-  /// returns, before they are read as source.
+  /// returns, before they are read as source. `known` replaces what would be asked of the file
+  /// system.
   FileOutcome Index(const std::string& path, Dumper& dumper,
-                    const std::function<void(std::string_view text)>& onText = nullptr);
+                    const std::function<void(std::string_view text)>& onText = nullptr,
+                    const KnownFile* known = nullptr);
 
   /// Indexes `text` in the language that `languagePath` selects, as if it were the contents of the
   /// file at `path`, and adds its tag lines to `dumper`, with `-` in the file field. Accesses no

@@ -76,12 +76,12 @@ bool SourceFile::Read(const std::string& path) {
   return Open(length, path);
 }
 
-bool SourceFile::Take(std::string_view text) {
+bool SourceFile::Take(const std::string& path, std::string_view text) {
   if (text.size() >= UINT32_MAX) return false;
   // Room for one more, so that the buffer is never empty.
   if (bytes.size() < text.size() + 1) bytes.resize(text.size() + 1);
   std::copy(text.begin(), text.end(), bytes.begin());
-  return Open(text.size(), "");
+  return Open(text.size(), path);
 }
 
 bool SourceFile::Open(std::size_t length, const std::string& streamName) {

@@ -20,8 +20,9 @@ class SourceFile {
   /// directory, FIFO, socket or other device, cannot be opened or read, or has 4 GiB or more.
   bool Read(const std::string& path);
 
-  /// Takes a copy of `text`, of less than 4 GiB, as if it had been read from a file.
-  bool Take(std::string_view text);
+  /// Takes a copy of `text`, of less than 4 GiB, for the content of the file at `path`, which is
+  /// not read.
+  bool Take(const std::string& path, std::string_view text);
 
   /// Returns the input stream, positioned at the start of the file; null before the first
   /// successful `Read`. After a parse, its `line` is 1 plus the number of newlines that the lexer

@@ -21,7 +21,7 @@ namespace vexltags::thorough {
 /// are read; all other balanced text is skipped. A statement ends at a `;`, at the curly that
 /// closes the type, or before a line that begins with a declaration or a control statement.
 ///
-/// Where a file has curlies that stay open, indentation tells which: a declaration at the beginning
+/// Where a file has curlies that stay open, indentation shows which: a declaration at the beginning
 /// of a line that is no farther to the right than the line of the curly ends it. This takes a file
 /// that indents nearly all of its blocks.
 ///

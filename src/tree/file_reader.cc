@@ -109,15 +109,15 @@ FileReader::~FileReader() {
   if (session != nullptr) session->Macros().SetLookupObserver(nullptr);
 }
 
-FileResult FileReader::Read(const FileJob& job) {
+FileResult FileReader::Read(const FileJob& job, const KnownFile* known) {
   FileResult result;
   FileInfo& info = result.info;
   lookups.Clear();
   Dumper dumper;
   const std::int32_t start = std::max(job.anonStart, 0);
   VexlTagsParser::SetAnonCount(start);
-  const FileOutcome outcome =
-      indexer->Index(job.path, dumper, [this](std::string_view bytes) { text = bytes; });
+  const FileOutcome outcome = indexer->Index(
+      job.path, dumper, [this](std::string_view bytes) { text = bytes; }, known);
   info.stored = outcome.stored;
   if (!outcome.isRead) {
     info.status = FileStatus::kUnreadable;

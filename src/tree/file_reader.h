@@ -27,7 +27,8 @@ class FileReader {
   explicit FileReader(thorough::Session* session);
   ~FileReader();
 
-  FileResult Read(const FileJob& job);
+  /// `known` replaces what would be asked of the file system; null for nothing.
+  FileResult Read(const FileJob& job, const KnownFile* known = nullptr);
 
  private:
   std::string UnknownWords(const Dumper& dumper) const;

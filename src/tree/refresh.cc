@@ -252,6 +252,9 @@ bool Refresh::ReadFiles(const std::vector<std::uint32_t>& numbers, bool forFacts
     progress.Tick();
     return !goesOn || goesOn();
   };
+  if (!options.hosts.empty() && !forFacts && numbers.size() > kFewFiles) {
+    ReadOnHosts(requests, events);
+  }
   const bool isDone = RunInWorkers(requests, options.jobs, session ? &*session : nullptr, events);
   progress.Clear();
   if (!isDone && (!goesOn || goesOn())) Print("no worker process could be started");

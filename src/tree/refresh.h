@@ -77,6 +77,8 @@ class Refresh {
   bool CheckContents();
   bool ReadFiles(const std::vector<std::uint32_t>& numbers, bool forFacts, const char* verb);
   void TakeAnswer(Answer&& answer);
+  /// Has the hosts read what they can, and removes that from `requests`.
+  void ReadOnHosts(std::vector<PooledRequest>& requests, const PoolEvents& events);
   bool IndexFiles();
   bool NumberAnon();
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "engine/stack_guard.h"
+#include "tree/host_worker.h"
 #include "tree/refresh.h"
 #include "tree/tree_options.h"
 #include "tree/watch.h"
@@ -31,6 +32,7 @@ int Main(int argc, const char* const* argv) {
   int status = kDone;
   const std::optional<TreeOptions> options = ParseTreeOptions(argc, argv, status);
   if (!options) return status;
+  if (options->isWorker) return ServeMachine();
   if (options->listsOnly) return List(*options);
   return options->watches ? Watch(*options) : Refresh(*options).Run();
 }

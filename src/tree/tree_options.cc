@@ -65,6 +65,7 @@ std::optional<TreeOptions> ParseTreeOptions(int argc, const char* const* argv, i
   std::string address = "combined";
   std::string sort = "yes";
   std::string languages;
+  std::string hosts;
   bool noCache = false;
   bool noGit = false;
   Patterns patterns;
@@ -116,10 +117,8 @@ std::optional<TreeOptions> ParseTreeOptions(int argc, const char* const* argv, i
   app.add_flag("--report", options.wantsReport,
                "Show where reading broke off, and on what macros.");
   app.add_flag("--watch", options.watches, "Keep the file fresh until interrupted.");
-  app.add_option("--hosts", options.hosts, "Read on these machines, through GNU parallel and ssh.")
-      ->type_name("LIST")
-      ->delimiter(',')
-      ->expected(1);
+  app.add_option("--hosts", hosts, "Read on these machines, through GNU parallel and ssh.")
+      ->type_name("LIST");
   app.add_flag("--send", options.sendsFiles,
                "Send the sources to the hosts, which do not have them.");
   app.add_flag("--worker", options.isWorker)->group("");
@@ -150,6 +149,11 @@ std::optional<TreeOptions> ParseTreeOptions(int argc, const char* const* argv, i
       status = kBadUsage;
       return std::nullopt;
     }
+  }
+  for (std::size_t at = 0; at < hosts.size();) {
+    const std::size_t end = std::min(hosts.find(',', at), hosts.size());
+    if (end > at) options.hosts.push_back(hosts.substr(at, end - at));
+    at = end + 1;
   }
   if (options.output.empty()) options.output = DefaultOutput(options);
   if (options.jobs == 0) {

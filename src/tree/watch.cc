@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Keeps the tags file fresh while files are edited. The kernel tells of changes in the folders of
+// Keeps the tags file fresh while files are edited. The kernel reports changes in the folders of
 // the sources and in those above them, and every run decides itself what is to be done.
 #include "tree/watch.h"
 

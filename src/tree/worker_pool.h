@@ -19,7 +19,7 @@ struct PooledRequest {
   std::int64_t cost = 0;
 };
 
-/// Who is told of answers.
+/// Receives the answers of workers.
 struct PoolEvents {
   /// Takes an answer. A file whose worker died has the status `kDied`.
   std::function<void(Answer&& answer)> onAnswer;

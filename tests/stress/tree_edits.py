@@ -5,7 +5,7 @@
 usage: tree_edits.py --program VEXLTAGS-TREE [--rounds N] [--seed N] [PART...]
 
 Parts: edits, kills, pairs, damage, disk. Without one, all of them. A fault prints the seed and what
-was done, and leaves the folder behind.
+was done, and keeps the folder.
 """
 import argparse
 import os
@@ -204,7 +204,7 @@ def kills(tree, rounds):
         tree.refresh([], "after a kill: ")
     left = [path.name for path in tree.root.iterdir() if ".new-" in path.name]
     if left:
-        tree.fault(f"files were left behind: {left}")
+        tree.fault(f"files were left over: {left}")
 
 
 def pairs(tree, rounds):

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Arguments that nobody means: very long, empty, with control characters, and files of options and
+# Arguments that make no sense: very long, empty, with control characters, and files of options and
 # lists that are no text. Each ends in a message and a status, never in a signal.
 . "$VEXLTAGS_SOURCE/tests/shared/ctags.sh"
 long=$("$PYTHON" -c 'print("x" * 100000)')

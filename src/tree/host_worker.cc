@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+// Reads files for another machine.
+#include "tree/host_worker.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <nlohmann/json.hpp>
+#include <unordered_map>
+#include <vector>
+
+#include "base/version.h"
+#include "thorough/session.h"
+
+namespace vexltags::tree {
+namespace {
+
+using nlohmann::json;
+
+constexpr int kRefused = 3;
+
+std::string ReadAllInput() {
+  std::string input;
+  char buffer[1 << 16];
+  for (;;) {
+    const ssize_t count = read(STDIN_FILENO, buffer, sizeof buffer);
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return input;
+    input.append(buffer, static_cast<std::size_t>(count));
+  }
+}
+
+int Refuse(const char* why) {
+  std::fprintf(stderr, "vexltags-tree: %s\n", why);
+  return kRefused;
+}
+
+}  // namespace
+
+void AppendHostTask(std::string& out, const HostTask& task) {
+  std::string head;
+  json::to_cbor(json{kVersion, task.isExact, task.sendsFiles, task.learned}, head);
+  AppendFrame(out, head, task.folder);
+}
+
+std::optional<HostTask> ReadHostTask(const Frame& frame) {
+  const json head = json::from_cbor(frame.head, true, false);
+  if (!head.is_array() || head.size() != 4 || head[0] != kVersion || !head[1].is_boolean() ||
+      !head[2].is_boolean() || !head[3].is_number()) {
+    return std::nullopt;
+  }
+  HostTask task;
+  head[1].get_to(task.isExact);
+  head[2].get_to(task.sendsFiles);
+  head[3].get_to(task.learned);
+  task.folder = frame.body;
+  return task;
+}
+
+int ServeMachine() {
+  const std::string input = ReadAllInput();
+  std::string_view rest = input;
+  Frame frame;
+  if (!TakeFrame(rest, frame)) return Refuse("no task");
+  const std::optional<HostTask> task = ReadHostTask(frame);
+  if (!task) return Refuse("the task is of another version");
+  if (!task->sendsFiles && chdir(task->folder.c_str()) != 0) {
+    return Refuse("the tree is not on this machine");
+  }
+  std::vector<std::string> order;
+  std::unordered_map<std::string_view, std::string_view> facts;
+  for (std::uint32_t i = 0; i < task->learned; ++i) {
+    if (!TakeFrame(rest, frame)) return Refuse("the task is incomplete");
+    order.emplace_back(frame.head);
+    facts.emplace(frame.head, frame.body);
+  }
+  thorough::SessionSources sources;
+  sources.text = [&facts](const std::string& path) -> std::optional<std::string_view> {
+    const auto found = facts.find(path);
+    if (found == facts.end()) return std::nullopt;
+    return found->second;
+  };
+  thorough::Session session(order, sources);
+  FileReader reader(task->isExact ? nullptr : &session);
+  std::string answers;
+  Frame known;
+  while (TakeFrame(rest, frame)) {
+    Request request;
+    if (!ReadRequest(frame, request) || !TakeFrame(rest, known)) {
+      return Refuse("the task is incomplete");
+    }
+    KnownFile file;
+    file.stored = known.head;
+    if (task->sendsFiles) file.text = known.body;
+    Answer answer;
+    answer.index = request.index;
+    answer.result = reader.Read(request.job, &file);
+    AppendAnswer(answers, answer);
+  }
+  if (!rest.empty()) return Refuse("the task is incomplete");
+  return WriteAll(STDOUT_FILENO, answers) ? 0 : 1;
+}
+
+}  // namespace vexltags::tree

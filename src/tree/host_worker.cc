@@ -76,10 +76,12 @@ int ServeMachine() {
     facts.emplace(frame.head, frame.body);
   }
   thorough::SessionSources sources;
-  sources.text = [&facts](const std::string& path) -> std::optional<std::string_view> {
+  std::string text;
+  sources.text = [&](const std::string& path, bool) -> std::optional<std::string_view> {
     const auto found = facts.find(path);
     if (found == facts.end()) return std::nullopt;
-    return found->second;
+    text = thorough::MacroTable::TextOfFacts(found->second);
+    return text;
   };
   thorough::Session session(order, sources);
   FileReader reader(task->isExact ? nullptr : &session);

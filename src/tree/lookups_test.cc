@@ -16,7 +16,7 @@ MacroDigests Digests(const std::vector<std::pair<std::string, std::string>>& fil
   std::vector<std::string> order;
   for (const auto& [path, text] : files) order.push_back(path);
   thorough::SessionSources sources;
-  sources.text = [&texts](const std::string& path) -> std::optional<std::string_view> {
+  sources.text = [&texts](const std::string& path, bool) -> std::optional<std::string_view> {
     return texts.at(path);
   };
   thorough::Session session(order, sources);

@@ -86,6 +86,9 @@ class Refresh {
   bool Learn();
   void LearnAll();
   void MakeSession(const std::vector<std::string>* order);
+  /// What is learned from the file at `path`, as facts or as a text. The view is good until the
+  /// next call.
+  std::optional<std::string_view> FactsOf(const std::string& path);
   std::optional<std::string_view> TextToLearn(const std::string& path);
   bool SurroundingsChanged();
   bool OthersChanged();

@@ -44,7 +44,7 @@ void Refresh::ReadOnHosts(std::vector<PooledRequest>& requests, const PoolEvents
   if (!options.isExact) task.learned = static_cast<std::uint32_t>(learnedOrder.size());
   AppendHostTask(start, task);
   for (std::uint32_t i = 0; i < task.learned; ++i) {
-    AppendFrame(start, learnedOrder[i], TextToLearn(learnedOrder[i]).value_or(""));
+    AppendFrame(start, learnedOrder[i], FactsOf(learnedOrder[i]).value_or(""));
   }
   cachedFacts.clear();
 

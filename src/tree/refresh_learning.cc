@@ -135,6 +135,13 @@ void Refresh::MakeSession(const std::vector<std::string>* order) {
 }
 
 std::optional<std::string_view> Refresh::TextToLearn(const std::string& path) {
+  const std::optional<std::string_view> facts = FactsOf(path);
+  if (!facts) return std::nullopt;
+  learnedText = thorough::MacroTable::TextOfFacts(*facts);
+  return learnedText;
+}
+
+std::optional<std::string_view> Refresh::FactsOf(const std::string& path) {
   const auto [known, isNew] = numberOf.emplace(path, static_cast<std::uint32_t>(files.size()));
   if (isNew) {
     TreeFile file;
@@ -154,18 +161,14 @@ std::optional<std::string_view> Refresh::TextToLearn(const std::string& path) {
     files.push_back(std::move(file));
   }
   const TreeFile& file = files[known->second];
-  if (file.facts) {
-    learnedText = thorough::MacroTable::TextOfFacts(*file.facts);
-    return learnedText;
-  }
+  if (file.facts) return *file.facts;
   if (!file.hasFacts) return std::nullopt;
   if (cachedFacts.empty()) {
     cache->ForEachBlob(BlobKind::kFacts, [this](std::int64_t id, std::string_view facts) {
       cachedFacts.emplace(id, facts);
     });
   }
-  learnedText = thorough::MacroTable::TextOfFacts(cachedFacts[file.row.id]);
-  return learnedText;
+  return cachedFacts[file.row.id];
 }
 
 }  // namespace vexltags::tree

@@ -16,7 +16,6 @@
 #include "cfamily/vexl_tags_parser.h"
 #include "driver/command_line.h"
 #include "formats/readable_text.h"
-#include "formats/source_lines.h"
 #include "formats/swift_scope_kinds.h"
 #include "formats/tag_record.h"
 #include "portable/swift_scopes.h"
@@ -135,7 +134,7 @@ FileResult FileReader::Read(const FileJob& job, const KnownFile* known) {
   info.tagCount = static_cast<std::uint32_t>(dumper.LinesInOrder().size());
 
   bool isFixed = info.anonCount > 0 && (job.anonStart >= 0 || text.find(kAnon) != text.npos);
-  const SourceLines lines(text);
+  lines.SetText(text);
   std::vector<TagRecord> swift;
   const bool isSwift = IsSwift(job.path);
   if (isSwift) {
@@ -154,7 +153,7 @@ FileResult FileReader::Read(const FileJob& job, const KnownFile* known) {
     SplitRawLine(line, info.stored, entry);
     if (!entry.isWhole) {
       const std::int32_t number = LineOf(entry.rest);
-      const SourceLine source = lines.Line(number);
+      const FoundLine source = lines.Line(number);
       entry.text = Shortened(source.text);
       entry.offset = source.offset;
       info.lastTag = std::max(info.lastTag, number);

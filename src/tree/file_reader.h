@@ -8,6 +8,7 @@
 #include "base/options.h"
 #include "driver/process.h"
 #include "tree/file_result.h"
+#include "tree/line_finder.h"
 #include "tree/lookups.h"
 
 namespace vexltags::tree {
@@ -37,6 +38,7 @@ class FileReader {
   thorough::Session* session;
   std::optional<Indexer> indexer;
   Lookups lookups;
+  LineFinder lines;
   std::string text;
 };
 

@@ -75,9 +75,10 @@ int Refresh::Run() {
     numberOf.clear();
     cachedFacts.clear();
     missing.clear();
+    newDigests.clear();
     entries.clear();
     session.reset();
-    isChanged = tagsChanged = hasFailures = listChanged = factsChanged = false;
+    isChanged = tagsChanged = hasNewDigests = hasFailures = listChanged = factsChanged = false;
     counts = {};
   }
   return kFailed;
@@ -250,6 +251,10 @@ bool Refresh::ReadFiles(const std::vector<std::uint32_t>& numbers, bool forFacts
   events.onAnswer = [this](Answer&& answer) { TakeAnswer(std::move(answer)); };
   events.onTick = [this] {
     progress.Tick();
+    // The workers have enough to do meanwhile.
+    if (cache && hasNewDigests && newDigests.empty()) {
+      newDigests = EncodeDigests(DigestsOf(*session));
+    }
     return !goesOn || goesOn();
   };
   if (!options.hosts.empty() && !forFacts && numbers.size() > kFewFiles) {

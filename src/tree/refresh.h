@@ -135,7 +135,8 @@ class Refresh {
   std::unordered_map<std::int64_t, std::string> cachedFacts;
   std::string learnedText;           ///< From which the session learns at the moment.
   std::vector<std::string> missing;  ///< Paths at which an include was looked for in vain.
-  std::string newDigests;            ///< Encoded; empty if they are as in the cache.
+  bool hasNewDigests = false;        ///< The session has learned what the cache may not know.
+  std::string newDigests;            ///< Its digests, if they are known already.
   std::vector<std::string> learnedOrder;
 
   std::deque<std::string> entries;  ///< Those whose made-up names have been numbered.

@@ -97,10 +97,12 @@ void Refresh::LearnAll() {
   isChanged = true;
   MakeSession(nullptr);
   learnedOrder.assign(session->Files().begin(), session->Files().end());
-  const MacroDigests digests = DigestsOf(*session);
   const std::string before = State("digests");
+  hasNewDigests = true;
+  if (before.empty()) return;
+  const MacroDigests digests = DigestsOf(*session);
   newDigests = EncodeDigests(digests);
-  if (before.empty() || before == newDigests) return;
+  if (before == newDigests) return;
   const std::vector<WordHash> words = ChangedWords(DecodeDigests(before), digests);
   std::unordered_map<std::int64_t, TreeFile*> known;
   for (std::size_t i = 0; i < sourceCount; ++i) {

@@ -228,6 +228,7 @@ void Refresh::FinishCache(const struct stat& written) {
     std::vector<std::string> others;
     for (std::size_t i = sourceCount; i < files.size(); ++i) others.push_back(files[i].path);
     cache->PutState("others", JoinPaths(others));
+    if (hasNewDigests && newDigests.empty()) newDigests = EncodeDigests(DigestsOf(*session));
     if (!newDigests.empty()) cache->PutState("digests", newDigests);
   }
   if (options.output != "-") {

@@ -18,6 +18,8 @@ namespace vexltags::tree {
 namespace {
 
 constexpr std::size_t kChunk = 8192;  ///< Tags that a thread writes at once.
+constexpr std::size_t kAhead = 8;     ///< How many tags ahead memory is fetched.
+constexpr std::size_t kCacheLine = 64;
 
 bool HasOddLines(std::span<const TaggedFile> files) {
   return std::any_of(files.begin(), files.end(),
@@ -61,35 +63,46 @@ bool WriteSections(std::span<const TaggedFile> files, const OutputStyle& style,
   return true;
 }
 
-/// Writes chunks of tags in several threads, and puts them out in order.
+/// Writes chunks of tags in several threads, and puts them out in order while the next ones are
+/// written.
 bool WriteChunks(std::span<const TaggedFile> files, std::span<const TagPlace> places,
                  const OutputStyle& style, int threads, const ByteSink& sink) {
   const auto count = static_cast<std::size_t>(places.size() < 2 * kChunk ? 1 : threads);
   std::vector<TagFormatter> formatters(count, TagFormatter(style));
   std::vector<std::string> texts(count);
-  for (std::size_t from = 0; from < places.size(); from += count * kChunk) {
-    const auto write = [&](std::size_t number) {
-      std::string& text = texts[number];
-      text.clear();
-      const std::size_t begin = std::min(places.size(), from + number * kChunk);
-      const std::size_t end = std::min(places.size(), begin + kChunk);
-      for (std::size_t i = begin; i < end; ++i) {
-        const TaggedFile& file = files[places[i].file];
-        std::size_t at = places[i].at;
-        TagEntry entry;
-        ReadEntry(file.entries, at, entry);
-        formatters[number].Append(text, file, entry);
+  std::vector<std::string> done(count);
+  std::size_t from = 0;
+  const auto write = [&](std::size_t number) {
+    std::string& text = texts[number];
+    text.clear();
+    const std::size_t begin = std::min(places.size(), from + number * kChunk);
+    const std::size_t end = std::min(places.size(), begin + kChunk);
+    for (std::size_t i = begin; i < end; ++i) {
+      if (end - i > kAhead) {
+        const TagPlace& next = places[i + kAhead];
+        const char* const bytes = files[next.file].entries.data() + next.at;
+        __builtin_prefetch(bytes);
+        __builtin_prefetch(bytes + kCacheLine);
       }
-    };
-    std::vector<std::thread> others;
-    for (std::size_t i = 1; i < count; ++i) others.emplace_back(write, i);
-    write(0);
-    for (std::thread& other : others) other.join();
-    for (const std::string& text : texts) {
-      if (!sink(text)) return false;
+      const TaggedFile& file = files[places[i].file];
+      std::size_t at = places[i].at;
+      TagEntry entry;
+      ReadEntry(file.entries, at, entry);
+      formatters[number].Append(text, file, entry);
     }
+  };
+  bool isGood = true;
+  while (isGood && from < places.size()) {
+    std::vector<std::thread> writers;
+    for (std::size_t i = count > 1 ? 0 : 1; i < count; ++i) writers.emplace_back(write, i);
+    if (count == 1) write(0);
+    for (const std::string& text : done) isGood = isGood && sink(text);
+    for (std::thread& writer : writers) writer.join();
+    texts.swap(done);
+    from += count * kChunk;
   }
-  return true;
+  for (const std::string& text : done) isGood = isGood && sink(text);
+  return isGood;
 }
 
 }  // namespace

@@ -25,9 +25,10 @@ struct TaggedFile {
 /// Numbers the files by their fields, with the tab that follows, in the order of bytes.
 void RankFiles(std::span<TaggedFile> files);
 
-/// A tag: an entry of a file. Members may be reordered for size only.
+/// A tag: an entry of a file.
 struct TagPlace {
-  std::uint64_t key = 0;   ///< Used while sorting.
+  std::uint64_t key = 0;  ///< Used while sorting, with `more`: sixteen bytes of the name.
+  std::uint64_t more = 0;
   std::uint32_t file = 0;  ///< The index of the file.
   std::uint32_t at = 0;    ///< The offset of the entry.
 };

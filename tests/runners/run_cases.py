@@ -133,11 +133,15 @@ def execute(command, folder, env, timeout):
     return {"stdout": out, "stderr": err, "status": f"{status}\n".encode()}
 
 
-def golden_command(case, program):
+def extra_options(case):
     args = case.folder / "args"
     lines = os.fsdecode(args.read_bytes()).split("\n") if args.exists() else []
+    return [line for line in lines if line]
+
+
+def golden_command(case, program):
     source = next(case.folder.glob("input.*")).name
-    return [program, *GOLDEN_OPTIONS, *(line for line in lines if line), source]
+    return [program, *GOLDEN_OPTIONS, *extra_options(case), source]
 
 
 def run_golden(case, program, scratch, timeout):
@@ -300,6 +304,7 @@ def main():
     parser.add_argument("--kind", choices=("cases", "cli"), help="golden or command line only")
     parser.add_argument("--language", help="golden cases of this folder only")
     parser.add_argument("--filter", default="", help="cases with this text in their name only")
+    parser.add_argument("--without", metavar="OPTION", help="leave out cases whose args have OPTION")
     parser.add_argument("--list", action="store_true", help="print the names and run nothing")
     parser.add_argument("--accept", metavar="CASE", help="show and take one case's output")
     parser.add_argument("--keep", help="where the output of failures goes (beside the program)")
@@ -312,6 +317,8 @@ def main():
     kinds = (options.kind,) if options.kind else ("cases", "cli")
     root = pathlib.Path(options.root).resolve()
     cases = find_cases(root, kinds, options.language, options.filter)
+    if options.without:
+        cases = [case for case in cases if options.without not in extra_options(case)]
     if options.list:
         print("\n".join(case.name for case in cases))
         return 0

@@ -25,6 +25,15 @@ TEST(ScanPython, ReadsWordsMarksAndIndentation) {
   EXPECT_EQ(scanned.errors, 0U);
 }
 
+TEST(ScanPython, ReadsNothingAfterTheText) {
+  const std::string text = "a\n  ";
+  for (const unsigned char after : {'#', '\n', 'b'}) {
+    const Scanned scanned = ScanText(ScanPython, text, after);
+    EXPECT_EQ(scanned.tokens, (Tokens{"5:1:a", "4:2:  "})) << after;
+    EXPECT_EQ(scanned.stopped, text.size()) << after;
+  }
+}
+
 TEST(ScanPython, CountsOneErrorForEachUnknownCharacter) {
   const Scanned scanned = Scan("\nx = [1]\n");
   EXPECT_EQ(scanned.tokens, (Tokens{"5:2:x"}));

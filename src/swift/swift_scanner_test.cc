@@ -36,6 +36,11 @@ TEST(ScanSwift, ReadsWordsAndMarks) {
                     "37:1:%", "38:1:|", "39:1:^", "40:1:~", "34:1:-"}));
 }
 
+TEST(ScanSwift, ReadsNothingAfterTheText) {
+  EXPECT_EQ(TokensOf("$12"), Tokens{"50:1:$12"});
+  EXPECT_EQ(TokensOf("a12"), Tokens{"50:1:a12"});
+}
+
 TEST(ScanSwift, ReadsDots) {
   EXPECT_EQ(TokensOf("a.b..c...d..<e..>....."),
             (Tokens{"50:1:a", "17:1:.", "50:1:b", "14:1:..", "50:1:c", "14:1:...", "50:1:d",

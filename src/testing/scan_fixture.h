@@ -21,11 +21,10 @@ struct Scanned {
   unsigned errors = 0;
 };
 
-/// Runs `scan` once on `text`.
-inline Scanned ScanText(Scanner scan, const std::string& text) {
+/// Runs `scan` once on `text`, with the byte `after` following it in memory.
+inline Scanned ScanText(Scanner scan, const std::string& text, unsigned char after) {
   std::vector<unsigned char> bytes(text.begin(), text.end());
-  // A reused buffer holds anything after the text. What continues its last token is most harmful.
-  bytes.push_back(bytes.empty() ? 0 : bytes.back());
+  bytes.push_back(after);
   unsigned char name[] = "test";
   pANTLR3_INPUT_STREAM input = antlr3StringStreamNew(bytes.data(), ANTLR3_ENC_8BIT,
                                                      static_cast<ANTLR3_UINT32>(text.size()), name);
@@ -47,6 +46,12 @@ inline Scanned ScanText(Scanner scan, const std::string& text) {
   }
   input->close(input);
   return scanned;
+}
+
+/// The same, with the last byte of the text after it. A reused buffer holds anything there, and
+/// what continues the last token is most harmful.
+inline Scanned ScanText(Scanner scan, const std::string& text) {
+  return ScanText(scan, text, text.empty() ? 0 : static_cast<unsigned char>(text.back()));
 }
 
 }  // namespace vexltags::testing_support

@@ -17,10 +17,19 @@ std::uint32_t CountNewlines(const char* bytes, std::size_t size) {
   return count;
 }
 
+/// True if every newline of `text` follows a carriage return. Mostly the first one decides.
+bool EndsInCrLf(std::string_view text) {
+  for (std::size_t at = 0; (at = text.find('\n', at)) != std::string_view::npos; ++at) {
+    if (at == 0 || text[at - 1] != '\r') return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 void LineFinder::SetText(std::string_view newText) {
   text = newText;
+  endsInCrLf = EndsInCrLf(text);
   last = 0;
   before.resize(text.size() / kBlock + 2);
   std::uint32_t count = 0;
@@ -58,7 +67,7 @@ FoundLine LineFinder::Line(std::int32_t number) {
   if (begin >= text.size()) return {};
   std::string_view line = text.substr(begin);
   line = line.substr(0, line.find('\n'));
-  if (line.ends_with('\r')) line.remove_suffix(1);
+  if (endsInCrLf && line.ends_with('\r')) line.remove_suffix(1);
   return {line, begin};
 }
 

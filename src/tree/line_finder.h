@@ -10,11 +10,12 @@ namespace vexltags::tree {
 
 /// A line of a text.
 struct FoundLine {
-  std::string_view text;   ///< Without its line end, LF or CR LF, and without a byte order mark.
+  std::string_view text;   ///< Without its line end and without a byte order mark.
   std::size_t offset = 0;  ///< The byte offset of `text`.
 };
 
-/// Counts the lines of blocks of a text once, so that no list of all lines is needed.
+/// Finds what `SourceLines` finds. Counts the lines of blocks of a text once, so that no list of
+/// all lines is needed.
 class LineFinder {
  public:
   /// To be called for each text, which has to outlive its use.
@@ -29,6 +30,7 @@ class LineFinder {
   std::string_view text;
   std::vector<std::uint32_t> before;  ///< For each block, the newlines before it.
   std::size_t last = 0;               ///< The block of the last line.
+  bool endsInCrLf = false;            ///< All lines end in CR LF.
 };
 
 }  // namespace vexltags::tree

@@ -15,12 +15,12 @@ TEST(LineFinder, FindsTheLinesOfAnyText) {
   LineFinder finder;
   std::uint32_t seed = 3;
   for (const std::size_t size : {0U, 1U, 2U, 127U, 128U, 129U, 5000U}) {
-    for (const char* start : {"", "\n", "\xEF\xBB\xBF", "a\r\n", "\r"}) {
+    for (const char* start : {"", "\n", "\xEF\xBB\xBF", "a\r\n", "\r", "a\r\nb\r\nc\r"}) {
       std::string text = start;
       const std::uint32_t longest = 1U << (seed >> 28);
       while (text.size() < size) {
         seed = seed * 1664525 + 1013904223;
-        text += (seed >> 16) % longest == 0 ? '\n' : 'x';
+        text += (seed >> 16) % longest != 0 ? "x" : start[0] == 'a' ? "\r\n" : "\n";
       }
       finder.SetText(text);
       const SourceLines lines(text);

@@ -2,6 +2,9 @@
 // Prepares the tokens of a C-family file for the parser, declaration by declaration.
 #include "thorough/declaration_pass.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "base/character_class.h"
 #include "cfamily/main_words.h"
 #include "thorough/main_literals.h"
@@ -18,6 +21,26 @@ bool IsAccess(unsigned type) {
 bool EndsType(unsigned type) {
   return type == kMainId || type == kMainGreater || type == kMainStar || type == kMainAmpersand ||
          IsBuiltInType(type);
+}
+
+/// True if the declaration that ends with the last word, a semicolon, declares the variable `name`.
+/// Nothing before `least` belongs to it.
+bool EndsWithDeclarationOf(std::string_view name, const Words& words, std::size_t least) {
+  int depth = 0;
+  for (std::size_t i = words.size() - 1; i-- > least;) {
+    const unsigned type = words[i].type;
+    if (type == kMainSemicolon) return false;
+    if (type == kMainRParen) ++depth;
+    if (type == kMainLParen) --depth;
+    if (type != kMainId || words[i].text != name) continue;
+    const unsigned after = words[i + 1].type;
+    const bool endsHere = after == kMainComma || after == kMainSemicolon || after == kMainLSquare;
+    // `int (*a)(int);`
+    const bool isPointer =
+        i > least && words[i - 1].type == kMainStar && words[i - 2].type == kMainLParen;
+    if (depth == 0 ? endsHere : isPointer && (endsHere || after == kMainRParen)) return true;
+  }
+  return false;
 }
 
 /// The types of words that `Take` only appends, unless they begin a line or follow `)`.
@@ -277,7 +300,13 @@ bool DeclarationPass::IsOldStyleHead() const {
                           IsQualifier(after) || after == kMainKw_enum || after == kMainKw_register;
   if (!beginsType || words.size() - outline.pastParams < 3) return false;
   // A macro after a prototype is one word, or a call.
-  return after != kMainId || words[outline.pastParams + 1].type != kMainLParen;
+  if (after == kMainId && words[outline.pastParams + 1].type == kMainLParen) return false;
+  // `MACRO(a) int f(int);` is no head, since it declares something else.
+  const Words::const_iterator begin = words.begin();
+  const auto end = [&](std::size_t index) { return begin + static_cast<std::ptrdiff_t>(index); };
+  return std::any_of(end(outline.params), end(outline.pastParams), [&](const Word& param) {
+    return param.type == kMainId && EndsWithDeclarationOf(param.text, words, outline.pastParams);
+  });
 }
 
 }  // namespace vexltags::thorough

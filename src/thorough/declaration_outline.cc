@@ -87,6 +87,30 @@ bool IsPointerGroup(const Words& words, std::size_t open, std::size_t past) {
   return false;
 }
 
+/// The first word of the name of a function whose result is a pointer or a reference, where the
+/// parentheses from `open` to `past` are those in `int (*f(int))(int)`; `kNoWord` otherwise.
+/// `params` becomes the index of the parenthesis after a name that is found.
+std::size_t NameInResult(const Words& words, std::size_t open, std::size_t past,
+                         std::size_t& params) {
+  if (past >= words.size() || !IsOpen(words[past].type)) return kNoWord;
+  std::size_t at = open + 1;
+  while (at < past && (words[at].type == kMainStar || words[at].type == kMainBitwiseXor ||
+                       words[at].type == kMainAmpersand || words[at].type == kMainAnd)) {
+    ++at;
+  }
+  if (at == open + 1) return kNoWord;
+  while (at < past && IsQualifier(words[at].type)) ++at;
+  const std::size_t name = at;
+  while (at + 2 < past && words[at].type == kMainId && words[at + 1].type == kMainScope) at += 2;
+  if (words[at].type != kMainId || words[at + 1].type != kMainLParen) return kNoWord;
+  const std::size_t list = at + 1;
+  at = PastBracket(words, list);
+  while (at < past && (IsQualifier(words[at].type) || words[at].type == kMainKw_noexcept)) ++at;
+  if (at + 1 != past) return kNoWord;
+  params = list;
+  return name;
+}
+
 }  // namespace
 
 bool IsBuiltInType(unsigned type) { return type >= kMainKw_char && type <= kMainKw_void; }
@@ -208,6 +232,17 @@ Outline::Outline(const Words& words) {
       if (i > 0 && words[i - 1].type == kMainKw_decltype) {
         i = past;
         continue;
+      }
+      if (type == kMainLParen && i > begin && params == kNoWord && assign == kNoWord &&
+          words[begin].type != kMainKw_typedef) {
+        name = NameInResult(words, i, past, params);
+        if (name != kNoWord) {
+          result = i;
+          pastParams = PastBracket(words, params);
+          i = PastBracket(words, past);
+          colon = kNoWord;
+          continue;
+        }
       }
       if (type == kMainLParen && params == kNoWord && assign == kNoWord &&
           IsPointerGroup(words, i, past)) {

@@ -40,6 +40,8 @@ struct Outline {
   std::size_t colon = kNoWord;       ///< The first `:`; after the parameters if there are any.
   std::size_t comma = kNoWord;       ///< The first `,`.
   std::size_t pointer = kNoWord;     ///< The `(` around the name of a function pointer.
+  std::size_t result = kNoWord;  ///< The `(` in `int (*f(int))(int)`, whose result is a pointer.
+  std::size_t name = kNoWord;    ///< The first word of the name in it.
 };
 
 /// True for the words of built-in types.

@@ -36,6 +36,8 @@ std::string Parts(const std::string& source) {
   add("colon", outline.colon);
   add("comma", outline.comma);
   add("pointer", outline.pointer);
+  add("result", outline.result);
+  add("name", outline.name);
   return parts;
 }
 
@@ -99,6 +101,16 @@ TEST(DeclarationOutline, FindsNamesInParentheses) {
   EXPECT_EQ(Parts("int (A::*f)(int);"), "pointer=1");
   EXPECT_EQ(Parts("void (^f)(int);"), "pointer=1");
   EXPECT_EQ(Parts("int (*f)[3];"), "pointer=1");
+}
+
+TEST(DeclarationOutline, FindsFunctionsWhoseResultsArePointers) {
+  EXPECT_EQ(Parts("int (*f(int))(char);"), "params=4 past=7 result=1 name=3");
+  EXPECT_EQ(Parts("int (*A::f() const)[3] {"), "params=6 past=8 result=1 name=3");
+  EXPECT_EQ(Parts("A (&f(B (&b)[3]))[3];"), "params=4 past=14 result=1 name=3");
+  EXPECT_EQ(Parts("int (**f)(int);"), "pointer=1");
+  EXPECT_EQ(Parts("int (*f[2])(int);"), "pointer=1");
+  EXPECT_EQ(Parts("typedef int (*f(int))(int);"), "pointer=2");
+  EXPECT_EQ(Parts("int (*f(int));"), "pointer=1");
 }
 
 TEST(DeclarationOutline, FindsOperators) {

@@ -181,6 +181,8 @@ TEST(DeclarationRepair, ReducesFunctions) {
                 {{"int f(int a, B b = {1, 2}) noexcept(true) { return 1; }", "int f ( ) {}"},
                  {"A::A(int b) : c(b) {}", "A :: A ( ) {}"},
                  {"int (f)(int a) {}", "int f ( ) {}"},
+                 {"int (*f(A *a) const)(int) {}", "int f ( ) {}"},
+                 {"char (&A::f())[3] {}", "char A :: f ( ) {}"},
                  {"template(typename T)(requires B<T>) void f(T) {}", "void f ( ) {}"},
                  {"MAKE_TEMPLATE(typename T)(requires B<T>) void f(T) {}", "void f ( ) {}"},
                  {"template <class T> requires B<T> void f(T) {}", "template < > void f ( ) {}"}});

@@ -30,7 +30,7 @@ bool DeclarationRepairer::HasParameters(const Outline& outline) const {
 bool DeclarationRepairer::IsFunction(const Outline& outline) const {
   if (outline.params == kNoWord || outline.pointer != kNoWord) return false;
   if (outline.assign != kNoWord && outline.assign < outline.params) return false;
-  if (end == DeclarationEnd::Body || outline.begin > 0) return true;
+  if (end == DeclarationEnd::Body || outline.begin > 0 || outline.result != kNoWord) return true;
   if (outline.operatorWord != kNoWord || outline.arrow != kNoWord) return true;
   if (place.inClass || TypeAt(outline.params - 1) == kMainRParen) return true;
   if (TypeAt(0) != kMainKw_typedef && HasParameters(outline)) return true;
@@ -57,6 +57,11 @@ void DeclarationRepairer::RepairFunction(const Outline& outline) {
   if (outline.pastParams <= last) Erase(outline.pastParams, last);
   std::size_t params = outline.params;
   if (TypeAt(params + 1) != kMainRParen) Erase(params + 1, outline.pastParams - 1);
+  if (outline.result != kNoWord) {
+    // `int (*f(int))(int)`
+    Erase(outline.result, outline.name);
+    params -= outline.name - outline.result;
+  }
   // `(name)(...)`
   if (params >= 3 && TypeAt(params - 1) == kMainRParen && TypeAt(params - 3) == kMainLParen &&
       TypeAt(params - 2) == kMainId && outline.operatorWord == kNoWord) {

@@ -30,7 +30,7 @@ DeclarationPass::Curly DeclarationPass::ClassifyCurly() const {
   const Outline outline(words);
   if (last == kMainStringLiteral && words.size() <= 3) return Curly::Namespace;
   if (outline.assign != kNoWord) return Curly::Initializer;
-  if (last == kMainRSquare) return Curly::Initializer;
+  if (last == kMainRSquare && outline.result == kNoWord) return Curly::Initializer;
   const bool isFunction = outline.params != kNoWord;
   if (outline.enumKey != kNoWord && !isFunction) return Curly::Enum;
   if (outline.namespaceKey != kNoWord) return Curly::Namespace;

@@ -82,6 +82,11 @@ void DeclarationRepairer::RepairVariable(const Outline& outline) {
   // `int (* const name)(int)`, `int (A::* const name)(int) noexcept`
   if (outline.pointer != kNoWord && outline.params == kNoWord) {
     std::size_t past = PastBracket(words, outline.pointer);
+    // `int (** name)(int)`
+    while (TypeAt(outline.pointer + 1) == kMainStar && TypeAt(outline.pointer + 2) == kMainStar) {
+      Erase(outline.pointer + 1, outline.pointer + 2);
+      --past;
+    }
     for (std::size_t i = outline.pointer + 2; i < past; ++i) {
       if (TypeAt(i - 1) != kMainStar || !IsQualifier(TypeAt(i))) continue;
       Erase(i, i + 1);

@@ -43,6 +43,13 @@ bool EndsWithDeclarationOf(std::string_view name, const Words& words, std::size_
   return false;
 }
 
+/// True for a name whose first part, or all of it, is in capitals: `MAKE_type`.
+bool BeginsLikeMacro(std::string_view name) {
+  const std::size_t length = std::min(name.find('_'), name.size());
+  return length > 1 && std::all_of(name.begin(), name.begin() + static_cast<std::ptrdiff_t>(length),
+                                   [](char c) { return (c >= 'A' && c <= 'Z') || IsDigit(c); });
+}
+
 /// The types of words that `Take` only appends, unless they begin a line or follow `)`.
 constexpr ByteTable<bool> MakePlainTypes() {
   ByteTable<bool> plain{};
@@ -141,6 +148,10 @@ void DeclarationPass::Take(const Word& word) {
   if ((word.type == kMainId || word.type >= kMainKw_typedef) && EndsObjcHead(word.line)) {
     EndBefore(word);
   }
+  if (word.type >= kMainKw_typedef && !words.empty() && words.back().type == kMainRParen &&
+      word.line > words.back().line) {
+    DropCallsBefore(word);
+  }
   switch (word.type) {
     case kMainId:
       // `A() try : a() { } catch (...) { }`
@@ -216,6 +227,37 @@ bool DeclarationPass::SkipHiddenCall(const Word& open) {
   }
   hasChanged = true;
   return true;
+}
+
+void DeclarationPass::DropCallsBefore(const Word& word) {
+  constexpr std::size_t kLongestCalls = 200;
+  if (word.index < 0 || brackets > 0 || inEnum || words.size() > kLongestCalls) return;
+  bool areMacros = true;
+  for (std::size_t i = 0; i < words.size();) {
+    if (words[i].type != kMainId || i + 1 == words.size() || words[i + 1].type != kMainLParen) {
+      return;
+    }
+    areMacros = areMacros && BeginsLikeMacro(words[i].text);
+    i = PastBracket(words, i + 1);
+  }
+  const unsigned type = word.type;
+  const unsigned next = at < tokens.Count() ? tokens.TypeAt(at) : 0;
+  const unsigned second = at + 1 < tokens.Count() ? tokens.TypeAt(at + 1) : 0;
+  const bool isClass =
+      IsClassKey(type) && (next == kMainLCurly || second == kMainLCurly || second == kMainColon);
+  const bool cannotFollow = type == kMainKw_typedef || type == kMainKw_extern ||
+                            type == kMainKw_static || type == kMainKw_namespace ||
+                            type == kMainKw_template || type == kMainKw_using || isClass;
+  // What else begins a declaration may be that of an old-style parameter.
+  const bool begins = type == kMainKw_const
+                          ? next == kMainId || IsBuiltInType(next) || IsClassKey(next)
+                          : IsBuiltInType(type) || IsClassKey(type);
+  if (!cannotFollow && !(areMacros && begins)) return;
+  words.clear();
+  hasChanged = true;
+  --at;
+  Flush();
+  ++at;
 }
 
 void DeclarationPass::TakeStdNamespace(const Word& word) {

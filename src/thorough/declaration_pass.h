@@ -35,6 +35,7 @@ class DeclarationPass {
     int closes = 1;            ///< How many scopes its brace closes: two for `namespace a::b`.
     bool isTypedef = false;    ///< Whether a typedef declares the class.
     bool inNamespace = false;  ///< Whether it or a scope around it is a namespace with a name.
+    bool isTemplate = false;   ///< Whether it is a class template.
   };
   enum class Curly : std::uint8_t { Namespace, Class, Enum, Variables, Body, Initializer };
 
@@ -65,6 +66,9 @@ class DeclarationPass {
   void TakeCurly(const Word& word);
   void TakeClose(const Word& word);
   void TakeColon(const Word& word);
+  /// Leaves out calls of unknown macros, which need no semicolon, if they are all that is on the
+  /// lines before `word`, with which a declaration surely begins.
+  void DropCallsBefore(const Word& word);
   void TakeStdNamespace(const Word& word);
   /// Skips the arguments in `int f(int) __nonnull((1));`, whose parenthesis is `open`: the lexer
   /// hides the word before them only. Returns true if it has.
@@ -110,7 +114,8 @@ class DeclarationPass {
   int brackets = 0;             ///< Open parentheses and square brackets in it.
   int enumDepth = 0;            ///< Open braces of an enum.
   bool inEnum = false;
-  bool followsNamedClass = false;  ///< The last `}` closed a class with a name.
+  bool followsNamedClass = false;  ///< The last `}` closed a class with a name ...
+  bool followsTemplate = false;    ///< ... and this class is a template.
   int madeCurlies = 0;             ///< Open braces of a block that a macro opened ...
   bool madeBody = false;           ///< ... and whether it is the body of a function.
   bool unclosed = false;           ///< A block that stays open has been met: there is no other end.

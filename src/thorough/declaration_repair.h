@@ -18,6 +18,7 @@ struct DeclarationPlace {
   bool followsNamedClass = false;  ///< After the `}` of a class that has a name and no typedef.
   std::string_view className;      ///< Of the innermost class; empty outside any.
   Dialect dialect = Dialect::Unknown;
+  bool followsTemplate = false;  ///< After the `}` of a class template.
 };
 
 /// How a declaration ends.

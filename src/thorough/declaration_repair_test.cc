@@ -223,9 +223,13 @@ TEST(DeclarationRepair, RemovesDefaultArguments) {
 }
 
 TEST(DeclarationRepair, RemovesTheWidthsOfBitFields) {
-  ExpectRepairs(
-      DeclarationEnd::Semicolon, kInClass,
-      {{"int a : 3;", "int a ;"}, {"int a : 3, b : (4 + 5);", "int a , b ;"}, {"int : 3;", ""}});
+  ExpectRepairs(DeclarationEnd::Semicolon, kInClass,
+                {{"int a : 3;", "int a ;"},
+                 {"int a : 3, b : (4 + 5);", "int a , b ;"},
+                 {"int : 3;", ""},
+                 {"int : 3, : 4;", ""},
+                 {"int a : F(1), : 3, b : G(1, 2) + 1, : 4;", "int a , b ;"},
+                 {"A : 3, override : 4;", "A override^ ;"}});
 }
 
 TEST(DeclarationRepair, ReducesTypedefs) {

@@ -146,7 +146,8 @@ void DeclarationRepairer::RetypeNames() {
         after == kMainSemicolon || after == kMainComma || after == kMainRParen ||
         after == kMainLSquare ||
         (after == kMainColon && type != kMainKw_public && type != kMainKw_private);
-    const bool followsType = before == kMainId || before == kMainStar || IsBuiltInType(before);
+    const bool followsType = before == kMainId || before == kMainStar || IsBuiltInType(before) ||
+                             (before == kMainComma && after == kMainColon);
     if (endsName && followsType) Retype(i, kMainId);
   }
 }

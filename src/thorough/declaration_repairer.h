@@ -136,6 +136,9 @@ class DeclarationRepairer {
   void RepairTail();
   /// Repairs whatever is not a function.
   void RepairVariable(const Outline& outline);
+  /// Removes the widths of bit fields, the first of which follows the word at `colon`, and those
+  /// that have no name.
+  void RepairBitFields(std::size_t colon);
   /// Removes the arguments in `const Type name("text");`, which cannot be parameters.
   void RemoveArguments();
   /// Removes the arguments in `constexpr bool name<A::B> = true;`, which would be taken for part

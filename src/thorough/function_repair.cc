@@ -9,7 +9,16 @@ namespace vexltags::thorough {
 bool DeclarationRepairer::BeginsParameter(std::size_t at) const {
   const unsigned first = TypeAt(at);
   const unsigned second = TypeAt(at + 1);
-  if (first == kMainId) return second == kMainId;
+  if (first == kMainId) {
+    // `a::B c`, `a::B* MACRO c`
+    std::size_t next = at + 1;
+    while (TypeAt(next) == kMainScope && TypeAt(next + 1) == kMainId) next += 2;
+    if (TypeAt(next) == kMainId) return true;
+    const std::size_t type = next;
+    while (TypeAt(next) == kMainStar || TypeAt(next) == kMainAmpersand) ++next;
+    return next > type &&
+           (IsQualifier(TypeAt(next)) || (TypeAt(next) == kMainId && TypeAt(next + 1) == kMainId));
+  }
   if (IsBuiltInType(first)) return second != kMainLParen && second != kMainLCurly;
   return IsQualifier(first) || IsClassKey(first) || first == kMainKw_enum;
 }

@@ -167,6 +167,7 @@ void DeclarationPass::TakeClose(const Word& word) {
     words.push_back(close);
     hasChanged = true;
   }
+  followsTemplate = scope.isTemplate;
   followsNamedClass = hasTail && !scope.name.empty() && !scope.isTypedef;
   if (!hasTail || word.index < 0) EndDeclaration(DeclarationEnd::Other);
 }

@@ -64,6 +64,7 @@ void DeclarationPass::EndDeclaration(DeclarationEnd end) {
     place.followsNamedClass = followsNamedClass;
     place.className = ClassName();
     place.dialect = dialect;
+    place.followsTemplate = followsTemplate;
     const unsigned first = words[0].type;
     const bool opensObjc =
         (first == kMainInterface || first == kMainProtocol || first == kMainImplementation) &&
@@ -77,7 +78,9 @@ void DeclarationPass::EndDeclaration(DeclarationEnd end) {
       scopes.push_back({Level::Objc, {}, 1, false, place.inNamespace});
     } else if (end == DeclarationEnd::ClassBody) {
       const bool isTypedef = words[0].type == kMainKw_typedef;
-      scopes.push_back({Level::Class, NameOfClass(words), 1, isTypedef, place.inNamespace});
+      const bool isTemplate = words[0].type == kMainKw_template;
+      scopes.push_back(
+          {Level::Class, NameOfClass(words), 1, isTypedef, place.inNamespace, isTemplate});
     }
   } else if (end == DeclarationEnd::ClassBody) {
     scopes.push_back({Level::Class, {}, 1, false, InNamespace()});

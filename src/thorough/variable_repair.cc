@@ -9,6 +9,8 @@
 namespace vexltags::thorough {
 
 void DeclarationRepairer::RepairTail() {
+  // A template declares no variables: what follows it is a macro.
+  if (place.followsTemplate && words.back().type == kMainSemicolon) Erase(1, words.size() - 1);
   CutInitializer(1);
   RemoveLeadingScopes();
   // Macros with arguments, and attributes of a class that has a name.
@@ -46,26 +48,10 @@ void DeclarationRepairer::RepairVariable(const Outline& outline) {
   if (outline.classKey == kNoWord) RemoveDefaults();
   if (TypeAt(outline.begin) == kMainKw_concept) return RepairConcept(outline);
   if (TypeAt(outline.begin) == kMainKw_namespace || first == kMainKw_namespace) return;
-  // A bit field: its width is no part of a tag. One without a name is none.
   if (outline.colon != kNoWord && outline.params == kNoWord && place.inClass &&
       outline.colon + 1 < words.size() && TypeAt(0) != kMainKw_public &&
       TypeAt(0) != kMainKw_protected && TypeAt(0) != kMainKw_private && outline.colon > 0) {
-    if (TypeAt(outline.colon - 1) != kMainId || outline.colon == 1) {
-      Erase(0, words.size());
-      return;
-    }
-    for (std::size_t i = outline.colon; i < words.size();) {
-      if (TypeAt(i) == kMainColon) {
-        std::size_t stop = i + 1;
-        while (stop < words.size() && TypeAt(stop) != kMainComma &&
-               TypeAt(stop) != kMainSemicolon) {
-          stop = TypeAt(stop) == kMainLParen ? PastBracket(words, stop) : stop + 1;
-        }
-        Erase(i, stop);
-      }
-      ++i;
-    }
-    return;
+    return RepairBitFields(outline.colon);
   }
   CutInitializer(outline.begin);
   RemoveArguments();
@@ -105,6 +91,32 @@ void DeclarationRepairer::RepairVariable(const Outline& outline) {
     }
   }
   RemoveNameArguments(outline.begin);
+}
+
+void DeclarationRepairer::RepairBitFields(std::size_t colon) {
+  // Without a type this is something else.
+  if (TypeAt(colon - 1) != kMainId && !IsBuiltInType(TypeAt(colon - 1))) {
+    return Erase(0, words.size());
+  }
+  for (std::size_t i = colon; i < words.size();) {
+    if (TypeAt(i) != kMainColon) {
+      ++i;
+      continue;
+    }
+    std::size_t stop = i + 1;
+    while (stop < words.size() && TypeAt(stop) != kMainComma && TypeAt(stop) != kMainSemicolon) {
+      stop = TypeAt(stop) == kMainLParen ? PastBracket(words, stop) : stop + 1;
+    }
+    if (i > 1 && TypeAt(i - 1) == kMainId) {
+      Erase(i, stop);
+    } else if (TypeAt(stop) == kMainComma) {
+      Erase(i, stop + 1);
+    } else if (TypeAt(i - 1) == kMainComma) {
+      Erase(i - 1, stop);
+    } else {
+      return Erase(0, words.size());
+    }
+  }
 }
 
 void DeclarationRepairer::RemoveArguments() {

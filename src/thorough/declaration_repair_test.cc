@@ -192,6 +192,23 @@ TEST(DeclarationRepair, ReducesFunctions) {
                  {"template <class T> void f(T);", "template < > void f ( ) ;"}});
 }
 
+TEST(DeclarationRepair, MakesMembersOfCalls) {
+  ExpectRepairs(DeclarationEnd::Semicolon, kInClass,
+                {{"CONSTANT(unsigned long, a = f(1, 2));", "unsigned long a ;"},
+                 {"METHOD(void, f, (int a, B<c, d> e), (override));", "void f ( ) ;"},
+                 {"METHOD(std::size_t, f, ());", "std :: size_t f ( ) ;"},
+                 {"METHOD(f, void());", "int f ( ) ;"},
+                 {"METHOD(f, A(B *));", "int f ( ) ;"},
+                 {"METHOD(f, A(int, b));", "int f ( ) ;"},
+                 {"METHOD(f, A());", ""},
+                 {"METHOD(f, A(b, c));", ""},
+                 {"CHECK(a, b);", ""},
+                 {"CHECK(a == b, c = d);", ""},
+                 {"CHECK(a, b, c);", ""},
+                 {"CHECK();", ""}});
+  ExpectRepairs(DeclarationEnd::Semicolon, {{"CONSTANT(int, a = 1);", ""}});
+}
+
 TEST(DeclarationRepair, ReducesOperators) {
   ExpectRepairs(DeclarationEnd::Semicolon, kInClass,
                 {{"bool operator()(int) const;", "bool operator ( ) ( ) ;"},

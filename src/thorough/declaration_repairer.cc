@@ -112,7 +112,7 @@ void DeclarationRepairer::RepairPlain() {
     return Erase(0, words.size());
   }
   if (IsMacroCall(outline)) {
-    Erase(0, words.size());
+    if (!RepairMemberCall()) Erase(0, words.size());
     return;
   }
   if (TypeAt(outline.begin) == kMainKw_using) return RepairUsing();

@@ -118,6 +118,15 @@ class DeclarationRepairer {
   /// True for `MACRO(arguments);` and `MACRO(arguments) { ... }`, which declare nothing that could
   /// be read.
   bool IsMacroCall(const Outline& outline) const;
+  /// Makes a member of the call of a macro in a class whose arguments declare one, such as
+  /// `CONSTANT(int, name = 1);`, `METHOD(int, name, (int a));` and `METHOD(name, int(int a));`.
+  /// Returns false, and changes nothing, for any other call.
+  bool RepairMemberCall();
+  /// True if the words from `from` up to, but not including, `to` can be a type.
+  bool IsType(std::size_t from, std::size_t to) const;
+  /// True if the words from `from` up to, but not including, `to` are the type of a function and no
+  /// call.
+  bool IsFunctionType(std::size_t from, std::size_t to) const;
 
   // Functions
 

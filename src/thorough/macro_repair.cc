@@ -223,6 +223,78 @@ void DeclarationRepairer::RemoveTrailingMacros() {
   }
 }
 
+bool DeclarationRepairer::IsType(std::size_t from, std::size_t to) const {
+  for (std::size_t i = from; i < to; ++i) {
+    const unsigned type = TypeAt(i);
+    const bool isPart = type == kMainId || type == kMainScope || IsBuiltInType(type) ||
+                        IsQualifier(type) || IsClassKey(type) || type == kMainStar ||
+                        type == kMainAmpersand || type == kMainLess || type == kMainGreater ||
+                        type == kMainKw_typename;
+    if (!isPart) return false;
+  }
+  return from < to;
+}
+
+bool DeclarationRepairer::IsFunctionType(std::size_t from, std::size_t to) const {
+  std::size_t open = from;
+  while (open < to && TypeAt(open) != kMainLParen) ++open;
+  if (!IsType(from, open) || PastBracket(words, open) != to) return false;
+  if (TypeAt(from) == kMainKw_void || IsQualifier(TypeAt(from))) return true;
+  for (std::size_t i = open + 1; i < to; ++i) {
+    const unsigned before = TypeAt(i - 1);
+    const bool begins = before == kMainLParen || before == kMainComma;
+    const bool ends = TypeAt(i) == kMainRParen || TypeAt(i) == kMainComma;
+    if (begins && BeginsParameter(i)) return true;
+    if (ends && (before == kMainStar || before == kMainAmpersand)) return true;
+  }
+  return false;
+}
+
+bool DeclarationRepairer::RepairMemberCall() {
+  if (!place.inClass || end != DeclarationEnd::Semicolon || !LooksLikeMacro(words[0])) return false;
+  const std::size_t close = words.size() - 2;
+  if (words.size() < 6 || PastBracket(words, 1) != close + 1) return false;
+  std::size_t comma = 2;
+  while (comma < close && TypeAt(comma) != kMainComma) {
+    const bool opens = TypeAt(comma) == kMainLParen || TypeAt(comma) == kMainLSquare;
+    comma = opens ? PastBracket(words, comma) : comma + 1;
+  }
+  if (comma >= close) return false;
+  const std::size_t name = comma + 1;
+  const std::size_t open = comma + 3;
+  if (IsType(2, comma) && TypeAt(name) == kMainId && TypeAt(name + 1) == kMainAssign) {
+    // CONSTANT(int, name = 1);
+    Erase(name + 1, close + 1);
+    Erase(comma, name);
+    Erase(0, 2);
+    return true;
+  }
+  if (IsType(2, comma) && TypeAt(name) == kMainId && TypeAt(name + 1) == kMainComma &&
+      TypeAt(open) == kMainLParen) {
+    // METHOD(int, name, (int a));
+    const std::size_t past = PastBracket(words, open);
+    if (past != close && TypeAt(past) != kMainComma) return false;
+    Erase(past, close + 1);
+    Erase(open + 1, past - 1);
+    Erase(name + 1, open);
+    Erase(comma, name);
+    Erase(0, 2);
+    return true;
+  }
+  if (comma == 3 && TypeAt(2) == kMainId && IsFunctionType(name, close)) {
+    // METHOD(name, int(int a));
+    std::size_t params = name;
+    while (TypeAt(params) != kMainLParen) ++params;
+    Erase(close, close + 1);
+    Erase(params + 1, close - 1);
+    Erase(comma, params);
+    Erase(0, 2);
+    Insert(0, kMainKw_int, "int");
+    return true;
+  }
+  return false;
+}
+
 bool DeclarationRepairer::IsMacroCall(const Outline& outline) const {
   if (outline.params != 1 || TypeAt(0) != kMainId || outline.operatorWord != kNoWord) {
     return false;

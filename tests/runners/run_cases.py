@@ -9,9 +9,9 @@ A golden case is a folder tests/cases/LANGUAGE/CONSTRUCT/NAME/ with
   README           one sentence: what the case shows
 A command-line case is a folder tests/cli/TOPIC/NAME/ with run.sh, which runs under `sh -eu` in a
 fresh copy of the folder that is also its HOME. The environment has the program in $VEXLTAGS, its
-companions from the same folder in $VEXLTAGS_PORTABLE and $VEXLTAGS_CTAGS, Python in $PYTHON and the
-project's sources in $VEXLTAGS_SOURCE. Exit status 77 skips the case; the last line printed is the
-reason.
+companions from the same folder in $VEXLTAGS_PORTABLE, $VEXLTAGS_CTAGS and $VEXLTAGS_TREE, Python in
+$PYTHON and the project's sources in $VEXLTAGS_SOURCE. Exit status 77 skips the case; the last line
+printed is the reason.
 
 Cases are found at any depth: a folder that holds a file is a case, one that holds only folders is a
 group. A case is named by its path below tests/cases, or below tests for a command-line case.
@@ -40,7 +40,7 @@ GOLDEN_OPTIONS = ["--sort=no", "--tag-relative"]
 HEADER_LINES = 4
 NO_HOME = "/nonexistent"
 SKIPPED = 77
-COMPANIONS = ("portable", "ctags")
+COMPANIONS = ("portable", "ctags", "tree")
 # Characters that have a backslash before them in the path of a tag line.
 ESCAPED = set("\t\n\r \"'()*<>?[\\]^")
 

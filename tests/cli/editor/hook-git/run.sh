@@ -1,8 +1,9 @@
 # SPDX-License-Identifier: MIT
 # The git hook writes tags after commit, checkout and merge, and ignores listed files that do not exist.
 command -v git >/dev/null || { echo "git is not installed"; exit 77; }
+[ -x "$VEXLTAGS_TREE" ] || { echo "vexltags-tree is not built"; exit 77; }
 mkdir bin
-ln -s "$VEXLTAGS" bin/vexltags
+ln -s "$VEXLTAGS_TREE" bin/vexltags-tree
 PATH=$PWD/bin:$PATH
 export GIT_CONFIG_NOSYSTEM=1 GIT_AUTHOR_NAME=a GIT_AUTHOR_EMAIL=a@b GIT_COMMITTER_NAME=a GIT_COMMITTER_EMAIL=a@b
 git -c init.defaultBranch=main init -q repo
@@ -40,6 +41,6 @@ git checkout -q side
 names 'checkout of a tree with a file missing'
 git status --short
 ls .git | grep tags || true
-rm ../bin/vexltags
+rm ../bin/vexltags-tree
 git checkout -q main
 names 'checkout without the program'

@@ -3,8 +3,9 @@
 for tool in git pre-commit; do
   command -v $tool >/dev/null || { echo "$tool is not installed"; exit 77; }
 done
+[ -x "$VEXLTAGS_TREE" ] || { echo "vexltags-tree is not built"; exit 77; }
 mkdir bin
-ln -s "$VEXLTAGS" bin/vexltags
+ln -s "$VEXLTAGS_TREE" bin/vexltags-tree
 PATH=$PWD/bin:$PATH
 export GIT_AUTHOR_NAME=a GIT_AUTHOR_EMAIL=a@b GIT_COMMITTER_NAME=a GIT_COMMITTER_EMAIL=a@b
 git init -q repo

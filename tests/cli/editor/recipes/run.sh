@@ -4,8 +4,9 @@ for tool in git make cmake ninja; do
   command -v $tool >/dev/null || { echo "$tool is not installed"; exit 77; }
 done
 block() { sed -n "/^\`\`\`$1\$/,/^\`\`\`\$/p" "$VEXLTAGS_SOURCE/hooks/README.md" | sed '/^```/d'; }
+[ -x "$VEXLTAGS_TREE" ] || { echo "vexltags-tree is not built"; exit 77; }
 mkdir bin
-ln -s "$VEXLTAGS" bin/vexltags
+ln -s "$VEXLTAGS_TREE" bin/vexltags-tree
 PATH=$PWD/bin:$PATH
 git init -q repo
 cd repo

@@ -63,7 +63,8 @@ set(CPACK_PACKAGE_DESCRIPTION
     "Indexes source files for editors: one line for each function, method,
 class, enum, macro and member, in the extended tags format.
 
-The filter vexltags-portable rewrites tags files for readers that are
+The command vexltags-tree finds the sources of a project and keeps its
+tags file fresh. The filter vexltags-portable rewrites tags files for readers that are
 strict about the format. The command vexltags-ctags takes the place of
 ctags in editors and their plug-ins.")
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/PackagedDocs.cmake)
@@ -75,13 +76,16 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "vim | neovim | emacs | universal-ctags")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "vim | neovim | emacs | universal-ctags, git, parallel")
 find_program(VEXLTAGS_SHLIBDEPS dpkg-shlibdeps)
 mark_as_advanced(VEXLTAGS_SHLIBDEPS)
 if(VEXLTAGS_SHLIBDEPS)
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 else()
   set(CPACK_DEBIAN_PACKAGE_DEPENDS "libc6, libgcc-s1, libstdc++6")
+  if(VEXLTAGS_TREE)
+    string(APPEND CPACK_DEBIAN_PACKAGE_DEPENDS ", libsqlite3-0")
+  endif()
 endif()
 include(CPack)
 

@@ -8,10 +8,12 @@ The list is what the program's usage text names, and the options on which that t
 companions vexltags-portable and vexltags-ctags are in the program's folder.
 """
 import argparse
+import json
 import os
 import pathlib
 import re
 import shutil
+import statistics
 import subprocess
 import sys
 import tempfile
@@ -358,24 +360,56 @@ class Examples(Scratch):
             written = done.stdout or (self.folder / "tags").read_bytes()
             self.assertGreater(written.count(b"\n"), 1, example)
 
+    def tree(self, *arguments):
+        """Runs vexltags-tree in the scratch folder and returns what it writes to `tags`."""
+        if not is_built("tree"):
+            self.skipTest("vexltags-tree is not built")
+        done = subprocess.run([f"{PROGRAM}-tree", "--quiet", "--no-cache", *arguments], cwd=self.folder,
+                              stderr=subprocess.PIPE, timeout=60, check=True)
+        self.assertEqual(done.stderr, b"")
+        return (self.folder / "tags").read_text(encoding="utf-8")
+
     def test_readme(self):
-        text = read("README.md")
-        name, source, command, written = re.search(
-            r"For this `(\S+)`\n\n```cpp\n(.*?)```\n\n`(vexltags .*?)` writes\n\n```\n(.*?)```",
-            text, re.DOTALL).groups()
+        name, source, written = re.search(
+            r"In a project with this `(\S+)`\n\n```cpp\n(.*?)```\n\n`vexltags-tree` writes the file `tags`:"
+            r"\n\n```\n(.*?)```", read("README.md"), re.DOTALL).groups()
+        for path in self.folder.iterdir():
+            path.unlink()
         (self.folder / name).write_text(source, encoding="utf-8")
-        self.assertEqual(self.run_shell(command).stdout.decode(), written)
+        self.assertEqual(self.tree(), written)
 
     def test_readme_on_this_project(self):
-        text = read("README.md")
-        name, line = re.search(r"`grep '\^(\w+)' tags` prints .*?```\n(.*?\n)```", text,
-                               re.DOTALL).groups()
-        field = line.split("\t")[1]
-        done = self.run_shell(f"vexltags '{ROOT}/{field.replace('~/vexltags/', '', 1)}'")
-        found = [one.split("\t") for one in done.stdout.decode().splitlines()
-                 if one.startswith(name)]
-        self.assertEqual([[one[0], *one[2:]] for one in found],
-                         [[line.split("\t")[0], *line.rstrip("\n").split("\t")[2:]]])
+        line = re.search(r"^grep -w '\^kVersion' tags$.*?^```\n(kVersion\t.*?\n)```", read("README.md"),
+                         re.DOTALL | re.MULTILINE)[1]
+        path = self.folder / line.split("\t")[1]
+        path.parent.mkdir(parents=True)
+        shutil.copy(ROOT / line.split("\t")[1], path)
+        self.assertIn(line, self.tree().splitlines(keepends=True))
+
+    def check_row(self, part):
+        self.assertTrue(part in read("README.md"), f"no row of README.md has {part}")
+
+    def test_readme_numbers(self):
+        """The numbers of the table are those of the saved results."""
+        rows = [line.split("|")[1:-1] for line in read("bench/results/recall-debian12.md").splitlines()
+                if " of " in line and line.startswith("|")]
+        recall = {row[0].strip(): [cell.split("/") for cell in (row[5], row[3])] for row in rows}
+        other = ("GNUstep headers", "Objective-C sources", "Python's library", "Swift")
+        for title, which in (("declarations found", 0), ("tags that are right", 1)):
+            cells = []
+            for program in (0, 1):
+                values = [float(cell[program][which]) for name, cell in recall.items()
+                          if name not in other]
+                cells.append(f"{statistics.median(values):.1f} % ({min(values):.1f})")
+            self.check_row(f"| C and C++: {title} | {cells[0]} | {cells[1]} |")
+        result = json.loads(read("bench/results/tree-debian12.json"))
+        wall, cpu = ({key: statistics.median(times) for key, times in result[kind].items()}
+                     for kind in ("wall", "cpu"))
+        self.check_row(f"| {wall['cold, --no-cache']:.1f} s, {cpu['cold, --no-cache']:.1f} s | "
+                      f"{wall['ctags -R']:.1f} s, {cpu['ctags -R']:.1f} s |")
+        self.check_row(f"| {wall['nothing edited']:.2f} s; {wall['one file edited']:.2f} s |")
+        peak = {key: kib / 1024 for key, kib in result["peaks_kib"].items()}
+        self.check_row(f"| peak memory | {peak['cold']:.0f} MB | {peak['ctags -R']:.0f} MB |")
 
 
 def main():

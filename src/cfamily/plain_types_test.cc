@@ -78,5 +78,45 @@ TEST(FailsAsPlainType, DoesNothingOutsideSpeculativeParses) {
   EXPECT_FALSE(FailsAsPlainType(&parser));
 }
 
+TEST(FailsAsPlainDeclaration, IfNoParenthesisComesBeforeTheEnd) {
+  const std::vector<unsigned> plain[] = {
+      {kMainId, kMainId, kMainSemicolon},
+      {kMainKw_int, kMainId, kMainAssign},
+      {kMainKw_static, kMainKw_const, kMainKw_char, kMainStar, kMainId, kMainLSquare},
+      {kMainKw_extern, kMainKw_struct, kMainId, kMainStar, kMainId, kMainComma},
+      {kMainKw_inline, kMainKw_unsigned, kMainId, kMainColon, kMainNumber},
+      {kMainKw_class, kMainId, kMainLCurly},
+      {kMainKw_union, kMainLCurly},
+  };
+  for (const auto& types : plain) {
+    FakeParser parser(types);
+    EXPECT_TRUE(FailsAsPlainDeclaration(&parser)) << types.size();
+    EXPECT_EQ(parser.state.failed, static_cast<ANTLR3_BOOLEAN>(ANTLR3_TRUE));
+    EXPECT_EQ(parser.state.errorRecovery, static_cast<ANTLR3_BOOLEAN>(ANTLR3_FALSE));
+    EXPECT_EQ(parser.table.Position(), 0U);
+  }
+}
+
+TEST(FailsAsPlainDeclaration, LeavesEverythingElseToTheRule) {
+  const std::vector<unsigned> others[] = {
+      {},
+      {kMainSemicolon},
+      {kMainId},
+      {kMainKw_friend, kMainId, kMainSemicolon},
+      {kMainKw_int, kMainId, kMainLParen, kMainRParen, kMainSemicolon},
+      {kMainKw_static, kMainId, kMainTilde, kMainId, kMainLParen},
+      {kMainId, kMainStar, kMainKw_operator, kMainAssign, kMainLParen},
+      {kMainId, kMainLess, kMainId, kMainComma},
+      {kMainKw_extern, kMainStringLiteral, kMainLCurly},
+      std::vector<unsigned>(100, kMainKw_static),
+  };
+  for (const auto& types : others) {
+    FakeParser parser(types);
+    EXPECT_FALSE(FailsAsPlainDeclaration(&parser)) << types.size();
+    EXPECT_EQ(parser.state.failed, static_cast<ANTLR3_BOOLEAN>(ANTLR3_FALSE));
+    EXPECT_EQ(parser.state.errorRecovery, static_cast<ANTLR3_BOOLEAN>(ANTLR3_TRUE));
+  }
+}
+
 }  // namespace
 }  // namespace vexltags

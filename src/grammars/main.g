@@ -158,6 +158,7 @@ linkage returns [stdString r]
 function
 options { memoize = true; }
 @declarations { bool isDefinition = false; }
+@init { if (FailsAsPlainDeclaration(ctx)) return; }
   : ( f = 'friend' )? fp = functionDeclDef
     ( SEMICOLON
     | optInitializerList ( requires_clause )? curlyEater { isDefinition = true; }

@@ -60,6 +60,8 @@ void TokenTable::Apply(const TokenEdits& edits) {
   const std::string oldTexts = std::exchange(replacedTexts, {});
   const std::vector<Place> oldPlaces = std::exchange(places, {});
   const std::uint8_t hiddenAtEnd = lastHidden;
+  replaced.reserve(oldReplaced.size());
+  replacedTexts.reserve(oldTexts.size());
   std::vector<Stretch> removed;
   count = 0;
   gaps = 0;

@@ -93,6 +93,7 @@ std::optional<TreeOptions> ParseTreeOptions(int argc, const char* const* argv, i
          "Leave out what this pattern of .gitignore matches.")
       ->type_name("PATTERN")
       ->expected(1)
+      ->allow_extra_args(false)
       ->trigger_on_parse();
   app.add_option_function<std::vector<std::string>>(
          "--include",
@@ -102,12 +103,14 @@ std::optional<TreeOptions> ParseTreeOptions(int argc, const char* const* argv, i
          "Read what this pattern matches, even if it is ignored.")
       ->type_name("PATTERN")
       ->expected(1)
+      ->allow_extra_args(false)
       ->trigger_on_parse();
   app.add_option("--languages", languages, "Only these of C,C++,ObjectiveC,Swift,Python.")
       ->type_name("LIST");
   app.add_option("--macros", options.macros, "Learn macros from this file or folder too.")
       ->type_name("PATH")
       ->expected(1)
+      ->allow_extra_args(false)
       ->take_all();
   app.add_flag("--exact", options.isExact, "Read by the grammars alone, as vexltags does.");
   app.add_flag("--list", options.listsOnly, "List the files that would be read.");

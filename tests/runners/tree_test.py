@@ -247,6 +247,16 @@ class Behaviour(Scratch):
         _, errors = process.communicate(timeout=60)
         self.assertEqual((process.returncode, errors), (0, b""))
 
+    def test_a_folder_after_an_option_with_a_value(self):
+        for name in ("a/x.c", "a/y.c", "b/z.c", "c/w.c"):
+            self.write(name, "int n;\n")
+        header = self.write("m.h", "#define M int\n")
+        for options in (["--exclude", "x.c"], ["--exclude=x.c"], ["--include=w.c", "--exclude", "x.c"]):
+            listed = self.tree("--list", *options, "a").stdout.split()
+            self.assertEqual(listed, [b"a/y.c"], options)
+        listed = self.tree("--list", "--macros", str(header), "--macros", "c", "a", "b").stdout.split()
+        self.assertEqual(listed, [b"a/x.c", b"a/y.c", b"b/z.c"])
+
     def test_mistakes(self):
         self.write("a.c", "int a;\n")
         for arguments in (["--format=xml"], ["-j0"], ["--languages=Cobol"], ["--unknown"],

@@ -125,7 +125,7 @@ std::string MacroTable::TextOfFacts(std::string_view facts) {
   while (!facts.empty()) {
     const Part part = TakePart(facts);
     if (part.begin > text.size() || part.text.size() > text.size() - part.begin) break;
-    std::memcpy(text.data() + part.begin, part.text.data(), part.text.size());
+    part.text.copy(text.data() + part.begin, part.text.size());
   }
   return text;
 }

@@ -40,9 +40,9 @@ struct Part {
 /// Takes a part from the front of `facts`.
 Part TakePart(std::string_view& facts) {
   const std::size_t begin = TakeNumber(facts);
-  const std::size_t size = std::min<std::size_t>(TakeNumber(facts), facts.size());
+  const std::size_t size = TakeNumber(facts);
   const Part part = {begin, facts.substr(0, size)};
-  facts.remove_prefix(size);
+  facts.remove_prefix(part.text.size());
   return part;
 }
 

@@ -32,7 +32,7 @@ TEST(Database, KeepsRows) {
   EXPECT_TRUE(database.Close());
 }
 
-TEST(Database, TellsADamagedFileFromOneThatCannotBeOpened) {
+TEST(Database, DistinguishesADamagedFileFromOneThatCannotBeOpened) {
   const ScratchFolder scratch;
   WriteFile(scratch.Path("a.db"), std::string(5000, 'x'));
   Database damaged;

@@ -38,7 +38,7 @@ TEST(Signature, FindsTheName) {
   EXPECT_EQ(Of("int (f)(int a);", "f"), "");
 }
 
-TEST(Signature, TellsFunctionsOfOneNameApart) {
+TEST(Signature, DistinguishesFunctionsOfOneName) {
   constexpr std::string_view kTwo = "void f(int); void f(char);";
   EXPECT_EQ(Of(kTwo, "f", Syntax::kC, 0, 2), "(int)");
   EXPECT_EQ(Of(kTwo, "f", Syntax::kC, 1, 2), "(char)");

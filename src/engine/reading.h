@@ -20,7 +20,8 @@ class ItemParser {
   /// Returns the tokens of the file, whose position is that of the parser.
   virtual TokenTable& Tokens() = 0;
   /// Reads items from the current token until none can begin, like the start rule without the end
-  /// of the file. If the file has exceeded its time limit, seeks to its end.
+  /// of the file. A grammar may report an error if none can begin at once. If the file has exceeded
+  /// its time limit, seeks to its end.
   virtual void ReadItems() = 0;
 
   /// Returns the tag builder of the file, which must be a `Builder`.

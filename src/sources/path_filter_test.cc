@@ -23,7 +23,7 @@ TEST(PathFilter, LeavesOutWhatIsBelowAnExcludedDirectory) {
   EXPECT_EQ(filter.Judge("x/out.c", false), PathVerdict::kPlain);
 }
 
-TEST(PathFilter, TellsFilesThatArePatternsNames) {
+TEST(PathFilter, ReportsFilesThatPatternsName) {
   const IgnorePatterns patterns = Patterns({"!*.inc", "!gen/", "!lib/**", "!doc/*", "!/x/table"});
   PathFilter filter(patterns);
   EXPECT_EQ(filter.Judge("a.inc", false), PathVerdict::kNamed);

@@ -10,7 +10,7 @@
 
 namespace vexltags::tree {
 
-/// What another machine is told before the files.
+/// What another machine receives before the files.
 struct HostTask {
   std::string folder;  ///< The working directory to which paths are relative.
   bool isExact = false;

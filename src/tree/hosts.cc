@@ -61,7 +61,7 @@ std::string ReadFile(const std::string& path) {
 }
 
 /// Runs a program with `input` as standard input, and waits for it. Its output goes to the file
-/// `output`, its messages to nobody: they are about what is tried again. Returns whether it could
+/// `output`; its messages are dropped, since what fails is tried again. Returns whether it could
 /// be started.
 bool RunProgram(const std::vector<std::string>& arguments, const std::string& input,
                 const std::string& output, const std::function<bool()>& onTick) {

@@ -60,7 +60,9 @@ std::optional<HostTask> ReadHostTask(const Frame& frame) {
 
 int ServeMachine() {
   const std::string input = ReadAllInput();
-  std::string_view rest = input;
+  const std::optional<std::string_view> whole = Unseal(input);
+  if (!whole) return Refuse("the task is damaged");
+  std::string_view rest = *whole;
   Frame frame;
   if (!TakeFrame(rest, frame)) return Refuse("no task");
   const std::optional<HostTask> task = ReadHostTask(frame);
@@ -101,7 +103,7 @@ int ServeMachine() {
     AppendAnswer(answers, answer);
   }
   if (!rest.empty()) return Refuse("the task is incomplete");
-  return WriteAll(STDOUT_FILENO, answers) ? 0 : 1;
+  return WriteAll(STDOUT_FILENO, Seal(answers)) ? 0 : 1;
 }
 
 }  // namespace vexltags::tree

@@ -20,10 +20,10 @@ struct HostTask {
 void AppendHostTask(std::string& out, const HostTask& task);
 std::optional<HostTask> ReadHostTask(const Frame& frame);
 
-/// Reads a task, what is to be learned, and requests from standard input to its end, and then
-/// writes all answers to standard output. Each request is followed by a frame with the file field
-/// and the content. Returns the exit status: not 0 if the input is of another version, is damaged,
-/// or refers to a folder that is not there.
+/// Reads from standard input, to its end, a task, what is to be learned, and requests, sealed as a
+/// whole, and then writes all answers, sealed, to standard output. Each request is followed by a
+/// frame with the file field and the content. Returns the exit status: not 0 if the input is of
+/// another version, is damaged, or refers to a folder that is not there.
 int ServeMachine();
 
 }  // namespace vexltags::tree

@@ -1,38 +1,29 @@
 // SPDX-License-Identifier: MIT
-// Distributes tasks among machines through GNU parallel, which starts them through ssh, gives tasks
-// that fail to other machines, and writes what each of them printed to a file.
+// Distributes tasks among machines through GNU parallel, which starts them through ssh and writes
+// what each of them printed to a file. Tasks that failed are passed to it once more: what it does
+// itself about them, with --retries, loses their input.
 #include "tree/hosts.h"
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <stdlib.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <chrono>
-#include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
-#include <thread>
 
 #include "base/version.h"
-#include "cache/content_hash.h"
 #include "tree/messages.h"
-
-extern char** environ;
+#include "tree/run_program.h"
 
 namespace vexltags::tree {
 namespace {
 
 constexpr int kProbeSeconds = 15;
-constexpr int kTries = 3;
-constexpr auto kTick = std::chrono::milliseconds(100);
+/// What GNU parallel itself may take.
+constexpr int kStartSeconds = 30;
 
 /// A temporary folder that is removed at the end.
 class Folder {
@@ -55,152 +46,163 @@ class Folder {
   std::string path;
 };
 
+/// A host that answers.
+struct Host {
+  std::string name;   ///< As GNU parallel prints it.
+  std::string login;  ///< As GNU parallel takes it, with the number of tasks at once.
+};
+
 std::string ReadFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Runs a program with `input` as standard input, and waits for it. Its output goes to the file
-/// `output`; its messages are dropped, since what fails is tried again. Returns whether it could
-/// be started.
-bool RunProgram(const std::vector<std::string>& arguments, const std::string& input,
-                const std::string& output, const std::function<bool()>& onTick) {
-  std::vector<char*> argv;
-  for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
-  argv.push_back(nullptr);
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, 0, input.c_str(), O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-  posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
-  posix_spawnattr_t attributes;
-  posix_spawnattr_init(&attributes);
-  sigset_t defaults;
-  sigemptyset(&defaults);
-  sigaddset(&defaults, SIGPIPE);
-  sigaddset(&defaults, SIGXFSZ);
-  posix_spawnattr_setsigdefault(&attributes, &defaults);
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
-  pid_t process = -1;
-  const bool isStarted =
-      posix_spawnp(&process, argv[0], &actions, &attributes, argv.data(), environ) == 0;
-  posix_spawn_file_actions_destroy(&actions);
-  posix_spawnattr_destroy(&attributes);
-  if (!isStarted) return false;
-  bool isEnded = false;
-  while (waitpid(process, nullptr, WNOHANG) == 0) {
-    if (!isEnded && !onTick()) {
-      isEnded = true;
-      kill(process, SIGTERM);
-    }
-    std::this_thread::sleep_for(kTick);
+/// Calls `onFields` with the fields of each line of a text, which tabs separate.
+template <typename Function>
+void ForEachLine(const std::string& text, Function onFields) {
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    std::vector<std::string> fields;
+    std::istringstream rest(line);
+    for (std::string field; std::getline(rest, field, '\t');) fields.push_back(field);
+    onFields(fields);
   }
-  return true;
 }
 
-std::vector<std::string> ParallelCommand(const HostSettings& settings, int seconds,
-                                         const Folder& folder) {
-  std::vector<std::string> command = {
-      "parallel", "--will-cite", "--timeout", std::to_string(seconds), "--joblog", folder / "log"};
-  for (const std::string& host : settings.hosts) {
-    command.emplace_back("--sshlogin");
-    command.push_back(host);
-  }
-  return command;
+/// The host without the number of tasks, which GNU parallel takes before a slash.
+std::string NameOf(const std::string& host) {
+  const std::size_t digits = host.find_first_not_of("0123456789");
+  const bool hasNumber = digits != 0 && digits != host.npos && host[digits] == '/';
+  return hasNumber ? host.substr(digits + 1) : host;
 }
+
+std::vector<std::string> ParallelCommand(int seconds) {
+  return {"parallel", "--will-cite", "--timeout", std::to_string(seconds)};
+}
+
+/// Finds the hosts on which this version of the program answers.
+class Probe {
+ public:
+  Probe(const std::vector<std::string>& hosts, const HostEvents& events) {
+    const Folder folder;
+    std::vector<std::string> command = ParallelCommand(kProbeSeconds);
+    for (const std::string& host : hosts) {
+      // Its processors are asked for here: GNU parallel would wait for that without a limit.
+      command.insert(command.end(), {"--sshlogin", "1/" + NameOf(host)});
+    }
+    // Each line of the output begins with the host.
+    command.insert(command.end(),
+                   {"--nonall", "--tag", "--jobs", "0", "vexltags-tree --version && nproc"});
+    if (!folder.IsThere() ||
+        !RunProgram(command, folder / "output", kProbeSeconds + kStartSeconds, events.onTick)) {
+      events.onProblem("GNU parallel is not installed");
+      return;
+    }
+    ForEachLine(ReadFile(folder / "output"), [this](const std::vector<std::string>& fields) {
+      if (fields.size() == 2) answers[fields[0]].push_back(fields[1]);
+    });
+    for (const std::string& host : hosts) Check(host, events);
+  }
+
+  const std::vector<Host>& Usable() const { return usable; }
+
+ private:
+  void Check(const std::string& host, const HostEvents& events) {
+    const std::string name = NameOf(host);
+    const auto answer = answers.find(name);
+    if (answer == answers.end()) {
+      events.onProblem(name + " does not answer; it is left out");
+    } else if (answer->second[0] != std::string("vexltags-tree v") + kVersion) {
+      events.onProblem(name + " has another version; it is left out");
+    } else if (host != name) {
+      usable.push_back({name, host});
+    } else {
+      usable.push_back({name, (answer->second.size() > 1 ? answer->second[1] : "1") + "/" + name});
+    }
+  }
+
+  std::map<std::string, std::vector<std::string>> answers;
+  std::vector<Host> usable;
+};
+
+/// Runs tasks on hosts once.
+class Round {
+ public:
+  Round(const std::vector<Host>& hosts, const HostSettings& settings,
+        const std::vector<std::string>& tasks, const std::vector<std::size_t>& numbers) {
+    std::vector<std::string> command = ParallelCommand(settings.seconds);
+    command.insert(command.end(), {"--joblog", folder / "log", "--results", folder / "{#}/",
+                                   "--jobs", "100%", "--pipepart", "--recend", ""});
+    for (const Host& host : hosts) command.insert(command.end(), {"--sshlogin", host.login});
+    // A file for each task, and none larger than a block: each is one job.
+    std::size_t largest = 0;
+    for (const std::size_t number : numbers) {
+      const std::string path = folder / ("task" + std::to_string(number));
+      const std::string input = Seal(settings.start + tasks[number]);
+      std::ofstream file(path, std::ios::binary);
+      if (!(file << input).flush()) hasRoom = false;
+      command.insert(command.end(), {"-a", path});
+      largest = std::max(largest, input.size());
+    }
+    command.insert(command.end(),
+                   {"--block", std::to_string(largest + 1), "vexltags-tree", "--worker"});
+    arguments = std::move(command);
+    // Were they done one after the other.
+    mostSeconds = kStartSeconds + settings.seconds * static_cast<int>(numbers.size());
+  }
+
+  /// Passes the output of each task on. Returns the numbers of those that failed, and adds the
+  /// hosts on which they did to `failed`.
+  std::vector<std::size_t> Run(const std::vector<std::size_t>& numbers, const HostEvents& events,
+                               std::set<std::string>& failed) {
+    if (!folder.IsThere() || !hasRoom) {
+      events.onProblem("no room for the tasks of the hosts");
+      return numbers;
+    }
+    RunProgram(arguments, folder / "output", mostSeconds, events.onTick);
+    // Columns: number of the job, host, start, time, sent, received, status, signal, command.
+    std::map<std::string, std::string> hostOf;
+    ForEachLine(ReadFile(folder / "log"), [&hostOf](const std::vector<std::string>& columns) {
+      if (columns.size() > 1) hostOf[columns[0]] = columns[1];
+    });
+    std::vector<std::size_t> left;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+      const std::string job = std::to_string(i + 1);
+      const std::string output = ReadFile(folder / (job + "/stdout"));
+      if (const auto answers = Unseal(output)) {
+        events.onOutput(*answers);
+        continue;
+      }
+      left.push_back(numbers[i]);
+      if (hostOf.contains(job)) failed.insert(hostOf[job]);
+    }
+    return left;
+  }
+
+ private:
+  Folder folder;
+  bool hasRoom = true;
+  int mostSeconds = 0;
+  std::vector<std::string> arguments;
+};
 
 }  // namespace
 
-std::vector<std::string> UsableHosts(const HostSettings& settings,
-                                     const std::function<void(const std::string&)>& onProblem) {
-  const Folder folder;
-  if (!folder.IsThere()) return {};
-  std::vector<std::string> command = ParallelCommand(settings, kProbeSeconds, folder);
-  // Each line of the output begins with the host.
-  for (const char* part : {"--nonall", "--tag", "--jobs", "0", "vexltags-tree", "--version"}) {
-    command.emplace_back(part);
-  }
-  if (!RunProgram(command, "/dev/null", folder / "output", [] { return true; })) {
-    onProblem("GNU parallel is not installed");
-    return {};
-  }
-  std::map<std::string, std::string> answers;
-  std::istringstream output(ReadFile(folder / "output"));
-  for (std::string line; std::getline(output, line);) {
-    const std::size_t tab = std::min(line.find('\t'), line.size());
-    answers[line.substr(0, tab)] = line.substr(std::min(tab + 1, line.size()));
-  }
-  std::vector<std::string> usable;
-  for (const std::string& host : settings.hosts) {
-    const auto answer = answers.find(host);
-    if (answer == answers.end()) {
-      onProblem(host + " does not answer; it is left out");
-    } else if (answer->second != std::string("vexltags-tree v") + kVersion) {
-      onProblem(host + " has another version; it is left out");
-    } else {
-      usable.push_back(host);
-    }
-  }
-  return usable;
-}
-
 void RunOnHosts(const HostSettings& settings, const std::vector<std::string>& tasks,
-                const std::function<void(std::string_view)>& onOutput,
-                const std::function<void(const std::string&)>& onProblem,
-                const std::function<bool()>& onTick) {
-  const Folder folder;
-  if (!folder.IsThere()) return onProblem("no temporary folder");
-  // Tasks are the records of one stream. Their end is marked by what none of them contains.
-  std::string mark;
-  for (std::uint64_t seed = 0; mark.empty(); ++seed) {
-    mark = "<" + std::to_string(ContentHash(std::to_string(seed))) + ">";
-    for (const std::string& task : tasks) {
-      if (task.find(mark) != std::string::npos) mark.clear();
+                const HostEvents& events) {
+  std::vector<Host> hosts = Probe(settings.hosts, events).Usable();
+  std::vector<std::size_t> left;
+  for (std::size_t i = 0; i < tasks.size(); ++i) left.push_back(i);
+  while (!left.empty() && !hosts.empty() && events.onTick()) {
+    std::set<std::string> failed;
+    left = Round(hosts, settings, tasks, left).Run(left, events, failed);
+    for (const std::string& name : failed) {
+      events.onProblem(name + " failed; what it was to read is read elsewhere");
     }
-  }
-  {
-    std::ofstream input(folder / "input", std::ios::binary);
-    for (const std::string& task : tasks) input << task << mark;
-    if (!input.flush()) return onProblem("no room for the tasks of the hosts");
-  }
-  std::vector<std::string> command = ParallelCommand(settings, settings.seconds, folder);
-  for (const std::string& part :
-       {std::string("--pipe"), std::string("-N1"), std::string("--recend"), mark,
-        std::string("--remove-rec-sep"), std::string("--retries"), std::to_string(kTries),
-        std::string("--jobs"),
-        settings.jobs > 0 ? std::to_string(settings.jobs) : std::string("100%"),
-        std::string("--results"), folder / "results", std::string("vexltags-tree"),
-        std::string("--worker")}) {
-    command.push_back(part);
-  }
-  RunProgram(command, folder / "input", folder / "output", onTick);
-  std::error_code error;
-  for (std::filesystem::recursive_directory_iterator it(folder / "results", error), end;
-       !error && it != end; it.increment(error)) {
-    if (it->path().filename() == "stdout") onOutput(ReadFile(it->path()));
-  }
-  // Columns: number, host, start, time, sent, received, status, signal, command.
-  std::istringstream log(ReadFile(folder / "log"));
-  std::set<std::string> failed;
-  std::string line;
-  std::getline(log, line);
-  while (std::getline(log, line)) {
-    std::vector<std::string> columns;
-    std::istringstream fields(line);
-    for (std::string column; std::getline(fields, column, '\t');) columns.push_back(column);
-    if (columns.size() > 7 && (columns[6] != "0" || columns[7] != "0")) failed.insert(columns[1]);
-  }
-  // The log has only the last try of each task. A machine that was lost is one that is silent now.
-  HostSettings silent = settings;
-  std::erase_if(silent.hosts, [&failed](const auto& host) { return failed.contains(host); });
-  if (!silent.hosts.empty()) {
-    const std::vector<std::string> usable = UsableHosts(silent, [](const std::string&) {});
-    for (const std::string& host : silent.hosts) {
-      if (std::find(usable.begin(), usable.end(), host) == usable.end()) failed.insert(host);
-    }
-  }
-  for (const std::string& host : failed) {
-    onProblem(host + " failed; what it was to read is read elsewhere");
+    const std::size_t removed =
+        std::erase_if(hosts, [&failed](const Host& host) { return failed.contains(host.name); });
+    // Whatever the reason is, it would be the same the next time.
+    if (removed == 0) return;
   }
 }
 

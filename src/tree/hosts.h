@@ -12,22 +12,25 @@ namespace vexltags::tree {
 /// What distributing needs to know.
 struct HostSettings {
   std::vector<std::string> hosts;  ///< As GNU parallel takes them.
-  int jobs = 0;                    ///< At once on each machine; 0 for one for each processor.
-  int seconds = 0;                 ///< After which a task that is not done is given to another one.
+  int seconds = 0;                 ///< After which a task that is not done has failed.
+  std::string start;               ///< What the input of each task begins with.
 };
 
-/// Returns the hosts on which this version of the program answers, and passes a message about each
-/// of the others to `onProblem`.
-std::vector<std::string> UsableHosts(const HostSettings& settings,
-                                     const std::function<void(const std::string&)>& onProblem);
+/// Calls that are made while tasks are done.
+struct HostEvents {
+  /// Takes what a task printed, unsealed.
+  std::function<void(std::string_view)> onOutput;
+  /// Takes a message about a host.
+  std::function<void(const std::string&)> onProblem;
+  /// Is called from time to time; false ends the work.
+  std::function<bool()> onTick;
+};
 
-/// Runs each of `tasks`, an input for `vexltags-tree --worker`, on one of the hosts; one that fails
-/// there is tried on others. Passes the output of each task that was done to `onOutput`. Calls
-/// `onProblem` with a message about each host on which a task failed. `onTick` is called from time
-/// to time; false ends the work.
+/// Runs each of `tasks`, which with the start before it and sealed is an input for `vexltags-tree
+/// --worker`, on one of the hosts, as many at once as each has processors. What fails on one is
+/// tried on those on which nothing failed, as long as there are any. Hosts on which this version of
+/// the program does not answer are left out.
 void RunOnHosts(const HostSettings& settings, const std::vector<std::string>& tasks,
-                const std::function<void(std::string_view)>& onOutput,
-                const std::function<void(const std::string&)>& onProblem,
-                const std::function<bool()>& onTick);
+                const HostEvents& events);
 
 }  // namespace vexltags::tree

@@ -9,6 +9,8 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "cache/content_hash.h"
+
 namespace vexltags::tree {
 namespace {
 
@@ -56,6 +58,25 @@ bool TakeFrame(std::string_view& bytes, Frame& frame) {
 
 bool IsNoFrame(std::string_view bytes) {
   return bytes.size() >= kSizes && SizeAt(bytes, 0) > kLargestHead;
+}
+
+std::string Seal(std::string_view bytes) {
+  const std::uint64_t hash = ContentHash(bytes);
+  std::string sealed;
+  sealed.reserve(kSizes + sizeof hash + bytes.size());
+  AppendFrame(sealed, {reinterpret_cast<const char*>(&hash), sizeof hash}, bytes);
+  return sealed;
+}
+
+std::optional<std::string_view> Unseal(std::string_view bytes) {
+  Frame frame;
+  std::uint64_t hash = 0;
+  if (!TakeFrame(bytes, frame) || !bytes.empty() || frame.head.size() != sizeof hash) {
+    return std::nullopt;
+  }
+  std::memcpy(&hash, frame.head.data(), sizeof hash);
+  if (hash != ContentHash(frame.body)) return std::nullopt;
+  return frame.body;
 }
 
 void AppendRequest(std::string& out, const Request& request) {

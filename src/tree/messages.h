@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,13 @@ bool TakeFrame(std::string_view& bytes, Frame& frame);
 
 /// Returns whether `bytes` cannot be the start of a frame of a sensible size.
 bool IsNoFrame(std::string_view bytes);
+
+/// Returns `bytes` as one frame with their hash, so that what was cut or changed on the way is
+/// recognised.
+std::string Seal(std::string_view bytes);
+
+/// Returns what was sealed; nothing if `bytes` is not exactly what `Seal` returned.
+std::optional<std::string_view> Unseal(std::string_view bytes);
 
 /// A file that a worker is to read.
 struct Request {

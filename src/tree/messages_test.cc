@@ -28,6 +28,21 @@ TEST(Messages, FramesAreTakenWhenComplete) {
   EXPECT_FALSE(IsNoFrame(bytes));
 }
 
+TEST(Messages, WhatIsSealedArrivesWholeOrNotAtAll) {
+  const std::string sealed = Seal("some\nbytes");
+  EXPECT_EQ(Unseal(sealed), "some\nbytes");
+  EXPECT_EQ(Unseal(Seal("")), "");
+  EXPECT_FALSE(Unseal(""));
+  EXPECT_FALSE(Unseal(sealed + "x"));
+  EXPECT_FALSE(Unseal(sealed + sealed));
+  for (std::size_t i = 0; i < sealed.size(); ++i) {
+    EXPECT_FALSE(Unseal(std::string_view(sealed).substr(0, i))) << i;
+    std::string changed = sealed;
+    changed[i] = static_cast<char>(changed[i] + 1);
+    EXPECT_FALSE(Unseal(changed)) << i;
+  }
+}
+
 TEST(Messages, RequestsAndAnswersAreReadAsTheyWereWritten) {
   Request request;
   request.index = 70000;

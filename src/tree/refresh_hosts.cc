@@ -27,12 +27,6 @@ constexpr std::int64_t kFileCost = 4096;
 void Refresh::ReadOnHosts(std::vector<PooledRequest>& requests, const PoolEvents& events) {
   HostSettings settings;
   settings.hosts = options.hosts;
-  const auto onProblem = [this](const std::string& problem) {
-    progress.Clear();
-    std::fprintf(stderr, "vexltags-tree: %s\n", problem.c_str());
-  };
-  settings.hosts = UsableHosts(settings, onProblem);
-  if (settings.hosts.empty()) return;
 
   HostTask task;
   char folder[PATH_MAX];
@@ -40,11 +34,10 @@ void Refresh::ReadOnHosts(std::vector<PooledRequest>& requests, const PoolEvents
   task.folder = folder;
   task.isExact = options.isExact;
   task.sendsFiles = options.sendsFiles;
-  std::string start;
   if (!options.isExact) task.learned = static_cast<std::uint32_t>(learnedOrder.size());
-  AppendHostTask(start, task);
+  AppendHostTask(settings.start, task);
   for (std::uint32_t i = 0; i < task.learned; ++i) {
-    AppendFrame(start, learnedOrder[i], FactsOf(learnedOrder[i]).value_or(""));
+    AppendFrame(settings.start, learnedOrder[i], FactsOf(learnedOrder[i]).value_or(""));
   }
   cachedFacts.clear();
 
@@ -64,7 +57,7 @@ void Refresh::ReadOnHosts(std::vector<PooledRequest>& requests, const PoolEvents
       if (!text) continue;
     }
     if (cost >= share) {
-      tasks.push_back(start);
+      tasks.emplace_back();
       cost = 0;
     }
     cost += request.cost + kFileCost;
@@ -74,7 +67,13 @@ void Refresh::ReadOnHosts(std::vector<PooledRequest>& requests, const PoolEvents
                 text.value_or(""));
   }
   std::vector<bool> isAnswered(files.size());
-  const auto onOutput = [&](std::string_view output) {
+  HostEvents hostEvents;
+  hostEvents.onTick = events.onTick;
+  hostEvents.onProblem = [this](const std::string& problem) {
+    progress.Clear();
+    std::fprintf(stderr, "vexltags-tree: %s\n", problem.c_str());
+  };
+  hostEvents.onOutput = [&](std::string_view output) {
     Answer answer;
     for (Frame frame; TakeFrame(output, frame) && ReadAnswer(frame, answer);) {
       if (answer.index >= files.size() || isAnswered[answer.index] ||
@@ -85,7 +84,7 @@ void Refresh::ReadOnHosts(std::vector<PooledRequest>& requests, const PoolEvents
       events.onAnswer(std::move(answer));
     }
   };
-  RunOnHosts(settings, tasks, onOutput, onProblem, events.onTick);
+  RunOnHosts(settings, tasks, hostEvents);
   std::erase_if(requests, [&isAnswered](const PooledRequest& request) {
     return isAnswered[request.request.index];
   });

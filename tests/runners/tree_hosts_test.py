@@ -128,17 +128,22 @@ class ManyHosts(unittest.TestCase):
             expected = self.run_tree("--no-cache", *options)[0]
             self.assertEqual(self.run_tree("--no-cache", *options, self.hosts.option("one", "two")),
                              (expected, ""))
+        # A number before a slash limits the tasks at once, as in GNU parallel.
+        numbered = self.hosts.option("one").replace("ssh", "1/ssh", 1)
+        self.assertEqual(self.run_tree("--no-cache", numbered), (self.expected, ""))
         # Results of other machines are kept as those of this one.
         self.assertEqual(self.run_tree(self.hosts.option("one", "two")), (self.expected, ""))
         self.assertEqual(self.run_tree(), (self.expected, ""))
 
     def test_it_is_the_hosts_that_read(self):
-        record = f'echo "$@" >>"$HOME/calls"; exec "{PROGRAM}" "$@"'
+        record = (f'echo "$@" >>"$HOME/calls"; "{PROGRAM}" "$@" || exit; '
+                  'echo "ok $@" >>"$HOME/calls"')
         self.hosts.add("one", record)
         self.assertEqual(self.run_tree("--no-cache", self.hosts.option("one")),
                          (self.expected, ""))
-        calls = (self.hosts.folder / "one/calls").read_text().split()
-        self.assertIn("--worker", calls)
+        calls = (self.hosts.folder / "one/calls").read_text().splitlines()
+        self.assertGreater(calls.count("--worker"), 1)
+        self.assertEqual(calls.count("ok --worker"), calls.count("--worker"))
 
     def test_a_host_that_is_killed(self):
         self.hosts.add("one")
@@ -163,6 +168,14 @@ class ManyHosts(unittest.TestCase):
         output, errors = self.run_tree("--no-cache", self.hosts.option("one", "old"))
         self.assertEqual(output, self.expected)
         self.assertRegex(errors, r"old has another version; it is left out")
+
+    def test_a_host_whose_answers_are_cut(self):
+        self.hosts.add("one")
+        self.hosts.add("cut", f'[ "$1" = --worker ] || exec "{PROGRAM}" "$@"; '
+                              f'"{PROGRAM}" "$@" >"$HOME/all"; head -c -1 "$HOME/all"')
+        output, errors = self.run_tree("--no-cache", self.hosts.option("one", "cut"))
+        self.assertEqual(output, self.expected)
+        self.assertRegex(errors, r"cut failed; what it was to read is read elsewhere")
 
     def test_hosts_that_all_fail(self):
         self.hosts.add("bad", f'[ "$1" = --worker ] && exit 9; exec "{PROGRAM}" "$@"')

@@ -66,6 +66,7 @@ constexpr ByteTable<bool> MakePlainTypes() {
                               static_cast<unsigned>(kMainRSquare),
                               static_cast<unsigned>(kMainBeginNamespaceStd),
                               static_cast<unsigned>(kMainEndNamespaceStd),
+                              static_cast<unsigned>(kMainLibCPPMacroEater),
                               static_cast<unsigned>(kMainInterface),
                               static_cast<unsigned>(kMainProtocol),
                               static_cast<unsigned>(kMainImplementation),
@@ -99,6 +100,13 @@ void DeclarationPass::Run() {
     if (isPlain) {
       words.push_back({type, tokens.SourceAt(at), line, static_cast<std::int32_t>(at), 1});
       ++at;
+      continue;
+    }
+    if (type == kMainLibCPPMacroEater) {
+      if (TryMacro()) continue;
+      // It is unknown, so it is left out as any other eaten macro.
+      ++at;
+      hasChanged = true;
       continue;
     }
     const Word word = SourceWord(at++);

@@ -256,9 +256,11 @@ bool Expander::SubstitutePasted(std::span<const Word> words, unsigned line,
 bool Expander::Rescan(std::span<const Word> words, unsigned line, std::vector<Word>& result) {
   for (std::size_t i = 0; i < words.size(); ++i) {
     const Word& word = words[i];
-    const MacroDefinition* definition = word.type == kMainId ? Find(word.text) : nullptr;
+    const bool isScope = word.type == kMainLibCPPMacroEater;
+    const MacroDefinition* definition = word.type == kMainId || isScope ? Find(word.text) : nullptr;
     if (definition == nullptr || IsActive(definition)) {
       if (!Spend(1)) return false;
+      if (isScope) continue;
       result.push_back(word);
       if (word.text == "__LINE__") {
         texts.push_back(std::to_string(line));

@@ -6,6 +6,7 @@
 
 #include "base/character_class.h"
 #include "cfamily/main_scanner.h"
+#include "thorough/library_scopes.h"
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {
@@ -104,8 +105,15 @@ void MacroBodies::Read(std::string_view text, MacroBody& body) {
       body.tokens.push_back({length == 2 ? kMacroPaste : kMacroHash, -1, ahead.substr(0, length)});
       cursor.at += length;
     } else if (kLetters[*at]) {
-      // An annotation that the lexer hides.
-      cursor.at = SkipParentheses(EndOfWord(at, cursor.end), cursor.end);
+      const unsigned char* const past = EndOfWord(at, cursor.end);
+      const std::string_view word = ahead.substr(0, static_cast<std::size_t>(past - at));
+      cursor.at = past;
+      if (IsLibraryScope(word)) {
+        body.tokens.push_back({kMainLibCPPMacroEater, -1, word});
+      } else {
+        // An annotation that the lexer hides.
+        cursor.at = SkipParentheses(past, cursor.end);
+      }
     } else if (ahead.starts_with("[[")) {
       const std::size_t close = ahead.find("]]");
       cursor.at = close == std::string_view::npos ? cursor.end : at + close + 2;

@@ -7,6 +7,7 @@
 
 #include "base/character_class.h"
 #include "cfamily/main_words.h"
+#include "thorough/library_scopes.h"
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {
@@ -345,7 +346,7 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
   if ((definition.isFunction || hasLowerCase) && IsPlainAlias(definition, body)) return end;
   if (ClassifyMainWord(reinterpret_cast<const unsigned char*>(name.data()), name.size()) !=
           kMainId &&
-      name != "__attribute__") {
+      name != "__attribute__" && !IsLibraryScope(name)) {
     return end;
   }
   if (IsInComment(text, word)) return end;

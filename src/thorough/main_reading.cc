@@ -8,6 +8,7 @@
 #include "cfamily/main_scanner.h"
 #include "thorough/conditionals.h"
 #include "thorough/declaration_pass.h"
+#include "thorough/library_scopes.h"
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {
@@ -69,6 +70,17 @@ bool SkipAtWord(ScanCursor& cursor) {
   return true;
 }
 
+/// A word that opens or closes a namespace. One with arguments is left to the lexer.
+bool TakeLibraryScope(ScanCursor& cursor, TokenTable& table) {
+  const Byte* const past = EndOfWord(cursor.at, cursor.end);
+  const std::string_view word(reinterpret_cast<const char*>(cursor.at),
+                              static_cast<std::size_t>(past - cursor.at));
+  if (!IsLibraryScope(word) || (past < cursor.end && *past == '(')) return false;
+  table.Add(kMainLibCPPMacroEater, cursor.at, past, cursor.line);
+  cursor.at = past;
+  return true;
+}
+
 /// Reads what the scanner of the C family leaves to the generated lexer, where that would lose more
 /// than it has to.
 void ScanThoroughly(ScanCursor& cursor, TokenTable& table) {
@@ -80,6 +92,8 @@ void ScanThoroughly(ScanCursor& cursor, TokenTable& table) {
       goesOn = TakeLiteral(cursor, table);
     } else if (*cursor.at == '@') {
       goesOn = SkipAtWord(cursor);
+    } else if (*cursor.at == '_') {
+      goesOn = TakeLibraryScope(cursor, table);
     }
     if (!goesOn) return;
   }

@@ -86,6 +86,7 @@ class Recognizers {
   RecognizerCounts RunBy(Reading& reading, const Options& options,
                          typename Grammar::FileState& fileState,
                          typename Grammar::Builder& builder) {
+    fileState.LimitEachItem();
     reading.PrepareText(input);
     ReadTokens(reading.ScannerFor(Grammar::Scan), options, fileState, builder);
     reading.PrepareTokens(*table);

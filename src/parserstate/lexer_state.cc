@@ -54,6 +54,8 @@ bool TagsLexerState::CheckRunningTooLong() const {
   return true;
 }
 
-bool TagsLexerState::CheckWatchdog(const std::string&) const { return false; }
+bool TagsLexerState::CheckWatchdog(const std::string&) const {
+  return limitsItems && CheckRunningTooLong();
+}
 
 }  // namespace vexltags

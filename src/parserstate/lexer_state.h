@@ -35,13 +35,17 @@ class TagsLexerState {
   bool CheckRunningTooLong() const;
   /// True once `CheckRunningTooLong` has returned true.
   bool Aborted() const { return aborted; }
-  /// Always false: the hook for a watchdog that follows the progress of the parser.
+  /// Makes `CheckWatchdog` check the time limit too: for readings of a file in which the rules that
+  /// check it may not be needed.
+  void LimitEachItem() { limitsItems = true; }
+  /// False unless `LimitEachItem` has been called: the hook for a watchdog that follows the
+  /// progress of the parser.
   bool CheckWatchdog(const std::string& position) const;
   /// The same with a function that formats the position. It is never called, so that no text is
   /// built for nothing.
   template <class Form>
   requires std::is_invocable_r_v<std::string, Form>
-  bool CheckWatchdog(const Form&) const { return false; }
+  bool CheckWatchdog(const Form&) const { return limitsItems && CheckRunningTooLong(); }
 
   /// Words that the C-family lexer hides. The set does not own the strings.
   FilterSet filterTokens;
@@ -52,6 +56,7 @@ class TagsLexerState {
   std::int64_t reportIfLonger;
   std::int64_t abortIfLonger;
   mutable bool aborted = false;
+  bool limitsItems = false;
 };
 
 }  // namespace vexltags

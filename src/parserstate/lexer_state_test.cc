@@ -73,6 +73,23 @@ TEST(CheckRunningTooLong, IsFalseBelowTheLimit) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+TEST(CheckWatchdog, ChecksTheLimitOnlyIfTold) {
+  testing::internal::CaptureStderr();
+  {
+    TagsLexerState state("a.c", 0, 1000);
+    SpendMicroseconds(1500);
+    const auto form = [] { return std::string("1 x"); };
+    EXPECT_FALSE(state.CheckWatchdog("1 x"));
+    EXPECT_FALSE(state.CheckWatchdog(form));
+    EXPECT_FALSE(state.Aborted());
+    state.LimitEachItem();
+    EXPECT_TRUE(state.CheckWatchdog(form));
+    EXPECT_TRUE(state.CheckWatchdog("1 x"));
+    EXPECT_TRUE(state.Aborted());
+  }
+  EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST(CheckRunningTooLong, IsReportedOnce) {
   testing::internal::CaptureStderr();
   {

@@ -193,9 +193,13 @@ def limit_cases():
     spent = ("Spent ", " parsing PATH")
 
     def long_c():
-        # With --thorough, parameters of plain types are taken out before the grammar reads a type.
         rows = "".join([f"A<int> f{i}(B<long> b);\n" for i in range(150000)])
         return "void before(void);\n" + rows + "#define LATE\n"
+
+    def plain_c():
+        # With --thorough, parameters of plain types are taken out before the grammar reads a type.
+        rows = "".join([f"int f{i}(long b);\n" for i in range(150000)])
+        return "void before(void);\n" + rows
 
     def long_swift():
         rows = "".join([f"func f{i}(a: Int) {{ b() }}\n" for i in range(200000)])
@@ -209,6 +213,8 @@ def limit_cases():
     # first type is read. A declaration that needs no type still gets its tag.
     yield Case("limits/abort", "limit", ".c", long_c, arguments=("--abortIfLonger=0.01",),
                messages=(gave_up,), tags=("LATE",), absent=("f149999",))
+    yield Case("limits/abort-plain", "limit", ".c", plain_c, arguments=("--abortIfLonger=0.01",),
+               messages=(gave_up,), absent=("f149999",))
     yield Case("limits/abort-before-report", "limit", ".c", long_c, messages=(gave_up,),
                arguments=("--abortIfLonger=0.01", "--reportIfLonger=0.01"), tags=("LATE",),
                absent=("f149999",))

@@ -32,13 +32,15 @@ std::string TextOf(Context* ctx, const TokenRange& range) {
 /// The text and line of `token`.
 Name NameOf(pANTLR3_COMMON_TOKEN token);
 
-/// Reports the line and token that the parser has reached to the watchdog of the file.
+/// Reports the line and token that the parser has reached to the watchdog of the file. If that
+/// finds that the file takes too long, moves to the end of the file.
 template <class Context>
 void ReportProgress(Context* ctx) {
-  ctx->fileState->CheckWatchdog([ctx] {
-    pANTLR3_TOKEN_STREAM tokens = ctx->pParser->tstream;
+  pANTLR3_TOKEN_STREAM tokens = ctx->pParser->tstream;
+  const bool isOver = ctx->fileState->CheckWatchdog([ctx, tokens] {
     return std::to_string(NextLine(ctx)) + " " + TokenString(tokens->_LT(tokens, 1));
   });
+  if (isOver) tokens->istream->seek(tokens->istream, tokens->istream->size(tokens->istream));
 }
 
 /// Appends a word to a type of several words, such as "long" to "unsigned", and copies its line.

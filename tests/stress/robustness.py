@@ -270,7 +270,7 @@ def main():
     options = parser.parse_intermixed_args()
 
     options.always = ["--thorough"] if options.thorough else []
-    every = [*inputs.cases(options.thorough), *files.cases(), *process.cases(), *includes.cases()]
+    every = [*inputs.cases(options.thorough), *files.cases(options.thorough), *process.cases(), *includes.cases()]
     cases = [case for case in every if case.large == options.large
              and (not options.words or any(word in case.name for word in options.words))]
     if options.list:

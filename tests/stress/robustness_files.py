@@ -188,7 +188,7 @@ def output_cases():
 # --- Limits -----------------------------------------------------------------------------------------
 
 
-def limit_cases():
+def limit_cases(thorough):
     gave_up = ("Have been parsing ", " seconds -- skipping")
     spent = ("Spent ", " parsing PATH")
 
@@ -210,14 +210,15 @@ def limit_cases():
         return "def before(): pass\n" + rows + "def late_tag(): pass\n"
 
     # The time counts from before the lexer, so that a limit this small is over in any case once the
-    # first type is read. A declaration that needs no type still gets its tag.
+    # first type is read. A declaration that needs no type still gets its tag, but with --thorough
+    # nothing after that is read.
+    late = {"absent": ("f149999", "LATE")} if thorough else {"tags": ("LATE",), "absent": ("f149999",)}
     yield Case("limits/abort", "limit", ".c", long_c, arguments=("--abortIfLonger=0.01",),
-               messages=(gave_up,), tags=("LATE",), absent=("f149999",))
+               messages=(gave_up,), **late)
     yield Case("limits/abort-plain", "limit", ".c", plain_c, arguments=("--abortIfLonger=0.01",),
                messages=(gave_up,), absent=("f149999",))
     yield Case("limits/abort-before-report", "limit", ".c", long_c, messages=(gave_up,),
-               arguments=("--abortIfLonger=0.01", "--reportIfLonger=0.01"), tags=("LATE",),
-               absent=("f149999",))
+               arguments=("--abortIfLonger=0.01", "--reportIfLonger=0.01"), **late)
     yield Case("limits/report", "limit", ".c", long_c, messages=(spent,), tags=("LATE", "f149999"),
                arguments=("--reportIfLonger=0.01",))
     yield Case("limits/not-reached", "limit", ".c", long_c, tags=("LATE", "before", "f149999"),
@@ -231,11 +232,11 @@ def limit_cases():
                    messages=(spent,), arguments=("--reportIfLonger=0.01",))
     yield Case("limits/abort-in-depth", "limit", ".c",
                lambda: "int a = " + "f(" * DEEP + ")" * DEEP + ";\n" + long_c(),
-               arguments=("--abortIfLonger=0.01",), messages=(gave_up,), tags=("LATE",))
+               arguments=("--abortIfLonger=0.01",), messages=(gave_up,), **late)
 
 
-def cases():
+def cases(thorough):
     """Every case that is about files."""
     yield from file_cases()
     yield from output_cases()
-    yield from limit_cases()
+    yield from limit_cases(thorough)

@@ -11,13 +11,15 @@ namespace vexltags {
 namespace {
 
 // Returns how many of `levels` are left when it stops. Each level uses more than a page and reads
-// from it after the call, so that the compiler cannot turn the recursion into a loop.
+// from it after the call, so that the compiler cannot turn the recursion into a loop; where in the
+// page depends on the level, so that it cannot leave the rest of the page out.
 int Deep(int levels) {
   volatile char page[4096];
-  page[0] = 1;
+  const auto place = static_cast<std::size_t>(levels) % sizeof page;
+  page[place] = 1;
   if (levels == 0 || StackIsLow()) return levels;
   const int left = Deep(levels - 1);
-  const int one = page[0];
+  const int one = page[place];
   return left + one - 1;
 }
 

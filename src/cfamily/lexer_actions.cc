@@ -47,6 +47,11 @@ bool Eat(pANTLR3_INPUT_STREAM input, ConditionalMemo* memo, Scan scan) {
   return closed;
 }
 
+/// The character at a place, which the runtime keeps as a number.
+pANTLR3_UINT8 CharAt(ANTLR3_MARKER place) {
+  return reinterpret_cast<pANTLR3_UINT8>(place);  // NOLINT(*-no-int-to-ptr)
+}
+
 }  // namespace
 
 std::string_view CharsAhead(pANTLR3_INPUT_STREAM input) {
@@ -69,14 +74,15 @@ bool CCommentAhead(pANTLR3_INPUT_STREAM input, ConditionalMemo* memo) {
 }
 
 pANTLR3_STRING TextSince(pANTLR3_INPUT_STREAM input, ANTLR3_MARKER start) {
-  auto* const begin = reinterpret_cast<pANTLR3_UINT8>(start);
+  const pANTLR3_UINT8 begin = CharAt(start);
   const auto size = static_cast<ANTLR3_UINT32>(static_cast<pANTLR3_UINT8>(input->nextChar) - begin);
   return input->strFactory->newPtr(input->strFactory, begin, size);
 }
 
 void HideFilteredWord(pANTLR3_LEXER lexer, const TagsLexerState* state) {
   if (state == nullptr || state->filterTokens.empty()) return;
-  const auto* const begin = reinterpret_cast<const char*>(lexer->rec->state->tokenStartCharIndex);
+  const auto* const begin =
+      reinterpret_cast<const char*>(CharAt(lexer->rec->state->tokenStartCharIndex));
   const std::string word(begin, Next(lexer->input));
   if (state->filterTokens.contains(word.c_str())) lexer->rec->state->channel = kHiddenChannel;
 }

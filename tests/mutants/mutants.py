@@ -45,7 +45,8 @@ FOLDERS = "base output portable engine parserstate python cfamily swift grammars
 STAGES = ["cases", "tokens", "unit", "differential", "cli"]
 # What a mutant may take: address space in bytes, seconds for one stage and for one case.
 MEMORY = 6 << 30
-STAGE_SECONDS = 900
+STAGE_SECONDS = {"unit": 120, "tokens": 120}
+OTHER_STAGE_SECONDS = 600
 CASE_SECONDS = 20
 
 
@@ -173,14 +174,14 @@ def limit_memory():
     resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
 
 
-def failure_of(command, env, folder):
+def failure_of(command, env, folder, seconds):
     """Why the command fails, in a line; empty when it does not."""
     process = subprocess.Popen([str(part) for part in command], cwd=folder, env=env,
                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                                stderr=subprocess.STDOUT, start_new_session=True,
                                preexec_fn=limit_memory)
     try:
-        text = process.communicate(timeout=STAGE_SECONDS)[0].decode("utf-8", "replace")
+        text = process.communicate(timeout=seconds)[0].decode("utf-8", "replace")
     except subprocess.TimeoutExpired:
         os.killpg(process.pid, signal.SIGKILL)
         process.communicate()
@@ -278,7 +279,8 @@ class Runner:
                     error = re.search(r"^.*\berror\b.*$", log, re.MULTILINE | re.IGNORECASE)
                     return "does not build", stage, error.group()[:160] if error else log[-160:]
                 built.update(targets)
-            why = failure_of(command, env, tree.folder) if command else ""
+            why = failure_of(command, env, tree.folder,
+                             STAGE_SECONDS.get(stage, OTHER_STAGE_SECONDS)) if command else ""
             if why:
                 return "killed", stage, why
         return "survived", "", ""

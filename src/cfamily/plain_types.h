@@ -10,11 +10,20 @@
 
 namespace vexltags {
 
+/// True for the type of a token that is a word of a built-in type.
+constexpr bool IsBuiltInWord(ANTLR3_UINT32 token) {
+  return token >= kMainKw_char && token <= kMainKw_void;
+}
+
+/// True for the type of a token that is a qualifier.
+constexpr bool IsPlainQualifier(ANTLR3_UINT32 token) {
+  return token == kMainKw_const || token == kMainKw_volatile || token == kMainKw_constexpr;
+}
+
 /// True for the type of a token that can begin a plain type: a name, a built-in type or a
 /// qualifier.
 constexpr bool BeginsPlainType(ANTLR3_UINT32 token) {
-  return token == kMainId || (token >= kMainKw_char && token <= kMainKw_void) ||
-         token == kMainKw_const || token == kMainKw_volatile || token == kMainKw_constexpr;
+  return token == kMainId || IsBuiltInWord(token) || IsPlainQualifier(token);
 }
 
 /// True for the type of a token that can continue a plain type without opening a bracket.
@@ -26,7 +35,7 @@ constexpr bool ContinuesPlainType(ANTLR3_UINT32 token) {
 /// True for the type of a token that cannot be part of a type or parameter name outside brackets.
 constexpr bool EndsPlainType(ANTLR3_UINT32 token) {
   return token == kMainComma || token == kMainRParen || token == kMainSemicolon ||
-         token == kMainAssign;
+         token == kMainAssign || token == kMainLSquare || token == kMainColon;
 }
 
 /// True for the type of a token that can begin a declaration of a plain type: also a specifier or a
@@ -44,8 +53,7 @@ constexpr bool ContinuesPlainDeclaration(ANTLR3_UINT32 token) {
 
 /// True for the type of a token that no function has outside brackets before its parameters.
 constexpr bool EndsPlainDeclaration(ANTLR3_UINT32 token) {
-  return EndsPlainType(token) || token == kMainLSquare || token == kMainColon ||
-         token == kMainLCurly;
+  return EndsPlainType(token) || token == kMainLCurly;
 }
 
 /// Fails the speculative parse of a rule that begins at the next token, as it would do at a later

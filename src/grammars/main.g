@@ -26,6 +26,7 @@ options {
 @parser::includes {
 #include "cfamily/declarations.h"
 #include "cfamily/grammar_actions.h"
+#include "cfamily/plain_forms.h"
 #include "cfamily/plain_types.h"
 #include "cfamily/type_text.h"
 #include "engine/parser_ops.h"
@@ -158,7 +159,7 @@ linkage returns [stdString r]
 function
 options { memoize = true; }
 @declarations { bool isDefinition = false; }
-@init { if (FailsAsPlainDeclaration(ctx)) return; }
+@init { if (FailsAsPlainDeclaration(ctx) || PassesAsFunction(ctx)) return; }
   : ( f = 'friend' )? fp = functionDeclDef
     ( SEMICOLON
     | optInitializerList ( requires_clause )? curlyEater { isDefinition = true; }
@@ -206,6 +207,7 @@ options { memoize = true; }
   ;
 
 optQualifier returns [stdString r]
+@init { if (HasNoQualifier(ctx)) return r; }
   : ( n = simpleTypeName SCOPE { $r = AppendQualifier($r, $n.r.text, false); } )*
   ;
 
@@ -244,6 +246,7 @@ declaratorList returns [VectorOfName r]
   ;
 
 qualifiedFunctionName returns [Name r]
+@init { if (TakesWord(ctx, r)) return r; }
   : ( TILDE { $r += "~"; } )? n = simpleTypeName { $r += $n.r; }
     ( SCOPE { $r += "::"; } ( TILDE { $r += "~"; } )? n = simpleTypeName { $r += $n.r; } )*
   ;
@@ -251,6 +254,7 @@ qualifiedFunctionName returns [Name r]
 simpleDeclDef
 options { memoize = true; }
 @declarations { TypeDescriptor declared; VectorOfName names; }
+@init { if (PassesAs(ctx, &PlainForms::PastDeclaration)) return; }
   : ( template_head )? linkage
     ( ( funcPointerOrBlockType )=> p = funcPointerOrBlockType
       { SetFunctionPointer($p.r, declared, names); } ( ASSIGN initializer )?
@@ -413,7 +417,7 @@ templateDisambiguator
 // and the parse unwinds.
 type returns [TypeDescriptor r]
 options { memoize = true; }
-@init { if (ctx->fileState->CheckRunningTooLong()) return r; }
+@init { if (ctx->fileState->CheckRunningTooLong() || PassesAs(ctx, &PlainForms::PastType)) return r; }
   : ( 'typename' )? ( c = cv_qualifier { AppendWithSpace($r.name, $c.r); } )*
     ( '__weak' | '__strong' )? ( 'typename' )? ( templateDisambiguator )?
     ( k = class_key { AppendWithSpace($r.name, ParserStateBase::NameSpaceKindName($k.kind)); } )*
@@ -514,12 +518,14 @@ typeNameList returns [VectorOfName r]
 
 typeName returns [Name r]
 options { memoize = true; }
+@init { if (TakesWord(ctx, r) || PassesAs(ctx, &PlainForms::PastName)) return r; }
   : ( SCOPE { $r += "::"; } )? n = simpleTypeName { $r += $n.r; }
     ( SCOPE n2 = simpleTypeName { $r += "::" + $n2.r.text; } )*
   ;
 
 simpleTypeName returns [Name r]
 options { memoize = true; }
+@init { if (TakesWord(ctx, r)) return r; }
   : w = ID { $r = $w; } ( l = templateArgumentList { $r += $l.r; } )?
   ;
 
@@ -662,6 +668,9 @@ operTok returns [Name r]
 
 params returns [ParamList r]
 options { memoize = true; }
+@init {
+  if (Takes(ctx, &PlainForms::PastNoParams) || PassesAs(ctx, &PlainForms::PastParams)) return r;
+}
   : LPAREN c = parameter_declaration_clause RPAREN { $r = std::move($c.r); }
   ;
 
@@ -796,6 +805,12 @@ template_argument returns [stdString r]
 
 template_head returns [stdString r]
 options { memoize = true; }
+@init {
+  if (Takes(ctx, &PlainForms::PastTemplateHead)) {
+    r = ValueParameterText("", "");
+    return r;
+  }
+}
   : 'template'
     ( LESSTHAN ( l = template_parameter_list { $r = $l.r; } )? GREATERTHAN
     | e = templateArgumentEater { $r = TextOf(ctx, $e.r); }

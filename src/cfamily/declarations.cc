@@ -10,7 +10,7 @@ bool HasLine(const Name& name) { return name.line >= 0; }
 
 }  // namespace
 
-void EndFunction(VexlTagsParser& builder, FunctionPrototype prototype, bool isFriend,
+void EndFunction(VexlTagsParser& builder, FunctionPrototype&& prototype, bool isFriend,
                  bool isDefinition) {
   prototype.isDefinition = isDefinition;
   prototype.isFriend = prototype.isFriend || isFriend;

@@ -23,7 +23,7 @@ using TypeDescriptor = ParserStateBase::TypeDescriptor;
 
 /// Ends a function: tags it, unless it is a friend that is only declared, and ends a pending
 /// typedef. It is a friend if `isFriend` is set or its head says so.
-void EndFunction(VexlTagsParser& builder, FunctionPrototype prototype, bool isFriend,
+void EndFunction(VexlTagsParser& builder, FunctionPrototype&& prototype, bool isFriend,
                  bool isDefinition);
 
 /// Ends a variable declaration: tags each name as a variable or member, or as a typedef if one is

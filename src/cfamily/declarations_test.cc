@@ -38,7 +38,7 @@ TEST_F(DeclarationsTest, AFriendIsTaggedOnlyIfItIsDefined) {
     EXPECT_FALSE(builder.inTypedef);
     FunctionPrototype markedInItsHead = Function("f");
     markedInItsHead.isFriend = c.isFriend;
-    EndFunction(builder, markedInItsHead, false, c.isDefinition);
+    EndFunction(builder, std::move(markedInItsHead), false, c.isDefinition);
     EXPECT_EQ(Tags(), c.tag);
   }
 }

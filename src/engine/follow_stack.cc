@@ -6,6 +6,8 @@
 
 namespace vexltags {
 
+void FollowStack::Grow() { sets.resize(2 * size + 64); }
+
 FollowStack::Union FollowStack::All() {
   if (size == 0) return {};
   if (made.size() < size) made.resize(std::max(size, 2 * made.size()));

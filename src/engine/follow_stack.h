@@ -38,7 +38,7 @@ class FollowStack {
 
   /// Pushes a set of the generated code, which outlives the stack.
   void Push(pANTLR3_BITSET_LIST set) {
-    if (size == sets.size()) sets.resize(2 * size + 64);
+    if (size == sets.size()) Grow();
     sets[size++] = set;
   }
   void Pop() {
@@ -53,6 +53,8 @@ class FollowStack {
   Union All();
 
  private:
+  void Grow();
+
   std::vector<pANTLR3_BITSET_LIST> sets;
   std::size_t size = 0;
   std::vector<Union> made;  ///< made[i]: the union of sets 0 to i, valid for i < unions.

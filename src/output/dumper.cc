@@ -6,6 +6,7 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <optional>
 #include <utility>
@@ -24,13 +25,7 @@ void Dumper::SetPrintObserver(std::function<void(const std::string&)> observer) 
   printObserver = std::move(observer);
 }
 
-void Dumper::Print(std::string_view text) {
-  pending += text;
-  CompleteLine();
-}
-
 void Dumper::CompleteLine() {
-  if (pending.empty() || pending.back() != '\n') return;
   if (printObserver) printObserver(pending);
   lines.Add(pending);
   pending.clear();
@@ -46,15 +41,18 @@ void Dumper::PrintFormat(const char* format, ...) {
 }
 
 void Dumper::PrintPiece(std::initializer_list<std::string_view> parts) {
-  const std::size_t start = pending.size();
-  for (const std::string_view part : parts) pending += part;
-  if (pending.find('\0', start) != std::string::npos) {
-    // A part ends at its first NUL byte, as a C string does.
-    pending.resize(start);
-    for (const std::string_view part : parts) pending += part.substr(0, part.find('\0'));
+  std::size_t size = 0;
+  for (const std::string_view part : parts) size += part.size();
+  if (size <= kLongestPiece) {
+    char piece[kLongestPiece];
+    char* end = piece;
+    for (const std::string_view part : parts) end += part.copy(end, part.size());
+    if (std::memchr(piece, '\0', size) == nullptr) return Print({piece, size});
   }
-  if (pending.size() - start > kLongestPiece) pending.resize(start + kLongestPiece);
-  CompleteLine();
+  // A part ends at its first NUL byte, as a C string does.
+  std::string piece;
+  for (const std::string_view part : parts) piece += part.substr(0, part.find('\0'));
+  Print(std::string_view(piece).substr(0, kLongestPiece));
 }
 
 std::string Dumper::FileName(const Options& options, const std::string& path) const {

@@ -23,7 +23,10 @@ class Dumper {
 
   /// Appends `text` to the pending line. If that now ends in a newline, the line is complete: it is
   /// shown to the observer and stored. A newline inside a piece splits nothing.
-  void Print(std::string_view text);
+  void Print(std::string_view text) {
+    pending += text;
+    if (!pending.empty() && pending.back() == '\n') CompleteLine();
+  }
 
   /// Formats with `vsnprintf` into 1024 bytes and prints the result. A longer one is cut to 1023
   /// bytes without a report, and a final newline goes with the rest. Not an overload of `Print`, so
@@ -58,7 +61,7 @@ class Dumper {
   std::vector<std::string> Lines() const { return {lines.Lines().begin(), lines.Lines().end()}; }
 
  private:
-  /// Stores the pending line if it ends in a newline.
+  /// Stores the pending line, which ends in a newline.
   void CompleteLine();
   bool ReadOldLines();
   const char* Write(const Options& options, bool append, bool header) const;

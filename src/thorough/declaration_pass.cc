@@ -336,6 +336,13 @@ bool DeclarationPass::IsOldStyleHead() const {
   // int f(a, b) int a;
   if (words.size() < 6 || words.size() > 200) return false;
   if (words[0].type == kMainKw_typedef || words[0].type == kMainKw_template) return false;
+  // Few declarations have a name alone after a parenthesis.
+  bool hasLoneName = false;
+  for (std::size_t i = 0; i + 2 < words.size() && !hasLoneName; ++i) {
+    hasLoneName = words[i].type == kMainLParen && words[i + 1].type == kMainId &&
+                  (words[i + 2].type == kMainComma || words[i + 2].type == kMainRParen);
+  }
+  if (!hasLoneName) return false;
   const Outline outline(words);
   if (outline.params == kNoWord || outline.assign != kNoWord || outline.pointer != kNoWord) {
     return false;

@@ -44,7 +44,8 @@ std::string_view NamespaceIn(std::string_view body) {
 
 /// How likely a definition is to matter to declarations by its body; greater is likelier.
 int BodyRank(const MacroDefinition& definition, const MacroTable& macros) {
-  if (definition.body.find_first_of("{};") != std::string_view::npos) {
+  const auto isMark = [](char c) { return c == '{' || c == '}' || c == ';'; };
+  if (std::any_of(definition.body.begin(), definition.body.end(), isMark)) {
     // A namespace with the name of a macro that no input defines is one that is switched off.
     const std::string_view name = NamespaceIn(definition.body);
     const bool isOff = !name.empty() && !HasLowerCase(name) && macros.Find(name) == nullptr &&

@@ -6,6 +6,7 @@
 
 #include "base/character_class.h"
 #include "cfamily/main_scanner.h"
+#include "cfamily/main_words.h"
 #include "thorough/library_scopes.h"
 #include "vocabulary/main_tokens.h"
 
@@ -75,8 +76,15 @@ const MacroBody& MacroBodies::Of(const MacroDefinition& definition) {
 }
 
 unsigned MacroBodies::TypeOf(std::string_view text) {
+  if (text.empty()) return kMainId;
+  const auto* const begin = reinterpret_cast<const unsigned char*>(text.data());
+  const unsigned char* const end = begin + text.size();
+  if (kLetters[*begin] && EndOfWord(begin, end) == end) {
+    const unsigned type = ClassifyMainWord(begin, text.size());
+    if (type != kMainMaybeMacro) return type;
+  }
   MacroBody body;
-  if (table && !text.empty()) Read(text, body);
+  if (table) Read(text, body);
   return body.tokens.empty() ? static_cast<unsigned>(kMainId) : body.tokens[0].type;
 }
 

@@ -110,8 +110,14 @@ bool IsVersion(std::string_view name, std::string_view body) {
   const std::size_t comment = body.find_first_of(" \t/");
   if (comment != kNone && body.find('/', comment) != kNone) body = body.substr(0, comment);
   if (body.empty() || body.size() > kLongest || body[0] < '0' || body[0] > '9') return false;
-  for (const std::string_view part : {"VERSION", "MAJOR", "MINOR", "PATCH", "REVISION", "ABI"}) {
-    if (name.find(part) != kNone) return true;
+  constexpr std::string_view kParts[] = {"VERSION", "MAJOR", "MINOR", "PATCH", "REVISION", "ABI"};
+  for (; name.size() > 2; name.remove_prefix(1)) {
+    // Most characters begin none of them.
+    const char c = name[0];
+    if (c != 'V' && c != 'M' && c != 'P' && c != 'R' && c != 'A') continue;
+    for (const std::string_view part : kParts) {
+      if (name.starts_with(part)) return true;
+    }
   }
   return false;
 }
@@ -204,8 +210,9 @@ std::size_t MacroTable::NextDirective(std::string_view text, std::size_t from) {
 std::string_view MacroTable::QuotedPath(std::string_view text, std::size_t at) {
   while (at < text.size() && IsBlank(text[at])) ++at;
   if (at >= text.size() || text[at] != '"') return {};
-  const std::size_t end = text.find_first_of("\"\n", at + 1);
-  if (end == kNone || text[end] != '"') return {};
+  std::size_t end = at + 1;
+  while (end < text.size() && text[end] != '"' && text[end] != '\n') ++end;
+  if (end == text.size() || text[end] != '"') return {};
   return text.substr(at + 1, end - at - 1);
 }
 
@@ -232,10 +239,10 @@ MacroTable::Comment MacroTable::NextComment(std::string_view text, std::size_t f
     const std::size_t open = text.substr(0, before).find("/*", from);
     if (open == kNone) return {kNone, kNone};
     // One after `//` is none.
-    const std::size_t line = open > kLongestLine ? open - kLongestLine : 0;
-    const std::string_view ahead = text.substr(line, open - line);
-    const std::size_t newline = ahead.find_last_of("\r\n");
-    if (ahead.find("//", newline == kNone ? 0 : newline) == kNone) {
+    const std::size_t least = open > kLongestLine ? open - kLongestLine : 0;
+    std::size_t line = open;
+    while (line > least && text[line - 1] != '\n' && text[line - 1] != '\r') --line;
+    if (text.substr(line, open - line).find("//") == kNone) {
       const std::size_t close = text.find("*/", open + 2);
       return {open, close == kNone ? kNone : close + 2};
     }

@@ -106,12 +106,15 @@ class MacroTable {
   }
   /// A cheap hash of the first and the last characters of a name and of its length.
   static std::size_t FilterPlace(std::string_view name) {
+    const std::size_t size = name.size();
     std::uint64_t first = 0;
     std::uint64_t last = 0;
-    const std::size_t size = name.size() < sizeof first ? name.size() : sizeof first;
-    if (size == sizeof first) {
+    if (size >= sizeof first) {
       std::memcpy(&first, name.data(), sizeof first);
-      std::memcpy(&last, name.data() + name.size() - size, sizeof last);
+      std::memcpy(&last, name.data() + size - sizeof last, sizeof last);
+    } else if (size >= sizeof(std::uint32_t)) {
+      std::memcpy(&first, name.data(), sizeof(std::uint32_t));
+      std::memcpy(&last, name.data() + size - sizeof(std::uint32_t), sizeof(std::uint32_t));
     } else {
       for (const char c : name) first = first << 8U | static_cast<unsigned char>(c);
     }

@@ -53,7 +53,9 @@ std::size_t SourceText::CommentClose(std::size_t from) {
 
 std::size_t SourceText::EndOfDirective(std::size_t from) {
   std::size_t at = from;
-  while (at < text.size()) {
+  for (;;) {
+    at = EndOfPlain(at);
+    if (at >= text.size()) break;
     const char c = text[at];
     if (c == '\n') {
       std::size_t last = at;

@@ -149,7 +149,7 @@ class MainScanner : public ScannerBase {
     const Byte* next = EndOfWord(at, end);
     const auto length = static_cast<std::size_t>(next - at);
     const unsigned type = ClassifyMainWord(at, length);
-    if (type == kMainMaybeMacro) return false;
+    if (type == kMainMaybeMacro) return SkipLibCppMacro(next);
     // The keywords `getter=` and `setter=`.
     if (length == 6 && next < end && *next == '=' && std::memcmp(at + 1, "etter", 5) == 0 &&
         (*at == 'g' || *at == 's')) {
@@ -160,6 +160,32 @@ class MainScanner : public ScannerBase {
       return false;
     }
     return Take(type, next);
+  }
+
+  // A hidden macro of libc++ that ends at `next`, with the arguments that follow it directly.
+  bool SkipLibCppMacro(const Byte* next) {
+    constexpr std::string_view kPrefix = "_LIBCPP_";
+    if (!StartsWith(at, kPrefix) || static_cast<std::size_t>(next - at) == kPrefix.size()) {
+      return false;
+    }
+    const Byte* past = next;
+    if (Is(next, '(')) {
+      // Looking for the end of each of many that stay open would take quadratic time.
+      constexpr std::ptrdiff_t kLongestArguments = 512;
+      const Byte* const last = end - next > kLongestArguments ? next + kLongestArguments : end;
+      int open = 0;
+      do {
+        if (past == last) return false;
+        if (*past == '(') ++open;
+        if (*past == ')') --open;
+        ++past;
+      } while (open > 0);
+    } else if (next < end && IsBlank(*next)) {
+      // Whether parentheses after blanks belong to it depends on who asks.
+      while (next < end && IsBlank(*next)) ++next;
+      if (Is(next, '(')) return false;
+    }
+    return SkipLines(past);
   }
 
   bool ScanNumber() {

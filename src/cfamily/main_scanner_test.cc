@@ -113,6 +113,16 @@ TEST(ScanMain, HidesCommentsAndDirectives) {
   EXPECT_EQ(scanned.errors, 0U);
 }
 
+TEST(ScanMain, HidesMacrosOfLibCpp) {
+  EXPECT_EQ(Scan("_LIBCPP_INLINE int a").tokens, (Tokens{"148:1:int", "14:1:a"}));
+  EXPECT_EQ(Scan("_LIBCPP_X(a(b)\n'\"') c").tokens, Tokens{"14:2:c"});
+  EXPECT_EQ(Scan("_LIBCPP_X").stopped, 9U);
+  // The prefix alone is a name, and longer arguments take longer to find: both are left to the
+  // lexer.
+  EXPECT_EQ(Scan("_LIBCPP_ a").stopped, 0U);
+  EXPECT_EQ(Scan("_LIBCPP_X(" + std::string(600, 'a') + ")").stopped, 0U);
+}
+
 TEST(ScanMain, NamesMacrosAndSkipsTheirBodies) {
   EXPECT_EQ(Scan("#define FOO(a, b) \\\n x\nc").tokens, (Tokens{"60:1:FOO", "14:3:c"}));
   EXPECT_EQ(Scan("#define FOO /* a\nb */ 1\nc").tokens, (Tokens{"60:1:FOO", "14:3:c"}));
@@ -131,7 +141,8 @@ TEST(ScanMain, DropsUnknownCharacters) {
 
 TEST(ScanMain, LeavesWhatIsRareOrFails) {
   for (const char* rest : {"NS_ENUM(a, b)",
-                           "_LIBCPP_X",
+                           "_LIBCPP_X(a(b)",
+                           "_LIBCPP_X (a)",
                            "_LIBCPP_BEGIN_NAMESPACE_STD(x)",
                            "_LIBCPP_END_NAMESPACE_STD(",
                            "getter=",

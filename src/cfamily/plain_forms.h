@@ -147,23 +147,27 @@ class PlainForms {
     return TypeAt(at) == kMainSemicolon || TypeAt(at) == kMainLCurly ? at : k;
   }
 
-  /// `extern const int a, *b[1];` or `unsigned a : 1;`
-  ANTLR3_INT32 PastDeclaration(ANTLR3_INT32 k) const {
-    ANTLR3_INT32 at = k;
-    while (IsLinkage(TypeAt(at))) ++at;
-    const ANTLR3_INT32 type = at;
-    at = PastType(type);
-    if (at == type) return k;
-    for (;; ++at) {
+  /// `a, *b[1]` or `a : 1`, up to the `;`
+  ANTLR3_INT32 PastDeclarators(ANTLR3_INT32 k) const {
+    for (ANTLR3_INT32 at = k;; ++at) {
       const ANTLR3_INT32 name = at;
       at = PastName(name);
       if (at == name) return k;
       const bool isBitField = TypeAt(at) == kMainColon && TypeAt(at + 1) == kMainNumber;
       at = isBitField ? at + 2 : PastArrays(at);
-      if (TypeAt(at) == kMainSemicolon) return at + 1;
+      if (TypeAt(at) == kMainSemicolon) return at;
       if (TypeAt(at) != kMainComma) return k;
       while (IsPointer(TypeAt(at + 1))) ++at;
     }
+  }
+
+  /// `extern const int a, *b[1];`
+  ANTLR3_INT32 PastDeclaration(ANTLR3_INT32 k) const {
+    ANTLR3_INT32 type = k;
+    while (IsLinkage(TypeAt(type))) ++type;
+    const ANTLR3_INT32 names = PastType(type);
+    const ANTLR3_INT32 at = PastDeclarators(names);
+    return names == type || at == names ? k : at + 1;
   }
 
  private:

@@ -124,6 +124,13 @@ TEST(PlainForms, DeclarationsHaveNamesArraysAndWidths) {
   ExpectNone(past, {kMainId, kMainId, kMainComma});
 }
 
+TEST(PlainForms, DeclaratorsEndBeforeASemicolon) {
+  const Past past = &PlainForms::PastDeclarators;
+  ExpectForm(past, {kMainId, kMainComma, kMainStar, kMainId, kMainSemicolon});
+  ExpectNone(past, {kMainId, kMainAssign, kMainNumber, kMainSemicolon});
+  ExpectNone(past, {kMainSemicolon});
+}
+
 TEST(PlainForms, AreShort) {
   Types types;
   while (types.size() < 60) types.insert(types.end(), {kMainId, kMainScope});

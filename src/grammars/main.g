@@ -242,6 +242,7 @@ memberInitializer
   ;
 
 declaratorList returns [VectorOfName r]
+@init { if (PassesAs(ctx, &PlainForms::PastDeclarators)) return r; }
   : d = declarator { $r.Add($d.r); } ( COMMA d = declarator { $r.Add($d.r); } )*
   ;
 

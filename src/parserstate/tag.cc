@@ -2,6 +2,8 @@
 // From a tag's record to the pieces of its line.
 #include "parserstate/tag.h"
 
+#include <charconv>
+#include <cstddef>
 #include <string>
 
 #include "base/text.h"
@@ -28,6 +30,22 @@ void PrintField(Dumper& dumper, const TagField& field) {
   PrintUnlessEmpty(dumper, field.colon);
   PrintUnlessEmpty(dumper, field.text);
 }
+
+/// What a line has between the file and the fields.
+class LineAndKind {
+ public:
+  explicit LineAndKind(const Tag& tag) {
+    *end++ = '\t';
+    end = std::to_chars(end, end + kLongestNumber, tag.line).ptr;
+    for (const char c : {';', '"', '\t', tag.kind}) *end++ = c;
+  }
+  std::string_view Text() const { return {text, static_cast<std::size_t>(end - text)}; }
+
+ private:
+  static constexpr std::size_t kLongestNumber = 20;
+  char text[kLongestNumber + 5];
+  char* end = text;
+};
 
 }  // namespace
 
@@ -59,24 +77,23 @@ void WriteTag(Dumper& dumper, const Tag& tag) {
   }
   PrintUnlessEmpty(dumper, tag.suffix);
 
-  const std::string line = std::to_string(tag.line);
-  const std::string_view letter(&tag.kind, 1);
+  const LineAndKind afterFile(tag);
   if (tag.pieces == Tag::Pieces::kOne) {
     const TagField& field = tag.fields[0];
     if (field.opening.empty()) {
-      dumper.PrintPiece({"\t", tag.file, "\t", line, ";\"\t", letter, "\n"});
+      dumper.PrintPiece({"\t", tag.file, afterFile.Text(), "\n"});
     } else {
-      dumper.PrintPiece({"\t", tag.file, "\t", line, ";\"\t", letter, field.opening, field.word,
-                         field.colon, ForPiece(field.text), "\n"});
+      dumper.PrintPiece({"\t", tag.file, afterFile.Text(), field.opening, field.word, field.colon,
+                         ForPiece(field.text), "\n"});
     }
     return;
   }
   if (tag.pieces == Tag::Pieces::kPlainFile) {
     dumper.Print("\t");
     dumper.Print(tag.file);
-    dumper.PrintPiece({"\t", line, ";\"\t", letter});
+    dumper.Print(afterFile.Text());
   } else {
-    dumper.PrintPiece({"\t", tag.file, "\t", line, ";\"\t", letter});
+    dumper.PrintPiece({"\t", tag.file, afterFile.Text()});
   }
   for (const TagField& field : tag.fields) PrintField(dumper, field);
   dumper.Print("\n");

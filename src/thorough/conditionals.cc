@@ -69,7 +69,10 @@ class Chooser {
 
   std::vector<TextRange> Run() {
     const auto take = [this](std::string_view piece) { Take(piece); };
-    while (source.NextDirective(take)) HandleDirective(source.Found());
+    while (source.NextDirective(take)) {
+      HandleDirective(source.Found());
+      current = &Current();
+    }
     // A conditional that is never closed is kept whole: the scanner hides its directives.
     std::sort(dropped.begin(), dropped.end(),
               [](const TextRange& a, const TextRange& b) { return a.begin < b.begin; });
@@ -80,7 +83,7 @@ class Chooser {
   Shape& Current() { return open.empty() ? top : open.back().branches.back().shape; }
 
   void Take(std::string_view piece) {
-    Shape& shape = Current();
+    Shape& shape = *current;
     shape.Take(piece);
     switch (piece.front()) {
       case '{':
@@ -286,6 +289,7 @@ class Chooser {
   SourceText source;
   Dialect dialect;
   Shape top;
+  Shape* current = &top;  ///< As `Current`, between directives.
   std::vector<Conditional> open;
   std::vector<TextRange> defines;  ///< The `#define` lines of branches that might be read.
   std::vector<TextRange> dropped;

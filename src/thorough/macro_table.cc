@@ -107,9 +107,11 @@ bool CanDeclare(std::string_view body, bool isFunction) {
 /// True for the number of a version, which may become part of the name of a namespace.
 bool IsVersion(std::string_view name, std::string_view body) {
   constexpr std::size_t kLongest = 6;
-  const std::size_t comment = body.find_first_of(" \t/");
-  if (comment != kNone && body.find('/', comment) != kNone) body = body.substr(0, comment);
-  if (body.empty() || body.size() > kLongest || body[0] < '0' || body[0] > '9') return false;
+  if (body.empty() || body[0] < '0' || body[0] > '9') return false;
+  std::size_t end = 0;
+  while (end < body.size() && !IsBlank(body[end]) && body[end] != '/') ++end;
+  if (body.find('/', end) != kNone) body = body.substr(0, end);
+  if (body.size() > kLongest) return false;
   constexpr std::string_view kParts[] = {"VERSION", "MAJOR", "MINOR", "PATCH", "REVISION", "ABI"};
   for (; name.size() > 2; name.remove_prefix(1)) {
     // Most characters begin none of them.

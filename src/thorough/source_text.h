@@ -128,12 +128,13 @@ template <class Take>
 bool SourceText::NextDirective(Take take) {
   while (at < text.size()) {
     switch (ClassAt(at)) {
-      case CharacterClass::Blank:
-        ++at;
-        continue;
       case CharacterClass::LineEnd:
-        ++at;
         isLineStart = true;
+        [[fallthrough]];
+      case CharacterClass::Blank:
+        do {
+          ++at;
+        } while (at < text.size() && ClassAt(at) == CharacterClass::Blank);
         continue;
       case CharacterClass::Slash: {
         const std::size_t past = SkipComment(at);

@@ -37,9 +37,9 @@ std::string VexlTagsParser::FlattenParamList(const ParamList& list) {
   return text;
 }
 
-void VexlTagsParser::DumpMacro(const std::string& name, int line) const {
+void VexlTagsParser::DumpMacro(std::string_view name, int line) const {
   if (options->debugDump) {
-    std::printf("macro: %s", name.c_str());
+    std::printf("macro: %s", std::string(name).c_str());
     PrintReadablePosition(line);
     return;
   }

@@ -52,7 +52,7 @@ class VexlTagsParser : public ParserStateBase {
   /// before the scope is opened.
   void DumpClass(const TypeDescriptor& descriptor, int line) const;
   /// Writes the tag of a macro, which never has a scope.
-  void DumpMacro(const std::string& name, int line) const;
+  void DumpMacro(std::string_view name, int line) const;
   /// Writes the tag of a typedef or alias, with a typeref field for a class, struct, union or enum.
   void DumpTypedef(const std::string& name, const TypeDescriptor& type, int line) const;
   /// Writes the tag of a concept. `type` holds the text of its template head, which no tag shows.

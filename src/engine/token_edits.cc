@@ -91,7 +91,15 @@ void TokenTable::Apply(const TokenEdits& edits) {
       places.insert(places.end(), begin + static_cast<std::ptrdiff_t>(first),
                     begin + static_cast<std::ptrdiff_t>(last));
     }
-    if (first + shift != count) {
+    constexpr std::size_t kShortRun = 16;
+    if (first + shift != count && last - first < kShortRun) {
+      for (std::size_t from = first + shift, to = count; from < last + shift; ++from, ++to) {
+        types[to] = types[from];
+        starts[to] = starts[from];
+        ends[to] = ends[from];
+        lines[to] = lines[from];
+      }
+    } else if (first + shift != count) {
       MoveForward(types, first + shift, count, last - first);
       MoveForward(starts, first + shift, count, last - first);
       MoveForward(ends, first + shift, count, last - first);

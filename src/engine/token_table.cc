@@ -177,20 +177,6 @@ void TokenTable::FindBrackets(Partners& kind, unsigned close) const {
   const auto opener = static_cast<std::int16_t>(kind.open);
   const auto closer = static_cast<std::int16_t>(close);
   for (std::uint32_t i = 0; i < count; ++i) {
-    // Steps over four tokens at a time while none is a bracket: only a difference of zero borrows
-    // from a highest bit that was clear.
-    constexpr std::uint64_t kEach = 0x0001000100010001;
-    const auto hasZero = [](std::uint64_t four) {
-      return ((four - kEach) & ~four & kEach << 15U) != 0;
-    };
-    for (std::uint64_t four = 0; i + 4 <= count; i += 4) {
-      std::memcpy(&four, &types[i], sizeof four);
-      if (hasZero(four ^ kEach * static_cast<std::uint16_t>(opener)) ||
-          hasZero(four ^ kEach * static_cast<std::uint16_t>(closer))) {
-        break;
-      }
-    }
-    if (i == count) break;
     if (types[i] == opener) {
       unclosed.push_back(static_cast<std::uint32_t>(kind.brackets.size()));
       kind.brackets.push_back({i, 0});

@@ -135,7 +135,7 @@ externC
   ;
 
 macro
-  : d = Define { ctx->builder->DumpMacro(TokenString($d), TokenLine($d)); }
+  : d = Define { ctx->builder->DumpMacro(TokenView($d).value_or(""), TokenLine($d)); }
   ;
 
 staticAssert

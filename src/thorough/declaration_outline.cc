@@ -3,7 +3,9 @@
 #include "thorough/declaration_outline.h"
 
 #include <algorithm>
+#include <initializer_list>
 
+#include "base/character_class.h"
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {
@@ -11,6 +13,23 @@ namespace {
 
 bool IsOpen(unsigned type) { return type == kMainLParen || type == kMainLSquare; }
 bool IsClose(unsigned type) { return type == kMainRParen || type == kMainRSquare; }
+
+constexpr ByteTable<bool> MakeTypeTable(std::initializer_list<unsigned> types) {
+  ByteTable<bool> table{};
+  for (const unsigned type : types) table[type] = true;
+  return table;
+}
+
+/// The types of words between `<` and `>` that matter to `PastAngle`.
+constexpr ByteTable<bool> kAngleTypes =
+    MakeTypeTable({kMainLParen, kMainLSquare, kMainRParen, kMainRSquare, kMainSemicolon,
+                   kMainAssign, kMainComma, kMainLess, kMainGreater, kMainGreaterOrEqual});
+
+/// The types of words that can be a part of an outline or begin one.
+constexpr ByteTable<bool> kOutlineTypes =
+    MakeTypeTable({kMainKw_class, kMainKw_struct, kMainKw_union, kMainKw_enum, kMainNsOptionsMacro,
+                   kMainKw_namespace, kMainKw_operator, kMainAssign, kMainPointerTo, kMainColon,
+                   kMainComma, kMainLess, kMainLParen, kMainLSquare});
 
 /// One past the symbol of the operator whose word is at `word`.
 std::size_t PastOperatorSymbol(const Words& words, std::size_t word) {
@@ -149,6 +168,10 @@ std::size_t PastAngle(const Words& words, std::size_t open) {
   bool afterAssign = false;
   for (std::size_t i = open; i < words.size();) {
     const unsigned type = words[i].type;
+    if (!kAngleTypes[type % kAngleTypes.size()]) {
+      ++i;
+      continue;
+    }
     if (IsOpen(type)) {
       i = PastBracket(words, i);
       continue;
@@ -177,7 +200,7 @@ std::size_t PastAngle(const Words& words, std::size_t open) {
   return open;
 }
 
-Outline::Outline(const Words& words) {
+std::size_t PastTemplateHeads(const Words& words) {
   std::size_t i = 0;
   if (i < words.size() && words[i].type == kMainRCurly) ++i;
   while (i < words.size() && words[i].type == kMainKw_template) {
@@ -189,12 +212,20 @@ Outline::Outline(const Words& words) {
     }
   }
   if (i < words.size() && words[i].type == kMainKw_requires) i = PastRequires(words, i);
-  begin = i;
+  return i;
+}
+
+Outline::Outline(const Words& words) {
+  std::size_t i = begin = PastTemplateHeads(words);
   // Each that stays open costs a look at the whole rest.
   constexpr int kMostOpenAngles = 8;
   int openAngles = 0;
   while (i < words.size()) {
     const unsigned type = words[i].type;
+    if (!kOutlineTypes[type % kOutlineTypes.size()]) {
+      ++i;
+      continue;
+    }
     if (IsClassKey(type)) {
       if (classKey == kNoWord && params == kNoWord) classKey = i;
     } else if (type == kMainKw_enum || type == kMainNsOptionsMacro) {

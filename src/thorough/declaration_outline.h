@@ -24,6 +24,10 @@ bool AreAdjacent(const Word& a, const Word& b);
 /// declaration. Parentheses and blocks in between are skipped.
 std::size_t PastAngle(const Words& words, std::size_t open);
 
+/// The first word after the template heads of a declaration, and after the brace that it may begin
+/// with.
+std::size_t PastTemplateHeads(const Words& words);
+
 /// Where the parts of a declaration are, outside brackets and template lists; `kNoWord` for none.
 struct Outline {
   explicit Outline(const Words& words);

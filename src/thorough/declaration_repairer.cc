@@ -128,8 +128,8 @@ void DeclarationRepairer::RepairPlain() {
 
 void DeclarationRepairer::RetypeNames() {
   for (std::size_t i = 0; i < words.size(); ++i) {
-    const unsigned type = TypeAt(i);
-    if (!IsCxxWord(type)) continue;
+    const unsigned type = words[i].type;
+    if ((kWordKinds[type % kWordKinds.size()] & kCxxWords) == 0) continue;
     if (place.dialect == Dialect::C && !place.inObjc) {
       if (i > 0) Retype(i, kMainId);
       continue;

@@ -170,6 +170,7 @@ bool Expander::Expand(const MacroDefinition& definition, const Arguments& argume
   ++depth;
   const MacroBody& body = bodies.Of(definition);
   std::vector<Word> words;
+  words.reserve(body.tokens.size());
   bool done = Substitute(body, arguments, line, words);
   if (done) {
     active.push_back(&definition);

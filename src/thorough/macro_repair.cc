@@ -30,7 +30,7 @@ bool BeginsDeclaration(unsigned type) {
 // As in `RemoveThirdNames`, what is removed is a gap before the next word.
 void DeclarationRepairer::RemoveMacrosBefore() {
   std::size_t kept = 0;
-  if (TypeAt(0) == kMainKw_template) kept = Outline(words).begin;
+  if (TypeAt(0) == kMainKw_template) kept = PastTemplateHeads(words);
   RemoveMacroLines(kept);
   RemoveMadeTemplateHead();
   std::size_t i = kept;

@@ -104,6 +104,18 @@ bool CanDeclare(std::string_view body, bool isFunction) {
   return isFunction && (c == '#' || c == '~');
 }
 
+/// What the names of macros for versions have in them.
+constexpr std::string_view kVersionParts[] = {"VERSION", "MAJOR",    "MINOR",
+                                              "PATCH",   "REVISION", "ABI"};
+constexpr ByteTable<bool> MakeVersionPartTable() {
+  ByteTable<bool> table{};
+  for (const std::string_view part : kVersionParts) {
+    table[static_cast<unsigned char>(part[0])] = true;
+  }
+  return table;
+}
+constexpr ByteTable<bool> kBeginsVersionPart = MakeVersionPartTable();
+
 /// True for the number of a version, which may become part of the name of a namespace.
 bool IsVersion(std::string_view name, std::string_view body) {
   constexpr std::size_t kLongest = 6;
@@ -112,13 +124,10 @@ bool IsVersion(std::string_view name, std::string_view body) {
   while (end < body.size() && !IsBlank(body[end]) && body[end] != '/') ++end;
   if (body.find('/', end) != kNone) body = body.substr(0, end);
   if (body.size() > kLongest) return false;
-  constexpr std::string_view kParts[] = {"VERSION", "MAJOR", "MINOR", "PATCH", "REVISION", "ABI"};
-  for (; name.size() > 2; name.remove_prefix(1)) {
-    // Most characters begin none of them.
-    const char c = name[0];
-    if (c != 'V' && c != 'M' && c != 'P' && c != 'R' && c != 'A') continue;
-    for (const std::string_view part : kParts) {
-      if (name.starts_with(part)) return true;
+  for (; !name.empty(); name.remove_prefix(1)) {
+    if (!kBeginsVersionPart[static_cast<unsigned char>(name[0])]) continue;
+    for (const std::string_view part : kVersionParts) {
+      if (part[0] == name[0] && name.starts_with(part)) return true;
     }
   }
   return false;
@@ -313,7 +322,8 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
   while (at < text.size() && IsBlank(text[at])) ++at;
   if (at == word || at == text.size() || !IsLetter(text[at])) return at;
   const std::size_t nameBegin = at;
-  while (at < text.size() && IsWord(text[at])) ++at;
+  const auto* const bytes = reinterpret_cast<const unsigned char*>(text.data());
+  at = static_cast<std::size_t>(EndOfWord(bytes + at, bytes + text.size()) - bytes);
   const std::string_view name = text.substr(nameBegin, at - nameBegin);
 
   conditions.AddDefined(name);

@@ -161,7 +161,7 @@ bool DeclarationPass::NeedsName() const {
   constexpr std::size_t kLongestType = 256;
   if (words.empty() || words.size() > kLongestType || inEnum || brackets > 0) return false;
   int names = 0;
-  for (std::size_t i = Outline(words).begin; i < words.size(); ++i) {
+  for (std::size_t i = PastTemplateHeads(words); i < words.size(); ++i) {
     const unsigned type = words[i].type;
     if (type == kMainScope) {
       ++i;  // One more word of the same name.

@@ -48,7 +48,7 @@ void DeclarationRepairer::EmptyTemplateHeads() {
 }
 
 void DeclarationRepairer::RemoveConstraint(std::size_t from) {
-  if (from > 0 && TypeAt(from) == kMainKw_requires) Erase(from, Outline(words).begin);
+  if (from > 0 && TypeAt(from) == kMainKw_requires) Erase(from, PastTemplateHeads(words));
 }
 
 void DeclarationRepairer::RemoveTemplateDefaults() {

@@ -168,6 +168,8 @@ class MainScanner : public ScannerBase {
     if (!StartsWith(at, kPrefix) || static_cast<std::size_t>(next - at) == kPrefix.size()) {
       return false;
     }
+    // Those may have a meaning to whoever reads what the scanner leaves.
+    if (IsLibraryScope(Text(at, next))) return false;
     const Byte* past = next;
     if (Is(next, '(')) {
       // Looking for the end of each of many that stay open would take quadratic time.

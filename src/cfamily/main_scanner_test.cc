@@ -143,6 +143,7 @@ TEST(ScanMain, LeavesWhatIsRareOrFails) {
   for (const char* rest : {"NS_ENUM(a, b)",
                            "_LIBCPP_X(a(b)",
                            "_LIBCPP_X (a)",
+                           "_LIBCPP_BEGIN_NAMESPACE_FILES a",
                            "_LIBCPP_BEGIN_NAMESPACE_STD(x)",
                            "_LIBCPP_END_NAMESPACE_STD(",
                            "getter=",

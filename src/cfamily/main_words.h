@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 namespace vexltags {
 
@@ -13,5 +14,14 @@ inline constexpr unsigned kMainMaybeMacro = 0;
 /// keyword or identifier, or `kMainMaybeMacro` when it begins with the name of an eaten macro, in
 /// which case the characters after it decide. Does not know keywords that contain other characters.
 unsigned ClassifyMainWord(const unsigned char* word, std::size_t length);
+
+/// True for the macros with which libc++ opens and closes namespaces, other than the two that are
+/// keywords. Their names begin as those of its annotations do, so the lexer hides them.
+inline bool IsLibraryScope(std::string_view word) {
+  return (word.starts_with("_LIBCPP_BEGIN_NAMESPACE_") ||
+          word.starts_with("_LIBCPP_END_NAMESPACE_")) &&
+         ClassifyMainWord(reinterpret_cast<const unsigned char*>(word.data()), word.size()) ==
+             kMainMaybeMacro;
+}
 
 }  // namespace vexltags

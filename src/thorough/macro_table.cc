@@ -7,7 +7,6 @@
 
 #include "base/character_class.h"
 #include "cfamily/main_words.h"
-#include "thorough/library_scopes.h"
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {

@@ -6,9 +6,9 @@
 
 #include "base/character_class.h"
 #include "cfamily/main_scanner.h"
+#include "cfamily/main_words.h"
 #include "thorough/conditionals.h"
 #include "thorough/declaration_pass.h"
-#include "thorough/library_scopes.h"
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {
@@ -70,7 +70,8 @@ bool SkipAtWord(ScanCursor& cursor) {
   return true;
 }
 
-/// A word that opens or closes a namespace. One with arguments is left to the lexer.
+/// A word that opens or closes a namespace: a token that either expands to a learned definition or
+/// is left out. One with arguments is left to the lexer.
 bool TakeLibraryScope(ScanCursor& cursor, TokenTable& table) {
   const Byte* const past = EndOfWord(cursor.at, cursor.end);
   const std::string_view word(reinterpret_cast<const char*>(cursor.at),

@@ -111,6 +111,7 @@ FileReader::~FileReader() {
 FileResult FileReader::Read(const FileJob& job, const KnownFile* known) {
   FileResult result;
   FileInfo& info = result.info;
+  std::string entries;
   lookups.Clear();
   Dumper dumper;
   const std::int32_t start = std::max(job.anonStart, 0);
@@ -170,10 +171,11 @@ FileResult FileReader::Read(const FileJob& job, const KnownFile* known) {
         entry.isWhole || line.find('\n') != line.npos || line.find('\0') != line.npos;
     info.isUtf8 = info.isUtf8 && (isAscii || IsUtf8(entry));
     isFixed = isFixed || (info.anonCount > 0 && IsNearlyCut(line));
-    AppendEntry(result.entries, entry);
+    AppendEntry(entries, entry);
   }
   isFixed = isFixed || (info.anonCount > 0 && !info.rest.empty());
   if (isFixed) info.anonStart = start;
+  result.entries = std::move(entries);
   result.lookups = lookups.Hashes();
   // Unknown macros can be the reason for what could not be read.
   if (info.skipped > 0 || info.parserErrors > 0) info.unknownWords = UnknownWords(dumper);

@@ -3,22 +3,11 @@
 #include "tree/file_result.h"
 
 #include <cstring>
-#include <nlohmann/json.hpp>
+
+#include "tree/packing.h"
 
 namespace vexltags::tree {
 namespace {
-
-using nlohmann::json;
-
-// File names and words can be any bytes, which CBOR has as binary values.
-json Bytes(const std::string& text) {
-  return json::binary(std::vector<std::uint8_t>(text.begin(), text.end()));
-}
-
-std::string Text(const json& value) {
-  const auto& bytes = value.get_binary();
-  return {bytes.begin(), bytes.end()};
-}
 
 /// The bytes of the head, which come first.
 struct PackedHead {
@@ -27,6 +16,28 @@ struct PackedHead {
   std::uint32_t tagCount;
   std::uint32_t flags;
 };
+
+/// Calls `pack` with each member of `info`, in the order in which they are stored.
+template <class Pack, class Info>
+void ForEachMember(Pack& pack, Info& info) {
+  pack(info.status);
+  pack(info.hash);
+  pack(info.size);
+  pack(info.stored);
+  pack(info.tagCount);
+  pack(info.anonCount);
+  pack(info.anonStart);
+  pack(info.isUtf8);
+  pack(info.hasOddLines);
+  pack(info.rest);
+  pack(info.lexerErrors);
+  pack(info.parserErrors);
+  pack(info.lines);
+  pack(info.lastTag);
+  pack(info.skipped);
+  pack(info.firstSkipped);
+  pack(info.unknownWords);
+}
 
 }  // namespace
 
@@ -44,62 +55,20 @@ InfoHead DecodeHead(std::string_view bytes) {
 }
 
 std::string EncodeInfo(const FileInfo& info) {
-  const json value = {static_cast<int>(info.status),
-                      info.hash,
-                      info.size,
-                      Bytes(info.stored),
-                      info.tagCount,
-                      info.anonCount,
-                      info.anonStart,
-                      info.isUtf8,
-                      info.hasOddLines,
-                      Bytes(info.rest),
-                      info.lexerErrors,
-                      info.parserErrors,
-                      info.lines,
-                      info.lastTag,
-                      info.skipped,
-                      info.firstSkipped,
-                      Bytes(info.unknownWords)};
   const InfoHead head = HeadOf(info);
   const PackedHead packed{head.anonCount, head.anonStart, head.tagCount,
                           (head.isUtf8 ? 1U : 0U) | (head.isOdd ? 2U : 0U)};
   std::string bytes(reinterpret_cast<const char*>(&packed), sizeof packed);
-  std::string rest;
-  json::to_cbor(value, rest);
-  return bytes + rest;
+  Packer pack(bytes);
+  ForEachMember(pack, info);
+  return bytes;
 }
 
 bool DecodeInfo(std::string_view bytes, FileInfo& info) {
   if (bytes.size() < sizeof(PackedHead)) return false;
-  const json value = json::from_cbor(bytes.substr(sizeof(PackedHead)), true, false);
-  constexpr std::size_t kFields = 17;
-  if (!value.is_array() || value.size() != kFields) return false;
-  for (std::size_t i = 0; i < kFields; ++i) {
-    const bool isBytes = i == 3 || i == 9 || i == 16;
-    const bool isFlag = i == 7 || i == 8;
-    if (isBytes ? !value[i].is_binary() : isFlag ? !value[i].is_boolean() : !value[i].is_number()) {
-      return false;
-    }
-  }
-  info.status = static_cast<FileStatus>(value[0].get<int>());
-  value[1].get_to(info.hash);
-  value[2].get_to(info.size);
-  info.stored = Text(value[3]);
-  value[4].get_to(info.tagCount);
-  value[5].get_to(info.anonCount);
-  value[6].get_to(info.anonStart);
-  value[7].get_to(info.isUtf8);
-  value[8].get_to(info.hasOddLines);
-  info.rest = Text(value[9]);
-  value[10].get_to(info.lexerErrors);
-  value[11].get_to(info.parserErrors);
-  value[12].get_to(info.lines);
-  value[13].get_to(info.lastTag);
-  value[14].get_to(info.skipped);
-  value[15].get_to(info.firstSkipped);
-  info.unknownWords = Text(value[16]);
-  return true;
+  Unpacker unpack(bytes.substr(sizeof(PackedHead)));
+  ForEachMember(unpack, info);
+  return unpack.IsDone() && info.status <= FileStatus::kDied;
 }
 
 }  // namespace vexltags::tree

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "tree/bytes.h"
+
 namespace vexltags::tree {
 
 enum class FileStatus : std::uint8_t {
@@ -40,8 +42,8 @@ struct FileInfo {
 /// What reading one file found out about it.
 struct FileResult {
   FileInfo info;
-  std::string entries;  ///< Its tags, see tag_entry.h.
-  std::string lookups;  ///< The words that were looked up, see lookups.h.
+  Bytes entries;  ///< Its tags, see tag_entry.h.
+  Bytes lookups;  ///< The words that were looked up, see lookups.h.
 };
 
 /// What is needed of all files in each run.

@@ -6,27 +6,20 @@
 
 #include <cerrno>
 #include <cstring>
-#include <nlohmann/json.hpp>
-#include <vector>
+
+#include "tree/packing.h"
 
 #include "cache/content_hash.h"
 
 namespace vexltags::tree {
 namespace {
 
-using nlohmann::json;
-
 constexpr std::size_t kSizes = 2 * sizeof(std::uint32_t);
 constexpr std::uint32_t kLargestHead = 1U << 26;
 
-json Bytes(std::string_view text) {
-  return json::binary(std::vector<std::uint8_t>(text.begin(), text.end()));
-}
-
-std::string Text(const json& value) {
-  const auto& bytes = value.get_binary();
-  return {bytes.begin(), bytes.end()};
-}
+/// The first bytes of heads.
+constexpr char kRequest = 'q';
+constexpr char kAnswer = 'a';
 
 std::uint32_t SizeAt(std::string_view bytes, std::size_t at) {
   std::uint32_t size = 0;
@@ -37,12 +30,19 @@ std::uint32_t SizeAt(std::string_view bytes, std::size_t at) {
 }  // namespace
 
 void AppendFrame(std::string& out, std::string_view head, std::string_view body) {
-  for (const std::string_view part : {head, body}) {
-    const auto size = static_cast<std::uint32_t>(part.size());
-    out.append(reinterpret_cast<const char*>(&size), sizeof size);
+  AppendFrame(out, head, {body});
+}
+
+void AppendFrame(std::string& out, std::string_view head,
+                 std::initializer_list<std::string_view> body) {
+  std::size_t bodySize = 0;
+  for (const std::string_view part : body) bodySize += part.size();
+  for (const std::size_t size : {head.size(), bodySize}) {
+    const auto number = static_cast<std::uint32_t>(size);
+    out.append(reinterpret_cast<const char*>(&number), sizeof number);
   }
   out += head;
-  out += body;
+  for (const std::string_view part : body) out += part;
 }
 
 bool TakeFrame(std::string_view& bytes, Frame& frame) {
@@ -81,52 +81,64 @@ std::optional<std::string_view> Unseal(std::string_view bytes) {
 
 void AppendRequest(std::string& out, const Request& request) {
   std::string head;
-  json::to_cbor(json{request.index, request.forFacts, request.job.anonStart}, head);
+  Packer pack(head);
+  pack(kRequest);
+  pack(request.index);
+  pack(request.forFacts);
+  pack(request.job.anonStart);
   AppendFrame(out, head, request.job.path);
 }
 
 bool ReadRequest(const Frame& frame, Request& request) {
-  const json head = json::from_cbor(frame.head, true, false);
-  if (!head.is_array() || head.size() != 3 || !head[0].is_number() || !head[1].is_boolean() ||
-      !head[2].is_number()) {
-    return false;
-  }
-  head[0].get_to(request.index);
-  head[1].get_to(request.forFacts);
-  head[2].get_to(request.job.anonStart);
+  Unpacker unpack(frame.head);
+  char kind = 0;
+  unpack(kind);
+  unpack(request.index);
+  unpack(request.forFacts);
+  unpack(request.job.anonStart);
   request.job.path = frame.body;
-  return true;
+  return unpack.IsDone() && kind == kRequest;
 }
 
 void AppendAnswer(std::string& out, const Answer& answer) {
+  const std::string_view entries = answer.result.entries;
+  const std::string_view lookups = answer.result.lookups;
+  const std::string_view facts = answer.facts;
   std::string head;
-  std::string info = EncodeInfo(answer.result.info);
-  json::to_cbor(json{answer.index, answer.forFacts, Bytes(info), answer.result.entries.size(),
-                     answer.result.lookups.size()},
-                head);
-  std::string body;
-  body.reserve(answer.result.entries.size() + answer.result.lookups.size() + answer.facts.size());
-  body += answer.result.entries;
-  body += answer.result.lookups;
-  body += answer.facts;
-  AppendFrame(out, head, body);
+  Packer pack(head);
+  pack(kAnswer);
+  pack(answer.index);
+  pack(answer.forFacts);
+  pack(EncodeInfo(answer.result.info));
+  pack(entries.size());
+  pack(lookups.size());
+  AppendFrame(out, head, {entries, lookups, facts});
 }
 
-bool ReadAnswer(const Frame& frame, Answer& answer) {
-  const json head = json::from_cbor(frame.head, true, false);
-  if (!head.is_array() || head.size() != 5 || !head[0].is_number() || !head[1].is_boolean() ||
-      !head[2].is_binary() || !head[3].is_number() || !head[4].is_number()) {
+bool ReadAnswer(const Frame& frame, Answer& answer, bool isKept) {
+  Unpacker unpack(frame.head);
+  char kind = 0;
+  std::string_view info;
+  std::size_t entries = 0;
+  std::size_t lookups = 0;
+  unpack(kind);
+  unpack(answer.index);
+  unpack(answer.forFacts);
+  unpack(info);
+  unpack(entries);
+  unpack(lookups);
+  const std::size_t size = frame.body.size();
+  if (!unpack.IsDone() || kind != kAnswer || entries > size || lookups > size - entries) {
     return false;
   }
-  head[0].get_to(answer.index);
-  head[1].get_to(answer.forFacts);
-  const auto entries = head[3].get<std::size_t>();
-  const auto lookups = head[4].get<std::size_t>();
-  if (entries > frame.body.size() || lookups > frame.body.size() - entries) return false;
-  answer.result.entries = frame.body.substr(0, entries);
-  answer.result.lookups = frame.body.substr(entries, lookups);
-  answer.facts = frame.body.substr(entries + lookups);
-  return DecodeInfo(Text(head[2]), answer.result.info);
+  const auto part = [&](std::size_t at, std::size_t count) {
+    const std::string_view bytes = frame.body.substr(at, count);
+    return isKept ? Bytes::Kept(bytes) : Bytes(std::string(bytes));
+  };
+  answer.result.entries = part(0, entries);
+  answer.result.lookups = part(entries, lookups);
+  answer.facts = part(entries + lookups, size);
+  return DecodeInfo(info, answer.result.info);
 }
 
 bool WriteAll(int descriptor, std::string_view bytes) {

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "tree/bytes.h"
 #include "tree/file_reader.h"
 #include "tree/file_result.h"
 
@@ -14,12 +16,15 @@ namespace vexltags::tree {
 
 /// A piece of a stream: two texts with their sizes before them.
 struct Frame {
-  std::string_view head;  ///< CBOR.
+  std::string_view head;  ///< A few values.
   std::string_view body;  ///< Bytes.
 };
 
 /// Appends a frame to `out`.
 void AppendFrame(std::string& out, std::string_view head, std::string_view body);
+/// The same with a body of several parts.
+void AppendFrame(std::string& out, std::string_view head,
+                 std::initializer_list<std::string_view> body);
 
 /// Takes the frame at the start of `bytes` off it; false if it is not complete.
 bool TakeFrame(std::string_view& bytes, Frame& frame);
@@ -48,10 +53,11 @@ struct Answer {
   std::uint32_t index = 0;
   bool forFacts = false;
   FileResult result;
-  std::string facts;
+  Bytes facts;
 };
 void AppendAnswer(std::string& out, const Answer& answer);
-bool ReadAnswer(const Frame& frame, Answer& answer);
+/// `isKept` is whether `frame` exists as long as the answer is used, so that nothing is copied.
+bool ReadAnswer(const Frame& frame, Answer& answer, bool isKept = false);
 
 /// Writes all of `bytes`; false on failure.
 bool WriteAll(int descriptor, std::string_view bytes);

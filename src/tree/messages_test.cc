@@ -53,9 +53,9 @@ TEST(Messages, RequestsAndAnswersAreReadAsTheyWereWritten) {
   Answer answer;
   answer.index = 3;
   answer.result.info.stored = "a.c";
-  answer.result.entries = "entries";
-  answer.result.lookups = "lookups";
-  answer.facts = "facts";
+  answer.result.entries = std::string("entries");
+  answer.result.lookups = std::string("lookups");
+  answer.facts = std::string("facts");
   AppendAnswer(bytes, answer);
 
   std::string_view rest = bytes;

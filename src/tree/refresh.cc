@@ -78,7 +78,9 @@ int Refresh::Run() {
     newDigests.clear();
     entries.clear();
     session.reset();
-    isChanged = tagsChanged = hasNewDigests = hasFailures = listChanged = factsChanged = false;
+    stores.clear();
+    isChanged = tagsChanged = hasNewDigests = hasFailures = listChanged = factsChanged =
+        scanFailed = false;
     counts = {};
   }
   return kFailed;
@@ -200,34 +202,77 @@ bool Refresh::CheckContents() {
     const bool isKnown = file.row.id != 0;
     if (file.learns ? !file.hasFacts : isKnown && !file.hasResult) numbers.push_back(i);
   }
-  if (!ReadFiles(numbers, true, "scanning")) return false;
-  for (const std::uint32_t number : numbers) {
-    TreeFile& file = files[number];
-    if (!file.facts) continue;
-    // What is known holds as long as the content is the same, whatever its time.
-    file.hasResult = file.row.id != 0 && file.row.resultHash == file.factsHash;
-    isChanged = true;
-    if (!file.learns) {
-      file.facts.reset();
-      continue;
-    }
-    if (file.row.id != 0 && file.row.factsHash == file.factsHash && file.row.factsHash != 0) {
-      file.hasFacts = true;
-      file.facts.reset();
-    } else if (file.row.id == 0 || file.row.factsHash == 0 || !cache ||
-               !thorough::MacroTable::HaveSameDirectives(cache->Blob(file.row.id, BlobKind::kFacts),
-                                                         *file.facts)) {
-      factsChanged = true;
-    }
+  if (rows.empty() && numbers.size() > kFewFiles) {
+    // There is nothing to compare with. The session learns from each file as soon as it can.
+    progress.Begin("scanning", numbers.size(), SizeOf(numbers));
+    isChanged = factsChanged = true;
+    scan.emplace(RequestsFor(numbers, true), options.jobs, nullptr, stores, Events());
+    return true;
   }
+  if (!ReadFiles(numbers, true, "scanning")) return false;
+  for (const std::uint32_t number : numbers) CheckContent(files[number]);
   return true;
+}
+
+void Refresh::CheckContent(TreeFile& file) {
+  if (!file.facts) return;
+  // What is known holds as long as the content is the same, whatever its time.
+  file.hasResult = file.row.id != 0 && file.row.resultHash == file.factsHash;
+  isChanged = true;
+  if (!file.learns) {
+    file.facts.reset();
+    return;
+  }
+  if (file.row.id != 0 && file.row.factsHash == file.factsHash && file.row.factsHash != 0) {
+    file.hasFacts = true;
+    file.facts.reset();
+  } else if (file.row.id == 0 || file.row.factsHash == 0 || !cache ||
+             !thorough::MacroTable::HaveSameDirectives(cache->Blob(file.row.id, BlobKind::kFacts),
+                                                       *file.facts)) {
+    factsChanged = true;
+  }
+}
+
+std::int64_t Refresh::SizeOf(const std::vector<std::uint32_t>& numbers) const {
+  std::int64_t bytes = 0;
+  for (const std::uint32_t number : numbers) bytes += files[number].stamp.size;
+  return bytes;
+}
+
+std::vector<PooledRequest> Refresh::RequestsFor(const std::vector<std::uint32_t>& numbers,
+                                                bool forFacts) const {
+  std::vector<PooledRequest> requests;
+  for (const std::uint32_t number : numbers) {
+    const TreeFile& file = files[number];
+    PooledRequest request;
+    request.request.index = number;
+    request.request.forFacts = forFacts;
+    request.request.job.path = file.path;
+    request.request.job.anonStart = file.result ? file.Head().anonStart : -1;
+    // Scanning takes little time, and the session needs the files in their order.
+    request.cost = forFacts ? 0 : file.stamp.size;
+    requests.push_back(std::move(request));
+  }
+  return requests;
+}
+
+PoolEvents Refresh::Events() {
+  PoolEvents events;
+  events.onAnswer = [this](Answer&& answer) { TakeAnswer(std::move(answer)); };
+  events.onTick = [this] {
+    progress.Tick();
+    // The workers have enough to do meanwhile.
+    if (cache && session && hasNewDigests && newDigests.empty()) {
+      newDigests = EncodeDigests(DigestsOf(*session));
+    }
+    return !goesOn || goesOn();
+  };
+  return events;
 }
 
 bool Refresh::ReadFiles(const std::vector<std::uint32_t>& numbers, bool forFacts,
                         const char* verb) {
-  std::int64_t bytes = 0;
-  for (const std::uint32_t number : numbers) bytes += files[number].stamp.size;
-  progress.Begin(verb, numbers.size(), bytes);
+  progress.Begin(verb, numbers.size(), SizeOf(numbers));
   if (forFacts && numbers.size() <= kFewFiles) {
     for (const std::uint32_t number : numbers) {
       Answer answer = ReadFacts(files[number].path);
@@ -236,40 +281,27 @@ bool Refresh::ReadFiles(const std::vector<std::uint32_t>& numbers, bool forFacts
     }
     return true;
   }
-  std::vector<PooledRequest> requests;
-  for (const std::uint32_t number : numbers) {
-    PooledRequest request;
-    request.request.index = number;
-    request.request.forFacts = forFacts;
-    request.request.job.path = files[number].path;
-    const InfoHead head = files[number].Head();
-    request.request.job.anonStart = files[number].result ? head.anonStart : -1;
-    request.cost = files[number].stamp.size;
-    requests.push_back(std::move(request));
-  }
-  PoolEvents events;
-  events.onAnswer = [this](Answer&& answer) { TakeAnswer(std::move(answer)); };
-  events.onTick = [this] {
-    progress.Tick();
-    // The workers have enough to do meanwhile.
-    if (cache && hasNewDigests && newDigests.empty()) {
-      newDigests = EncodeDigests(DigestsOf(*session));
-    }
-    return !goesOn || goesOn();
-  };
+  std::vector<PooledRequest> requests = RequestsFor(numbers, forFacts);
+  const PoolEvents events = Events();
   if (!options.hosts.empty() && !forFacts && numbers.size() > kFewFiles) {
     ReadOnHosts(requests, events);
   }
-  const bool isDone = RunInWorkers(requests, options.jobs, session ? &*session : nullptr, events);
-  progress.Clear();
-  if (!isDone && (!goesOn || goesOn())) Print("no worker process could be started");
+  const bool isDone =
+      RunInWorkers(requests, options.jobs, session ? &*session : nullptr, stores, events);
+  if (!isDone) ReportWorkers();
   return isDone;
+}
+
+void Refresh::ReportWorkers() {
+  progress.Clear();
+  if (!goesOn || goesOn()) Print("no worker process could be started");
 }
 
 void Refresh::TakeAnswer(Answer&& answer) {
   TreeFile& file = files[answer.index];
   progress.Add(file.stamp.size);
   if (answer.forFacts) {
+    file.isScanned = true;
     if (answer.result.info.status != FileStatus::kRead) return;
     file.facts = std::move(answer.facts);
     file.factsHash = answer.result.info.hash;

@@ -75,7 +75,15 @@ class Refresh {
 
   // Reading.
   bool CheckContents();
+  /// Takes what has been scanned of a file for what is known of it.
+  void CheckContent(TreeFile& file);
   bool ReadFiles(const std::vector<std::uint32_t>& numbers, bool forFacts, const char* verb);
+  std::vector<PooledRequest> RequestsFor(const std::vector<std::uint32_t>& numbers,
+                                         bool forFacts) const;
+  PoolEvents Events();
+  std::int64_t SizeOf(const std::vector<std::uint32_t>& numbers) const;
+  /// Says that there are no workers, unless that is wanted.
+  void ReportWorkers();
   void TakeAnswer(Answer&& answer);
   /// Has the hosts read what they can, and removes that from `requests`.
   void ReadOnHosts(std::vector<PooledRequest>& requests, const PoolEvents& events);
@@ -90,6 +98,10 @@ class Refresh {
   /// next call.
   std::optional<std::string_view> FactsOf(const std::string& path);
   std::optional<std::string_view> TextToLearn(const std::string& path);
+  /// Waits until the file has been scanned, if it is to be.
+  void WaitForScan(std::uint32_t number);
+  /// Waits for what is left to be scanned; false if that is not possible.
+  bool FinishScan();
   bool SurroundingsChanged();
   bool OthersChanged();
   std::string MacroListing() const;
@@ -139,6 +151,9 @@ class Refresh {
   std::string newDigests;            ///< Its digests, if they are known already.
   std::vector<std::string> learnedOrder;
 
+  AnswerStores stores;             ///< Where results are.
+  std::optional<WorkerPool> scan;  ///< Scans files while the session learns.
+  bool scanFailed = false;
   std::deque<std::string> entries;  ///< Those whose made-up names have been numbered.
   OutputStyle style;
   std::filesystem::path outputFolder;

@@ -77,6 +77,7 @@ bool Refresh::Learn() {
     const bool isKnown = !learnedOrder.empty();
     if (!isKnown || listChanged || factsChanged || SurroundingsChanged() || OthersChanged()) {
       LearnAll();
+      if (!FinishScan()) return false;
     } else {
       missing = SplitPaths(State("missing"));
       const bool mustRead = std::any_of(files.begin(), files.end(), [](const TreeFile& file) {
@@ -136,6 +137,26 @@ void Refresh::MakeSession(const std::vector<std::string>* order) {
   learnedText = {};
 }
 
+void Refresh::WaitForScan(std::uint32_t number) {
+  const bool isRequested = number < sourceCount;
+  while (scan && isRequested && !files[number].isScanned) {
+    if (!scan->Pump() && !scan->IsDone()) {
+      scanFailed = true;
+      scan.reset();
+    }
+  }
+}
+
+bool Refresh::FinishScan() {
+  while (scan && scan->Pump()) {
+  }
+  scanFailed = scanFailed || (scan && !scan->IsDone());
+  scan.reset();
+  if (scanFailed) ReportWorkers();
+  progress.Clear();
+  return !scanFailed;
+}
+
 std::optional<std::string_view> Refresh::TextToLearn(const std::string& path) {
   const std::optional<std::string_view> facts = FactsOf(path);
   if (!facts) return std::nullopt;
@@ -162,7 +183,9 @@ std::optional<std::string_view> Refresh::FactsOf(const std::string& path) {
     }
     files.push_back(std::move(file));
   }
-  const TreeFile& file = files[known->second];
+  const std::uint32_t number = known->second;
+  WaitForScan(number);
+  const TreeFile& file = files[number];
   if (file.facts) return *file.facts;
   if (!file.hasFacts) return std::nullopt;
   if (cachedFacts.empty()) {

@@ -136,8 +136,8 @@ bool Refresh::WriteEverything(OutputFile& output) {
     FileInfo decoded;
     if (!file.result && !DecodeInfo(file.row.info, decoded)) return false;
     const FileInfo& info = file.result ? file.result->info : decoded;
-    TaggedFile entry =
-        Tagged(file.path, info, file.result ? file.result->entries : cached[file.row.id], base);
+    const std::string_view tags = file.result ? file.result->entries.View() : cached[file.row.id];
+    TaggedFile entry = Tagged(file.path, info, tags, base);
     base += info.anonCount;
     if (style.format == Format::kTags && !FitsInLine(entry.field)) {
       std::fprintf(stderr,

@@ -25,8 +25,9 @@ struct TreeFile {
   bool isDoubtful = false;           ///< It may still change without a change of its stamp.
   bool hasFacts = false;             ///< The cache has its facts.
   bool hasResult = false;            ///< The cache has its result.
-  std::optional<std::string> facts;  ///< New facts.
+  std::optional<Bytes> facts;        ///< New facts.
   std::uint64_t factsHash = 0;       ///< Of the content that they are of.
+  bool isScanned = false;            ///< A worker has looked for new facts.
   std::optional<FileResult> result;  ///< A new result.
 
   /// What is known of the result.

@@ -1,21 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The loop of a worker.
+// The work of a worker.
 #include "tree/worker.h"
 
-#include <unistd.h>
-
-#include <cerrno>
 #include <optional>
 
 #include "cache/content_hash.h"
-#include "tree/messages.h"
 
 namespace vexltags::tree {
-namespace {
-
-constexpr std::size_t kBuffer = std::size_t{1} << 16;
-
-}  // namespace
 
 Answer ReadFacts(const std::string& path) {
   Answer answer;
@@ -32,33 +23,25 @@ Answer ReadFacts(const std::string& path) {
   return answer;
 }
 
-bool ServeRequests(int input, int output, thorough::Session* session) {
+void Work(const Workplace& place, thorough::Session* session) {
   std::optional<FileReader> reader;
-  std::string received;
-  std::string answers;
-  char buffer[kBuffer];
+  std::string message;
   for (;;) {
-    const ssize_t count = read(input, buffer, sizeof buffer);
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return true;
-    received.append(buffer, static_cast<std::size_t>(count));
-    std::string_view rest = received;
-    for (Frame frame; TakeFrame(rest, frame);) {
-      Request request;
-      if (!ReadRequest(frame, request)) return false;
-      Answer answer;
-      if (request.forFacts) {
-        answer = ReadFacts(request.job.path);
-      } else {
-        if (!reader) reader.emplace(session);
-        answer.result = reader->Read(request.job);
-      }
-      answer.index = request.index;
-      answers.clear();
-      AppendAnswer(answers, answer);
-      if (!WriteAll(output, answers)) return true;
+    const std::uint32_t number = place.next.fetch_add(1);
+    if (number >= place.requests.size()) return;
+    place.current = number;
+    const Request& request = place.requests[number];
+    Answer answer;
+    if (request.forFacts) {
+      answer = ReadFacts(request.job.path);
+    } else {
+      if (!reader) reader.emplace(session);
+      answer.result = reader->Read(request.job);
     }
-    received.erase(0, received.size() - rest.size());
+    answer.index = number;
+    message.clear();
+    AppendAnswer(message, answer);
+    if (!place.store.Append(message) && !WriteAll(place.output, message)) return;
   }
 }
 

@@ -1,20 +1,32 @@
 // SPDX-License-Identifier: MIT
-// The loop of a worker.
+// The work of a worker.
 #pragma once
 
+#include <atomic>
+#include <cstdint>
+#include <span>
 #include <string>
 
 #include "thorough/session.h"
+#include "tree/answer_store.h"
+#include "tree/messages.h"
 
 namespace vexltags::tree {
 
-/// Reads requests from `input` and writes an answer to each to `output`, in their order, until the
-/// input ends or the output fails. `session` is null to read by the grammars alone. Returns false
-/// if the input was no sequence of requests.
-bool ServeRequests(int input, int output, thorough::Session* session);
+/// What a worker shares with the process that forked it, apart from its answers.
+struct Workplace {
+  std::span<const Request> requests;
+  std::atomic<std::uint32_t>& next;     ///< The number of the first request that no worker has.
+  std::atomic<std::uint32_t>& current;  ///< That of the request that this worker has.
+  AnswerStore& store;
+  int output;  ///< Where an answer goes that the store does not take.
+};
+
+/// Answers requests until there is none left. The index of an answer is the number of its request.
+/// `session` is null to read by the grammars alone.
+void Work(const Workplace& place, thorough::Session* session);
 
 /// Reads the file at `path` for what can be learned from it.
-struct Answer;
 Answer ReadFacts(const std::string& path);
 
 }  // namespace vexltags::tree

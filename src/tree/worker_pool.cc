@@ -1,214 +1,200 @@
 // SPDX-License-Identifier: MIT
-// Distributes files among worker processes. Each worker has a few requests in hand, so that it need
-// not wait for the next one; towards the end these are few, so that all workers end together.
+// Distributes files among worker processes. Requests are there when a worker is forked, and a
+// number in shared memory says which one is next, so that nothing has to be sent to workers. Their
+// answers are in memory too; the pipe from a worker shows that it has ended.
 #include "tree/worker_pool.h"
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <deque>
+#include <new>
 
 #include "tree/worker.h"
 
 namespace vexltags::tree {
 namespace {
 
-constexpr int kTickMilliseconds = 100;
-constexpr std::int64_t kFileCost = 4096;  ///< Of opening a file, in bytes of source.
-constexpr std::int64_t kMostInHand = std::int64_t{1} << 19;
-constexpr std::size_t kReadSize = std::size_t{1} << 18;
-/// Less than a socket holds, so that a worker that is writing an answer cannot be waited for.
-constexpr std::size_t kMostRequested = std::size_t{1} << 15;
+/// How long to wait before looking for answers.
+constexpr int kPauseMilliseconds = 3;
+/// Files of this size are read first: one at the end would keep all others waiting.
+constexpr std::int64_t kLargeFile = std::int64_t{1} << 18;
+constexpr std::size_t kReadSize = std::size_t{1} << 16;
 constexpr int kMostFailures = 100;
-
-struct Worker {
-  pid_t process = -1;
-  int socket = -1;
-  std::deque<std::uint32_t> inHand;  ///< Numbers in `requests`, in the order of their answers.
-  std::int64_t cost = 0;             ///< Of what is in hand.
-  std::string received;
-};
-
-class Pool {
- public:
-  Pool(std::span<const PooledRequest> all, int count, thorough::Session* session,
-       const PoolEvents& events)
-      : requests(all), session(session), events(events) {
-    for (const PooledRequest& request : requests) left += request.cost + kFileCost;
-    for (std::uint32_t i = 0; i < requests.size(); ++i) queue.push_back(i);
-    // Large files first: one at the end would keep all others waiting.
-    std::stable_partition(queue.begin(), queue.end(),
-                          [this](std::uint32_t i) { return requests[i].cost > kMostInHand; });
-    const std::size_t most = std::min(static_cast<std::size_t>(std::max(count, 1)), queue.size());
-    workers.resize(most);
-  }
-
-  ~Pool() {
-    for (Worker& worker : workers) Stop(worker, true);
-  }
-
-  bool Run() {
-    unanswered = requests.size();
-    for (Worker& worker : workers) Start(worker);
-    while (unanswered > 0) {
-      for (Worker& worker : workers) Feed(worker);
-      if (!Wait() || !events.onTick()) return false;
-    }
-    for (Worker& worker : workers) Stop(worker, false);
-    return true;
-  }
-
- private:
-  void Start(Worker& worker) {
-    int sockets[2];
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, sockets) != 0) return;
-    const pid_t process = fork();
-    if (process == 0) {
-      close(sockets[0]);
-      Serve(sockets[1]);
-    }
-    close(sockets[1]);
-    if (process < 0) {
-      close(sockets[0]);
-      return;
-    }
-    worker.process = process;
-    worker.socket = sockets[0];
-    worker.received.clear();
-  }
-
-  [[noreturn]] void Serve(int socket) {
-    // Ends with the main process, whatever ends that.
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    const rlimit noCore{0, 0};
-    setrlimit(RLIMIT_CORE, &noCore);
-    for (const Worker& other : workers) {
-      if (other.socket >= 0) close(other.socket);
-    }
-    // Signals from a terminal are for the main process, whose end is also the worker's.
-    std::signal(SIGINT, SIG_IGN);
-    std::signal(SIGTERM, SIG_DFL);
-    ServeRequests(socket, socket, session);
-    _exit(0);
-  }
-
-  void Stop(Worker& worker, bool kills) {
-    if (worker.socket >= 0) close(worker.socket);
-    worker.socket = -1;
-    if (worker.process > 0) {
-      if (kills) kill(worker.process, SIGKILL);
-      while (waitpid(worker.process, nullptr, 0) < 0 && errno == EINTR) {
-      }
-    }
-    worker.process = -1;
-  }
-
-  void Feed(Worker& worker) {
-    if (worker.socket < 0 || queue.empty()) return;
-    // Half of an equal share of what is left, so that the last files are spread evenly.
-    const std::int64_t most =
-        std::min(kMostInHand, left / static_cast<std::int64_t>(2 * workers.size()) + kFileCost);
-    if (worker.cost * 2 > most) return;
-    std::string bytes;
-    while (!queue.empty() && bytes.size() < kMostRequested &&
-           (worker.inHand.empty() || worker.cost < most)) {
-      const std::uint32_t next = queue.front();
-      queue.pop_front();
-      worker.inHand.push_back(next);
-      worker.cost += requests[next].cost + kFileCost;
-      AppendRequest(bytes, requests[next].request);
-    }
-    // If this fails the worker has died, which reading will tell.
-    WriteAll(worker.socket, bytes);
-  }
-
-  bool Wait() {
-    std::vector<pollfd> polls;
-    for (const Worker& worker : workers) {
-      if (worker.socket >= 0) polls.push_back({worker.socket, POLLIN, 0});
-    }
-    if (polls.empty()) return false;
-    if (poll(polls.data(), polls.size(), kTickMilliseconds) < 0 && errno != EINTR) return false;
-    for (Worker& worker : workers) {
-      for (const pollfd& entry : polls) {
-        if (entry.fd == worker.socket && entry.revents != 0) {
-          Receive(worker);
-          break;
-        }
-      }
-    }
-    return true;
-  }
-
-  void Receive(Worker& worker) {
-    const ssize_t count = recv(worker.socket, buffer.data(), buffer.size(), 0);
-    if (count < 0 && errno == EINTR) return;
-    if (count > 0) worker.received.append(buffer.data(), static_cast<std::size_t>(count));
-    std::string_view rest = worker.received;
-    bool isSound = !IsNoFrame(rest);
-    for (Frame frame; isSound && TakeFrame(rest, frame);) {
-      Answer answer;
-      isSound = !worker.inHand.empty() && ReadAnswer(frame, answer) &&
-                answer.index == requests[worker.inHand.front()].request.index;
-      if (isSound) Finish(worker, std::move(answer));
-    }
-    worker.received.erase(0, worker.received.size() - rest.size());
-    if (!isSound || count <= 0) Replace(worker);
-  }
-
-  void Finish(Worker& worker, Answer&& answer) {
-    const std::int64_t cost = requests[worker.inHand.front()].cost + kFileCost;
-    worker.inHand.pop_front();
-    worker.cost -= cost;
-    left -= cost;
-    --unanswered;
-    events.onAnswer(std::move(answer));
-  }
-
-  /// Starts another worker in the place of one that died.
-  void Replace(Worker& worker) {
-    Stop(worker, true);
-    if (!worker.inHand.empty()) {
-      const Request& request = requests[worker.inHand.front()].request;
-      Answer answer;
-      answer.index = request.index;
-      answer.forFacts = request.forFacts;
-      answer.result.info.status = FileStatus::kDied;
-      Finish(worker, std::move(answer));
-    } else if (++failures > kMostFailures) {
-      return;
-    }
-    queue.insert(queue.begin(), worker.inHand.begin(), worker.inHand.end());
-    worker.inHand.clear();
-    worker.cost = 0;
-    if (!queue.empty()) Start(worker);
-  }
-
-  std::span<const PooledRequest> requests;
-  thorough::Session* session;
-  const PoolEvents& events;
-  std::deque<std::uint32_t> queue;
-  std::vector<Worker> workers;
-  std::vector<char> buffer = std::vector<char>(kReadSize);
-  std::int64_t left = 0;  ///< The cost of what is not answered.
-  std::size_t unanswered = 0;
-  int failures = 0;
-};
+constexpr std::uint32_t kNoRequest = UINT32_MAX;
 
 }  // namespace
 
-bool RunInWorkers(std::span<const PooledRequest> requests, int count, thorough::Session* session,
-                  const PoolEvents& events) {
+WorkerPool::WorkerPool(const std::vector<PooledRequest>& all, int count, thorough::Session* session,
+                       AnswerStores& stores, PoolEvents events)
+    : isAnswered(all.size()),
+      unanswered(all.size()),
+      session(session),
+      stores(stores),
+      events(std::move(events)) {
+  for (const bool wantsLarge : {true, false}) {
+    for (const PooledRequest& request : all) {
+      if ((request.cost > kLargeFile) == wantsLarge) requests.push_back(request.request);
+    }
+  }
+  workers.resize(std::min(static_cast<std::size_t>(std::max(count, 1)), requests.size()));
+  void* const memory = mmap(nullptr, (1 + workers.size()) * sizeof *shared, PROT_READ | PROT_WRITE,
+                            MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  if (memory == MAP_FAILED) return;
+  shared = static_cast<std::atomic<std::uint32_t>*>(memory);
+  for (std::size_t i = 0; i <= workers.size(); ++i) new (shared + i) std::atomic<std::uint32_t>(0);
+  for (Worker& worker : workers) Start(worker);
+}
+
+WorkerPool::~WorkerPool() {
+  for (Worker& worker : workers) Stop(worker, !IsDone());
+  if (shared != nullptr) munmap(shared, (1 + workers.size()) * sizeof *shared);
+}
+
+void WorkerPool::Start(Worker& worker) {
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) return;
+  worker.store = &stores.emplace_back();
+  worker.store->Create();
+  worker.taken = 0;
+  worker.received.clear();
+  CurrentOf(worker) = kNoRequest;
+  const pid_t process = fork();
+  if (process == 0) {
+    close(ends[0]);
+    Serve(worker, ends[1]);
+  }
+  close(ends[1]);
+  if (process < 0) {
+    close(ends[0]);
+    return;
+  }
+  worker.process = process;
+  worker.pipe = ends[0];
+}
+
+void WorkerPool::Serve(const Worker& worker, int output) {
+  // Ends with the main process, whatever ends that.
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  const rlimit noCore{0, 0};
+  setrlimit(RLIMIT_CORE, &noCore);
+  for (const Worker& other : workers) {
+    if (other.pipe >= 0) close(other.pipe);
+  }
+  // Signals from a terminal are for the main process, whose end is also the worker's.
+  std::signal(SIGINT, SIG_IGN);
+  std::signal(SIGTERM, SIG_DFL);
+  Work({requests, Next(), CurrentOf(worker), *worker.store, output}, session);
+  _exit(0);
+}
+
+void WorkerPool::Stop(Worker& worker, bool kills) {
+  if (worker.pipe >= 0) close(worker.pipe);
+  worker.pipe = -1;
+  if (worker.process > 0) {
+    if (kills) kill(worker.process, SIGKILL);
+    while (waitpid(worker.process, nullptr, 0) < 0 && errno == EINTR) {
+    }
+  }
+  worker.process = -1;
+}
+
+bool WorkerPool::Pump() {
+  if (IsDone()) return false;
+  std::vector<pollfd> polls;
+  for (const Worker& worker : workers) polls.push_back({worker.pipe, POLLIN, 0});
+  const bool isRunning =
+      std::any_of(workers.begin(), workers.end(), [](const Worker& w) { return w.pipe >= 0; });
+  if (!isRunning) return false;
+  if (poll(polls.data(), polls.size(), kPauseMilliseconds) < 0 && errno != EINTR) return false;
+  for (std::size_t i = 0; i < workers.size(); ++i) {
+    Worker& worker = workers[i];
+    if (worker.pipe < 0) continue;
+    const bool hasPipe = polls[i].revents != 0;
+    // After the end of the pipe there is nothing new in the store.
+    const bool hasEnded = hasPipe && !ReadPipe(worker);
+    if (!Take(worker) || hasEnded) Replace(worker);
+  }
+  return !IsDone() && events.onTick();
+}
+
+bool WorkerPool::ReadPipe(Worker& worker) {
+  char buffer[kReadSize];
+  const ssize_t count = read(worker.pipe, buffer, sizeof buffer);
+  if (count > 0) worker.received.append(buffer, static_cast<std::size_t>(count));
+  return count > 0 || (count < 0 && errno == EINTR);
+}
+
+bool WorkerPool::Take(Worker& worker) {
+  std::string_view stored = worker.store->From(worker.taken);
+  const std::size_t size = stored.size();
+  if (!TakeAnswers(stored, true)) return false;
+  worker.taken += size - stored.size();
+  std::string_view received = worker.received;
+  if (!TakeAnswers(received, false)) return false;
+  worker.received.erase(0, worker.received.size() - received.size());
+  return true;
+}
+
+bool WorkerPool::TakeAnswers(std::string_view& bytes, bool isKept) {
+  if (IsNoFrame(bytes)) return false;
+  for (Frame frame; TakeFrame(bytes, frame);) {
+    Answer answer;
+    if (!ReadAnswer(frame, answer, isKept)) return false;
+    const std::uint32_t number = answer.index;
+    if (number >= requests.size() || isAnswered[number]) return false;
+    Finish(number, std::move(answer));
+  }
+  return true;
+}
+
+void WorkerPool::Finish(std::uint32_t number, Answer&& answer) {
+  isAnswered[number] = true;
+  --unanswered;
+  answer.index = requests[number].index;
+  events.onAnswer(std::move(answer));
+}
+
+void WorkerPool::Replace(Worker& worker) {
+  Stop(worker, true);
+  const std::uint32_t current = CurrentOf(worker);
+  if (current < requests.size() && !isAnswered[current]) {
+    Answer answer;
+    answer.forFacts = requests[current].forFacts;
+    answer.result.info.status = FileStatus::kDied;
+    Finish(current, std::move(answer));
+  } else if (Next() < requests.size() && ++failures > kMostFailures) {
+    return;
+  }
+  if (Next() < requests.size()) return Start(worker);
+  const bool isLast =
+      std::all_of(workers.begin(), workers.end(), [](const Worker& w) { return w.pipe < 0; });
+  if (!isLast || IsDone() || ++failures > kMostFailures) return;
+  // A worker died between taking a request and noting it: once more, with what is left.
+  std::vector<Request> left;
+  for (std::size_t i = 0; i < requests.size(); ++i) {
+    if (!isAnswered[i]) left.push_back(requests[i]);
+  }
+  requests = std::move(left);
+  isAnswered.assign(requests.size(), false);
+  Next() = 0;
+  Start(worker);
+}
+
+bool RunInWorkers(const std::vector<PooledRequest>& requests, int count, thorough::Session* session,
+                  AnswerStores& stores, const PoolEvents& events) {
   if (requests.empty()) return true;
-  return Pool(requests, count, session, events).Run();
+  WorkerPool pool(requests, count, session, stores, events);
+  while (pool.Pump()) {
+  }
+  return pool.IsDone();
 }
 
 }  // namespace vexltags::tree

@@ -31,7 +31,8 @@ class WorkerPoolTest : public testing::Test {
       EXPECT_TRUE(answers.emplace(answer.index, answer.result.info).second) << answer.index;
     };
     events.onTick = [] { return true; };
-    return RunInWorkers(requests, count, nullptr, events);
+    AnswerStores stores;
+    return RunInWorkers(requests, count, nullptr, stores, events);
   }
 
   const ScratchFolder scratch;
@@ -67,7 +68,8 @@ TEST_F(WorkerPoolTest, EndsWhenItIsTold) {
   int count = 0;
   events.onAnswer = [&count](Answer&&) { ++count; };
   events.onTick = [] { return false; };
-  EXPECT_FALSE(RunInWorkers(requests, 2, nullptr, events));
+  AnswerStores stores;
+  EXPECT_FALSE(RunInWorkers(requests, 2, nullptr, stores, events));
   EXPECT_LT(count, 50);
 }
 

@@ -15,6 +15,7 @@
 #include "cache/content_hash.h"
 #include "cfamily/vexl_tags_parser.h"
 #include "driver/command_line.h"
+#include "formats/plain_tag.h"
 #include "formats/readable_text.h"
 #include "formats/swift_scope_kinds.h"
 #include "formats/tag_record.h"
@@ -98,7 +99,6 @@ FileReader::FileReader(thorough::Session* session) : options(DefaultOptions()), 
   options.thorough = session != nullptr;
   if (session != nullptr) {
     indexer.emplace(options, *session);
-    session->Macros().SetLookupObserver(&lookups);
   } else {
     indexer.emplace(options, std::vector<std::string>());
   }
@@ -113,6 +113,9 @@ FileResult FileReader::Read(const FileJob& job, const KnownFile* known) {
   FileInfo& info = result.info;
   std::string entries;
   lookups.Clear();
+  if (session != nullptr) {
+    session->Macros().SetLookupObserver(job.wantsLookups ? &lookups : nullptr);
+  }
   Dumper dumper;
   const std::int32_t start = std::max(job.anonStart, 0);
   VexlTagsParser::SetAnonCount(start);
@@ -147,6 +150,8 @@ FileResult FileReader::Read(const FileJob& job, const KnownFile* known) {
     AddSwiftScopeKinds(swift);
   }
   const bool isAscii = IsAscii(text);
+  const bool hasNul = text.find('\0') != text.npos;
+  const bool isReadable = isAscii && !hasNul && text.find('\r') == text.npos;
   std::size_t index = 0;
   for (const std::string_view whole : dumper.LinesInOrder()) {
     const std::string_view line = whole.substr(0, whole.size() - 1);
@@ -167,8 +172,12 @@ FileResult FileReader::Read(const FileJob& job, const KnownFile* known) {
       }
     }
     ++index;
+    PlainTag plain;
+    entry.isPlain = !entry.isWhole && entry.scopeKind.empty() && !entry.text.empty() &&
+                    (isReadable || ReadableText(entry.text).size() == entry.text.size()) &&
+                    ReadPlainTag(entry.rest, plain);
     info.hasOddLines |=
-        entry.isWhole || line.find('\n') != line.npos || line.find('\0') != line.npos;
+        entry.isWhole || line.find('\n') != line.npos || (hasNul && line.find('\0') != line.npos);
     info.isUtf8 = info.isUtf8 && (isAscii || IsUtf8(entry));
     isFixed = isFixed || (info.anonCount > 0 && IsNearlyCut(line));
     AppendEntry(entries, entry);
@@ -176,7 +185,7 @@ FileResult FileReader::Read(const FileJob& job, const KnownFile* known) {
   isFixed = isFixed || (info.anonCount > 0 && !info.rest.empty());
   if (isFixed) info.anonStart = start;
   result.entries = std::move(entries);
-  result.lookups = lookups.Hashes();
+  if (job.wantsLookups) result.lookups = lookups.Hashes();
   // Unknown macros can be the reason for what could not be read.
   if (info.skipped > 0 || info.parserErrors > 0) info.unknownWords = UnknownWords(dumper);
   return result;

@@ -19,6 +19,7 @@ struct FileJob {
   /// The number after which made-up names are numbered; -1 to number from 1, if that can be changed
   /// later.
   std::int32_t anonStart = -1;
+  bool wantsLookups = true;  ///< Also the words that are looked up are wanted.
 };
 
 /// Reads files for their tags.

@@ -8,7 +8,7 @@ namespace vexltags::tree {
 namespace {
 
 /// Small enough for a count in one byte.
-constexpr std::size_t kBlock = 128;
+constexpr std::size_t kBlock = 64;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::uint32_t CountNewlines(const char* bytes, std::size_t size) {

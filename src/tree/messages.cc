@@ -86,6 +86,7 @@ void AppendRequest(std::string& out, const Request& request) {
   pack(request.index);
   pack(request.forFacts);
   pack(request.job.anonStart);
+  pack(request.job.wantsLookups);
   AppendFrame(out, head, request.job.path);
 }
 
@@ -96,6 +97,7 @@ bool ReadRequest(const Frame& frame, Request& request) {
   unpack(request.index);
   unpack(request.forFacts);
   unpack(request.job.anonStart);
+  unpack(request.job.wantsLookups);
   request.job.path = frame.body;
   return unpack.IsDone() && kind == kRequest;
 }

@@ -47,7 +47,7 @@ TEST(Messages, RequestsAndAnswersAreReadAsTheyWereWritten) {
   Request request;
   request.index = 70000;
   request.forFacts = true;
-  request.job = {"a\xff.c", 5};
+  request.job = {"a\xff.c", 5, false};
   std::string bytes;
   AppendRequest(bytes, request);
   Answer answer;
@@ -67,6 +67,7 @@ TEST(Messages, RequestsAndAnswersAreReadAsTheyWereWritten) {
   EXPECT_TRUE(gotRequest.forFacts);
   EXPECT_EQ(gotRequest.job.path, "a\xff.c");
   EXPECT_EQ(gotRequest.job.anonStart, 5);
+  EXPECT_FALSE(gotRequest.job.wantsLookups);
   Answer gotAnswer;
   EXPECT_FALSE(ReadAnswer(frame, gotAnswer)) << "it is a request";
   ASSERT_TRUE(TakeFrame(rest, frame));

@@ -20,7 +20,7 @@ namespace vexltags::tree {
 namespace {
 
 /// Changes with the form of what is stored.
-constexpr char kCacheForm[] = "1";
+constexpr char kCacheForm[] = "2";
 /// Time stamps of files can be older than the change by this, in nanoseconds.
 constexpr std::int64_t kTimeGrain = 20000000;
 constexpr std::int64_t kCoarseGrain = 2000000000;
@@ -249,6 +249,7 @@ std::vector<PooledRequest> Refresh::RequestsFor(const std::vector<std::uint32_t>
     request.request.forFacts = forFacts;
     request.request.job.path = file.path;
     request.request.job.anonStart = file.result ? file.Head().anonStart : -1;
+    request.request.job.wantsLookups = cache || options.wantsReport;
     // Scanning takes little time, and the session needs the files in their order.
     request.cost = forFacts ? 0 : file.stamp.size;
     requests.push_back(std::move(request));

@@ -8,6 +8,8 @@ namespace vexltags::tree {
 namespace {
 
 constexpr std::string_view kAnon = "__anon";
+constexpr unsigned kFlagBits = 3;
+constexpr std::size_t kMostNumbers = 4 * kLongestVarint;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -30,41 +32,69 @@ std::string Renumbered(std::string_view text, std::int32_t base) {
 
 }  // namespace
 
-// An entry begins with its name and a tab, so that sorting can read it where it is.
+// An entry is the size of what follows, then that of the name, the name with a tab, and the rest.
 void AppendEntry(std::string& entries, const TagEntry& entry) {
+  char numbers[kMostNumbers];
+  char* end = PutVarint(numbers, entry.rest.size() << kFlagBits | (entry.isWhole ? 1U : 0U) |
+                                     (entry.hasTab ? 0U : 2U) | (entry.isPlain ? 4U : 0U));
+  end = PutVarint(end, entry.text.size());
+  end = PutVarint(end, entry.scopeKind.size());
+  end = PutVarint(end, entry.offset);
+  const auto numbersSize = static_cast<std::size_t>(end - numbers);
+  char nameSize[kLongestVarint];
+  const std::string_view name(
+      nameSize, static_cast<std::size_t>(PutVarint(nameSize, entry.name.size()) - nameSize));
+  AppendVarint(entries, name.size() + entry.name.size() + 1 + numbersSize + entry.rest.size() +
+                            entry.text.size() + entry.scopeKind.size());
+  entries += name;
   entries += entry.name;
   entries += '\t';
-  const unsigned flags = (entry.isWhole ? 1U : 0U) | (entry.hasTab ? 0U : 2U);
-  AppendVarint(entries, entry.rest.size() << 2U | flags);
-  AppendVarint(entries, entry.text.size());
-  AppendVarint(entries, entry.scopeKind.size());
-  AppendVarint(entries, entry.offset);
+  entries.append(numbers, numbersSize);
   entries += entry.rest;
   entries += entry.text;
   entries += entry.scopeKind;
 }
 
-bool ReadEntry(std::string_view entries, std::size_t& at, TagEntry& entry) {
-  const std::size_t begin = at;
-  at = entries.find('\t', at);
-  if (at == std::string_view::npos) return false;
-  entry.name = entries.substr(begin, at - begin);
-  ++at;
-  const std::uint64_t restSize = ReadVarint(entries, at);
-  entry.isWhole = (restSize & 1U) != 0;
-  entry.hasTab = (restSize & 2U) == 0;
-  const std::uint64_t textSize = ReadVarint(entries, at);
-  const std::uint64_t kindSize = ReadVarint(entries, at);
-  entry.offset = ReadVarint(entries, at);
-  const std::uint64_t size = (restSize >> 2U) + textSize + kindSize;
-  if (at > entries.size() || size > entries.size() - at) {
+bool SkipEntry(std::string_view entries, std::size_t& at) {
+  const std::uint64_t size = ReadVarint(entries, at);
+  if (at >= entries.size() || size > entries.size() - at) {
     at = entries.size();
     return false;
   }
-  entry.rest = entries.substr(at, restSize >> 2U);
-  entry.text = entries.substr(at + entry.rest.size(), textSize);
-  entry.scopeKind = entries.substr(at + entry.rest.size() + textSize, kindSize);
   at += size;
+  return true;
+}
+
+bool ReadEntry(std::string_view entries, std::size_t& at, TagEntry& entry) {
+  std::size_t next = at;
+  if (!SkipEntry(entries, next)) {
+    at = next;
+    return false;
+  }
+  ReadVarint(entries, at);
+  const std::string_view all = entries.substr(0, next);
+  const std::uint64_t nameSize = ReadVarint(all, at);
+  if (at > all.size() || nameSize >= all.size() - at) {
+    at = entries.size();
+    return false;
+  }
+  entry.name = all.substr(at, nameSize);
+  at += nameSize + 1;
+  const std::uint64_t restSize = ReadVarint(all, at);
+  entry.isWhole = (restSize & 1U) != 0;
+  entry.hasTab = (restSize & 2U) == 0;
+  entry.isPlain = (restSize & 4U) != 0;
+  const std::uint64_t textSize = ReadVarint(all, at);
+  const std::uint64_t kindSize = ReadVarint(all, at);
+  entry.offset = ReadVarint(all, at);
+  if (at > all.size() || (restSize >> kFlagBits) + textSize + kindSize != all.size() - at) {
+    at = entries.size();
+    return false;
+  }
+  entry.rest = all.substr(at, restSize >> kFlagBits);
+  entry.text = all.substr(at + entry.rest.size(), textSize);
+  entry.scopeKind = all.substr(at + entry.rest.size() + textSize, kindSize);
+  at = next;
   return true;
 }
 
@@ -90,7 +120,9 @@ void SplitRawLine(std::string_view line, std::string_view stored, TagEntry& entr
 }
 
 std::string_view NameWithTab(std::string_view entries, std::size_t at) {
-  return entries.substr(at, entries.find('\t', at) + 1 - at);
+  ReadVarint(entries, at);
+  const std::uint64_t size = ReadVarint(entries, at);
+  return at < entries.size() ? entries.substr(at, size + 1) : std::string_view();
 }
 
 std::int32_t LineOf(std::string_view rest) {

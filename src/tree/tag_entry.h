@@ -19,6 +19,8 @@ struct TagEntry {
   /// The raw line has no file field of the usual form: `rest` is all that follows its first tab.
   bool isWhole = false;
   bool hasTab = true;  ///< False if the raw line has no tab at all.
+  /// `rest` is that of a `PlainTag`, there is no `scopeKind`, and `text` is readable.
+  bool isPlain = false;
 };
 
 /// More than the longest search pattern, so that a longer line is still seen to be longer.
@@ -30,6 +32,9 @@ void AppendEntry(std::string& entries, const TagEntry& entry);
 /// Reads the entry at offset `at` and sets `at` to that of the next one. False if there is none.
 bool ReadEntry(std::string_view entries, std::size_t& at, TagEntry& entry);
 
+/// Does the same without reading the entry.
+bool SkipEntry(std::string_view entries, std::size_t& at);
+
 /// Appends the raw line of `entry` with its newline. `stored` is the file field.
 void AppendRawLine(std::string& out, const TagEntry& entry, std::string_view stored);
 
@@ -37,7 +42,8 @@ void AppendRawLine(std::string& out, const TagEntry& entry, std::string_view sto
 /// alone.
 void SplitRawLine(std::string_view line, std::string_view stored, TagEntry& entry);
 
-/// The name of the entry at offset `at` with a tab after it.
+/// The name of the entry at offset `at`, which `SkipEntry` has found to be one, with a tab after
+/// it.
 std::string_view NameWithTab(std::string_view entries, std::size_t at);
 
 /// The 1-based line of a tag from `rest`, what follows its file field; 0 if there is none.

@@ -3,12 +3,15 @@
 #include "tree/tag_format.h"
 
 #include <algorithm>
+#include <atomic>
+#include <condition_variable>
 #include <deque>
+#include <mutex>
 #include <thread>
 
 #include "formats/etags.h"
 #include "formats/json.h"
-#include "formats/language_names.h"
+#include "formats/plain_tag.h"
 #include "formats/tag_record.h"
 #include "output/line_order.h"
 #include "output/line_store.h"
@@ -17,7 +20,7 @@
 namespace vexltags::tree {
 namespace {
 
-constexpr std::size_t kChunk = 8192;  ///< Tags that a thread writes at once.
+constexpr std::size_t kChunk = 4096;  ///< Tags that a thread writes at once.
 constexpr std::size_t kAhead = 8;     ///< How many tags ahead memory is fetched.
 constexpr std::size_t kCacheLine = 64;
 
@@ -63,47 +66,67 @@ bool WriteSections(std::span<const TaggedFile> files, const OutputStyle& style,
   return true;
 }
 
-/// Writes chunks of tags in several threads, and puts them out in order while the next ones are
-/// written.
-bool WriteChunks(std::span<const TaggedFile> files, std::span<const TagPlace> places,
-                 const OutputStyle& style, int threads, const ByteSink& sink) {
-  const auto count = static_cast<std::size_t>(places.size() < 2 * kChunk ? 1 : threads);
-  std::vector<TagFormatter> formatters(count, TagFormatter(style));
-  std::vector<std::string> texts(count);
-  std::vector<std::string> done(count);
-  std::size_t from = 0;
-  const auto write = [&](std::size_t number) {
-    std::string& text = texts[number];
-    text.clear();
-    const std::size_t begin = std::min(places.size(), from + number * kChunk);
-    const std::size_t end = std::min(places.size(), begin + kChunk);
-    for (std::size_t i = begin; i < end; ++i) {
-      if (end - i > kAhead) {
-        const TagPlace& next = places[i + kAhead];
-        const char* const bytes = files[next.file].entries.data() + next.at;
+/// Writes tags in several threads. Each thread takes the next chunk of them, makes its text while
+/// others write theirs, and waits for its turn.
+class ChunkWriter {
+ public:
+  ChunkWriter(std::span<const TaggedFile> files, std::span<const TagPlace> places,
+              const OutputStyle& style, const ByteSink& sink)
+      : files(files), places(places), style(style), sink(sink) {}
+
+  bool Run(int threads) {
+    if (places.size() < 2 * kChunk) threads = 1;
+    std::vector<std::thread> others;
+    for (int i = 1; i < threads; ++i) others.emplace_back([this] { WriteChunks(); });
+    WriteChunks();
+    for (std::thread& other : others) other.join();
+    return isGood;
+  }
+
+ private:
+  void WriteChunks() {
+    TagFormatter formatter(style);
+    std::string text;
+    for (;;) {
+      const std::size_t number = next.fetch_add(1);
+      const std::size_t begin = number * kChunk;
+      if (begin >= places.size()) return;
+      AppendTags(text, formatter, places.subspan(begin, std::min(kChunk, places.size() - begin)));
+      std::unique_lock<std::mutex> lock(mutex);
+      isMyTurn.wait(lock, [this, number] { return turn == number; });
+      isGood = isGood && sink(text);
+      ++turn;
+      isMyTurn.notify_all();
+      if (!isGood) return;
+      text.clear();
+    }
+  }
+
+  void AppendTags(std::string& text, TagFormatter& formatter, std::span<const TagPlace> chunk) {
+    for (std::size_t i = 0; i < chunk.size(); ++i) {
+      if (chunk.size() - i > kAhead) {
+        const TagPlace& soon = chunk[i + kAhead];
+        const char* const bytes = files[soon.file].entries.data() + soon.at;
         __builtin_prefetch(bytes);
         __builtin_prefetch(bytes + kCacheLine);
       }
-      const TaggedFile& file = files[places[i].file];
-      std::size_t at = places[i].at;
+      const TaggedFile& file = files[chunk[i].file];
+      std::size_t at = chunk[i].at;
       TagEntry entry;
-      ReadEntry(file.entries, at, entry);
-      formatters[number].Append(text, file, entry);
+      if (ReadEntry(file.entries, at, entry)) formatter.Append(text, file, entry);
     }
-  };
-  bool isGood = true;
-  while (isGood && from < places.size()) {
-    std::vector<std::thread> writers;
-    for (std::size_t i = count > 1 ? 0 : 1; i < count; ++i) writers.emplace_back(write, i);
-    if (count == 1) write(0);
-    for (const std::string& text : done) isGood = isGood && sink(text);
-    for (std::thread& writer : writers) writer.join();
-    texts.swap(done);
-    from += count * kChunk;
   }
-  for (const std::string& text : done) isGood = isGood && sink(text);
-  return isGood;
-}
+
+  std::span<const TaggedFile> files;
+  std::span<const TagPlace> places;
+  const OutputStyle& style;
+  const ByteSink& sink;
+  std::atomic<std::size_t> next = 0;
+  std::mutex mutex;
+  std::condition_variable isMyTurn;
+  std::size_t turn = 0;  ///< The number of the chunk that is to be written next.
+  bool isGood = true;
+};
 
 }  // namespace
 
@@ -144,6 +167,14 @@ bool TagFormatter::ReadRecord(const TaggedFile& file, const TagEntry& entry, std
 
 void TagFormatter::Append(std::string& out, const TaggedFile& file, const TagEntry& entry) {
   if (style.format == Format::kRaw) return AppendRawLine(out, entry, file.field);
+  if (style.format == Format::kTags && entry.isPlain) {
+    PlainTag tag;
+    SplitPlainTag(entry.rest, tag);
+    tag.name = entry.name;
+    tag.path = file.field;
+    tag.text = entry.text;
+    return AppendPlainTag(out, tag, style.address);
+  }
   if (!ReadRecord(file, entry, line, record)) return;
   if (style.format == Format::kJson) {
     AppendJson(out, record);
@@ -172,7 +203,7 @@ bool WriteAllTags(std::span<TaggedFile> files, const OutputStyle& style, int thr
   }
   RankFiles(files);
   const std::vector<TagPlace> places = SortTags(files, OrderOf(style), TiesOf(style), threads);
-  return WriteChunks(files, places, style, threads, sink);
+  return ChunkWriter(files, places, style, sink).Run(threads);
 }
 
 }  // namespace vexltags::tree

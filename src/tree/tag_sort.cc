@@ -13,7 +13,7 @@
 namespace vexltags::tree {
 namespace {
 
-constexpr std::size_t kFewTags = 20000;
+constexpr std::size_t kFewBytes = std::size_t{1} << 20;
 constexpr std::ptrdiff_t kShortRun = 8;
 constexpr std::size_t kLongestPrefix = 256;
 constexpr std::ptrdiff_t kAhead = 16;
@@ -43,19 +43,29 @@ char Mapped(char c, TagOrder order) {
 }
 
 /// Eight bytes of `text` from `from` on as a number that compares as they do, zeros past its end.
-std::uint64_t EightBytes(std::string_view text, std::size_t from, TagOrder order) {
+/// `text` is part of memory that can be read up to `limit`.
+std::uint64_t EightBytes(std::string_view text, std::size_t from, const char* limit,
+                         TagOrder order) {
+  if (from >= text.size()) return 0;
+  const std::size_t size = std::min(sizeof(std::uint64_t), text.size() - from);
+  const char* const start = text.data() + from;
   std::uint64_t bytes = 0;
-  if (from < text.size()) {
-    std::memcpy(&bytes, text.data() + from, std::min(sizeof bytes, text.size() - from));
+  if (static_cast<std::size_t>(limit - start) >= sizeof bytes) {
+    std::memcpy(&bytes, start, sizeof bytes);
+  } else {
+    std::memcpy(&bytes, start, size);
   }
   if constexpr (std::endian::native == std::endian::little) bytes = __builtin_bswap64(bytes);
+  if (size < sizeof bytes) bytes &= ~(~std::uint64_t{0} >> size * 8);
   return Mapped(bytes, order);
 }
 
 class Sorter {
  public:
   Sorter(std::span<const TaggedFile> files, TagOrder order, TieOrder ties)
-      : files(files), order(order), ties(ties) {}
+      : files(files), order(order), ties(ties) {
+    for (const TaggedFile& file : files) ranks.push_back(file.rank);
+  }
 
   TagEntry EntryOf(const TagPlace& place) const {
     TagEntry entry;
@@ -67,13 +77,18 @@ class Sorter {
     return NameWithTab(files[place.file].entries, place.at);
   }
 
-  /// Sets the keys of tags to the sixteen bytes of their names at `from`.
+  /// Sets the key of a tag to the sixteen bytes of its name at `from`.
+  void SetKey(TagPlace& tag, std::size_t from) const {
+    const std::string_view entries = files[tag.file].entries;
+    const std::string_view name = NameWithTab(entries, tag.at);
+    const char* const limit = entries.data() + entries.size();
+    tag.key = EightBytes(name, from, limit, order);
+    tag.more = EightBytes(name, from + sizeof tag.key, limit, order);
+  }
   void SetKeys(TagPlace* first, TagPlace* last, std::size_t from) const {
     for (TagPlace* tag = first; tag != last; ++tag) {
       if (last - tag > kAhead) Prefetch(tag[kAhead]);
-      const std::string_view name = KeyOf(*tag);
-      tag->key = EightBytes(name, from, order);
-      tag->more = EightBytes(name, from + sizeof tag->key, order);
+      SetKey(*tag, from);
     }
   }
   /// Fetches what is read of a tag soon. Tags that are sorted are all over the memory.
@@ -91,55 +106,71 @@ class Sorter {
       TagPlace* const end = std::find_if(run, last, [run](const TagPlace& tag) {
         return tag.key != run->key || tag.more != run->more;
       });
-      const bool goesOn = end - run > kShortRun && from < kLongestPrefix &&
-                          std::all_of(run, end, [this, from](const TagPlace& tag) {
-                            return KeyOf(tag).size() > from;
-                          });
-      if (goesOn) {
-        SetKeys(run, end, from);
-        Sort(run, end, from);
-      } else if (end - run > 1) {
-        std::sort(run, end, [this](const TagPlace& a, const TagPlace& b) { return Less(a, b); });
-      }
+      if (end - run > 1) SortRun(run, end, from);
       run = end;
     }
   }
 
  private:
+  /// Sorts tags whose names agree up to `from`.
+  void SortRun(TagPlace* run, TagPlace* end, std::size_t from) const {
+    // The first `from` bytes tell where a name ends.
+    const bool hasEnded = KeyOf(*run).size() <= from;
+    if (hasEnded && order == TagOrder::kBytes) {
+      SortFiles(run, end);
+    } else if (!hasEnded && end - run > kShortRun && from < kLongestPrefix) {
+      SetKeys(run, end, from);
+      Sort(run, end, from);
+    } else {
+      std::sort(run, end, [this](const TagPlace& a, const TagPlace& b) { return Less(a, b); });
+    }
+  }
+
+  /// Sorts tags with the same name.
+  void SortFiles(TagPlace* run, TagPlace* end) const {
+    std::sort(run, end, [this](const TagPlace& a, const TagPlace& b) {
+      return ranks[a.file] < ranks[b.file];
+    });
+    for (TagPlace* same = run; same != end;) {
+      TagPlace* const next = std::find_if(same, end, [this, same](const TagPlace& tag) {
+        return ranks[tag.file] != ranks[same->file];
+      });
+      if (next - same > 1) {
+        std::sort(same, next, [this](const TagPlace& a, const TagPlace& b) { return Less(a, b); });
+      }
+      same = next;
+    }
+  }
+
   bool Less(const TagPlace& a, const TagPlace& b) const {
-    const TagEntry x = EntryOf(a);
-    const TagEntry y = EntryOf(b);
-    const int names = CompareNames(x.name, y.name, order);
+    std::string_view xName = KeyOf(a);
+    std::string_view yName = KeyOf(b);
+    xName.remove_suffix(1);
+    yName.remove_suffix(1);
+    const int names = CompareNames(xName, yName, order);
     if (names != 0) return names < 0;
-    const std::uint32_t xRank = files[a.file].rank;
-    const std::uint32_t yRank = files[b.file].rank;
-    if (xRank != yRank) return xRank < yRank;
+    if (ranks[a.file] != ranks[b.file]) return ranks[a.file] < ranks[b.file];
+    const std::string_view x = EntryOf(a).rest;
+    const std::string_view y = EntryOf(b).rest;
     if (ties == TieOrder::kLines) {
-      const std::int32_t xLine = LineOf(x.rest);
-      const std::int32_t yLine = LineOf(y.rest);
+      const std::int32_t xLine = LineOf(x);
+      const std::int32_t yLine = LineOf(y);
       if (xLine != yLine) return xLine < yLine;
     }
-    const int rest = CompareEnded(x.rest, y.rest, '\n');
+    const int rest = CompareEnded(x, y, '\n');
     return rest != 0 ? rest < 0 : a.at < b.at;
   }
 
   std::span<const TaggedFile> files;
   TagOrder order;
   TieOrder ties;
+  std::vector<std::uint32_t> ranks;
 };
 
-std::vector<TagPlace> Places(std::span<const TaggedFile> files) {
-  std::vector<TagPlace> places;
-  for (std::uint32_t file = 0; file < files.size(); ++file) {
-    TagEntry entry;
-    std::size_t at = 0;
-    std::size_t begin = 0;
-    while (ReadEntry(files[file].entries, at, entry)) {
-      places.push_back({0, 0, file, static_cast<std::uint32_t>(begin)});
-      begin = at;
-    }
-  }
-  return places;
+std::size_t CountEntries(std::string_view entries) {
+  std::size_t count = 0;
+  for (std::size_t at = 0; SkipEntry(entries, at);) ++count;
+  return count;
 }
 
 void RunInThreads(int threads, const std::function<void(int)>& work) {
@@ -190,33 +221,60 @@ int CompareNames(std::string_view a, std::string_view b, TagOrder order) {
 
 std::vector<TagPlace> SortTags(std::span<const TaggedFile> files, TagOrder order, TieOrder ties,
                                int threads) {
-  std::vector<TagPlace> places = Places(files);
-  if (order == TagOrder::kFiles) return places;
   const Sorter sorter(files, order, ties);
-  if (places.size() < kFewTags) threads = 1;
-  const std::size_t share = places.size() / static_cast<std::size_t>(threads) + 1;
+  std::size_t bytes = 0;
+  for (const TaggedFile& file : files) bytes += file.entries.size();
+  if (bytes < kFewBytes) threads = 1;
+  // Each thread looks at files of about the same size together.
+  std::vector<std::size_t> bounds;
+  std::size_t before = 0;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    while (before * static_cast<std::size_t>(threads) >= bounds.size() * bytes &&
+           bounds.size() < static_cast<std::size_t>(threads)) {
+      bounds.push_back(i);
+    }
+    before += files[i].entries.size();
+  }
+  bounds.resize(static_cast<std::size_t>(threads) + 1, files.size());
+  std::vector<std::size_t> starts(files.size() + 1);
   RunInThreads(threads, [&](int number) {
-    const std::size_t begin = std::min(places.size(), share * static_cast<std::size_t>(number));
-    const std::size_t end = std::min(places.size(), begin + share);
-    sorter.SetKeys(places.data() + begin, places.data() + end, 0);
+    const auto part = static_cast<std::size_t>(number);
+    for (std::size_t i = bounds[part]; i < bounds[part + 1]; ++i) {
+      starts[i + 1] = CountEntries(files[i].entries);
+    }
   });
+  std::partial_sum(starts.begin(), starts.end(), starts.begin());
+  std::vector<TagPlace> places(starts.back());
+  RunInThreads(threads, [&](int number) {
+    const auto part = static_cast<std::size_t>(number);
+    for (std::size_t i = bounds[part]; i < bounds[part + 1]; ++i) {
+      std::size_t at = 0;
+      for (std::size_t tag = starts[i]; tag < starts[i + 1]; ++tag) {
+        places[tag].file = static_cast<std::uint32_t>(i);
+        places[tag].at = static_cast<std::uint32_t>(at);
+        if (order != TagOrder::kFiles) sorter.SetKey(places[tag], 0);
+        SkipEntry(files[i].entries, at);
+      }
+    }
+  });
+  if (order == TagOrder::kFiles) return places;
   // Parts of about the same size, by a sample of the keys.
   std::vector<std::uint64_t> sample;
   for (std::size_t i = 0; i < places.size(); i += places.size() / 1000 + 1) {
     sample.push_back(places[i].key);
   }
   std::sort(sample.begin(), sample.end());
-  std::vector<TagPlace*> bounds = {places.data()};
+  std::vector<TagPlace*> parts = {places.data()};
   for (int i = 1; i < threads; ++i) {
     const std::uint64_t split =
         sample[sample.size() * static_cast<std::size_t>(i) / static_cast<std::size_t>(threads)];
-    bounds.push_back(std::partition(bounds.back(), places.data() + places.size(),
-                                    [split](const TagPlace& tag) { return tag.key < split; }));
+    parts.push_back(std::partition(parts.back(), places.data() + places.size(),
+                                   [split](const TagPlace& tag) { return tag.key < split; }));
   }
-  bounds.push_back(places.data() + places.size());
+  parts.push_back(places.data() + places.size());
   RunInThreads(threads, [&](int number) {
     const auto part = static_cast<std::size_t>(number);
-    sorter.Sort(bounds[part], bounds[part + 1], 0);
+    sorter.Sort(parts[part], parts[part + 1], 0);
   });
   return places;
 }

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "portable/portable_path.h"
+
 namespace vexltags::tree {
 namespace {
 
@@ -70,7 +72,7 @@ struct Change {
 
 bool AppendPatchLines(const TaggedFile& file, const OutputStyle& style,
                       std::vector<PatchLine>& lines) {
-  if (file.hasOddLines || !file.rest.empty()) return false;
+  if (file.hasOddLines || !file.rest.empty() || !FitsInLine(file.field)) return false;
   const std::vector<TagPlace> places =
       SortTags(std::span(&file, 1), OrderOf(style), TiesOf(style), 1);
   TagFormatter formatter(style);

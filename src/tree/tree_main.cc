@@ -1,5 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The command line of vexltags-tree.
+#include <features.h>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include <csignal>
 #include <cstdio>
 #include <optional>
@@ -25,10 +30,24 @@ int List(const TreeOptions& options) {
   return list.missing.empty() && std::fflush(stdout) == 0 ? kDone : kFailed;
 }
 
+/// Lets memory that is freed be used again, instead of giving it back and asking for it anew with
+/// each of ten thousand files. All threads share one heap.
+void KeepFreedMemory() {
+#ifdef __GLIBC__
+  constexpr int kLarge = 1 << 26;
+  constexpr int kAtOnce = 1 << 22;
+  mallopt(M_ARENA_MAX, 1);
+  mallopt(M_TRIM_THRESHOLD, kLarge);
+  mallopt(M_TOP_PAD, kAtOnce);
+  mallopt(M_MMAP_THRESHOLD, kLarge / 4);
+#endif
+}
+
 int Main(int argc, const char* const* argv) {
   // Failed writes then return errors.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
+  KeepFreedMemory();
   int status = kDone;
   const std::optional<TreeOptions> options = ParseTreeOptions(argc, argv, status);
   if (!options) return status;

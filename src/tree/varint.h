@@ -2,20 +2,31 @@
 // Numbers in as few bytes as they need.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace vexltags::tree {
 
-/// Appends `value` in groups of seven bits, the lowest first; all bytes but the last have the
-/// highest bit.
-inline void AppendVarint(std::string& out, std::uint64_t value) {
+/// The most bytes that a number needs.
+inline constexpr std::size_t kLongestVarint = 10;
+
+/// Writes `value` to `out` in groups of seven bits, the lowest first; all bytes but the last have
+/// the highest bit. Returns the place after it.
+inline char* PutVarint(char* out, std::uint64_t value) {
   while (value >= 0x80) {
-    out += static_cast<char>(value | 0x80);
+    *out++ = static_cast<char>(value | 0x80);
     value >>= 7;
   }
-  out += static_cast<char>(value);
+  *out++ = static_cast<char>(value);
+  return out;
+}
+
+/// Appends `value` in the same form.
+inline void AppendVarint(std::string& out, std::uint64_t value) {
+  char bytes[kLongestVarint];
+  out.append(bytes, static_cast<std::size_t>(PutVarint(bytes, value) - bytes));
 }
 
 /// Reads a number at `at` and sets `at` past it. A number that does not end gives 0 and sets `at`

@@ -32,12 +32,37 @@ WordHash HashOf(std::string_view word) {
 }
 
 void Lookups::Clear() {
+  recent.fill({});
   places.assign(kSmallest, 0);
   count = 0;
   unknown.clear();
 }
 
+Lookups::ShortWord Lookups::ShortWordOf(std::string_view name) {
+  ShortWord word;
+  word.size = name.size();
+  if (name.size() >= sizeof word.first) {
+    std::memcpy(&word.first, name.data(), sizeof word.first);
+    std::memcpy(&word.last, name.data() + name.size() - sizeof word.last, sizeof word.last);
+  } else {
+    for (const char c : name) word.first = word.first << 8U | static_cast<unsigned char>(c);
+  }
+  return word;
+}
+
+bool Lookups::IsRecent(std::string_view name) {
+  if (name.empty() || name.size() > 2 * sizeof(std::uint64_t)) return false;
+  constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
+  const ShortWord word = ShortWordOf(name);
+  const std::uint64_t mixed = (word.first ^ word.last >> 7U ^ word.size) * kFactor;
+  ShortWord& place = recent[mixed >> 32U & (kRecent - 1)];
+  if (place == word) return true;
+  place = word;
+  return false;
+}
+
 void Lookups::OnLookup(std::string_view name, bool isFound) {
+  if (IsRecent(name)) return;
   if (!Insert(HashOf(name))) return;
   if (!isFound && unknown.size() < kMostUnknown && LooksLikeMacro(name)) unknown.emplace_back(name);
 }
@@ -68,7 +93,6 @@ std::string Lookups::Hashes() const {
   for (const WordHash hash : places) {
     if (hash != 0) hashes.push_back(hash);
   }
-  std::sort(hashes.begin(), hashes.end());
   return {reinterpret_cast<const char*>(hashes.data()), hashes.size() * sizeof(WordHash)};
 }
 
@@ -145,14 +169,16 @@ std::vector<WordHash> ChangedWords(const MacroDigests& before, const MacroDigest
   return words;
 }
 
-bool LooksUp(std::string_view lookups, const std::vector<WordHash>& words) {
-  std::vector<WordHash> hashes(lookups.size() / sizeof(WordHash));
-  if (!hashes.empty()) std::memcpy(hashes.data(), lookups.data(), hashes.size() * sizeof(WordHash));
-  auto word = words.begin();
-  for (const WordHash hash : hashes) {
-    while (word != words.end() && *word < hash) ++word;
-    if (word == words.end()) return false;
-    if (*word == hash) return true;
+WordSet::WordSet(const std::vector<WordHash>& all) : words(all), filter(kBits) {
+  std::sort(words.begin(), words.end());
+  for (const WordHash word : words) filter[word % kBits] = true;
+}
+
+bool WordSet::HasAnyOf(std::string_view lookups) const {
+  for (std::size_t at = 0; at + sizeof(WordHash) <= lookups.size(); at += sizeof(WordHash)) {
+    WordHash hash = 0;
+    std::memcpy(&hash, lookups.data() + at, sizeof hash);
+    if (filter[hash % kBits] && std::binary_search(words.begin(), words.end(), hash)) return true;
   }
   return false;
 }

@@ -3,6 +3,8 @@
 // apart from its content.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -25,15 +27,29 @@ class Lookups : public thorough::LookupObserver {
   void OnLookup(std::string_view name, bool isFound) override;
   void Clear();
 
-  /// The hashes, sorted, as bytes.
+  /// The hashes as bytes, in no particular order.
   std::string Hashes() const;
   /// The words that are unknown and look like macros.
   const std::vector<std::string>& Unknown() const { return unknown; }
 
  private:
+  /// A word of at most sixteen bytes, as two overlapping parts and its size. No word is all zero.
+  struct ShortWord {
+    std::uint64_t first = 0;
+    std::uint64_t last = 0;
+    std::size_t size = 0;
+
+    bool operator==(const ShortWord&) const = default;
+  };
+  static constexpr std::size_t kRecent = 256;
+
+  static ShortWord ShortWordOf(std::string_view name);
+  /// Returns whether the word has just been seen, which holds for most.
+  bool IsRecent(std::string_view name);
   bool Insert(WordHash hash);
   void Grow();
 
+  std::array<ShortWord, kRecent> recent;
   std::vector<WordHash> places;  ///< A hash table; 0 is an empty place.
   std::size_t count = 0;
   std::vector<std::string> unknown;
@@ -51,7 +67,18 @@ MacroDigests DecodeDigests(std::string_view bytes);
 /// Returns the words, sorted, whose digests are not the same in both.
 std::vector<WordHash> ChangedWords(const MacroDigests& before, const MacroDigests& after);
 
-/// Returns whether `lookups`, as `Hashes` gives them, has any of the sorted `words`.
-bool LooksUp(std::string_view lookups, const std::vector<WordHash>& words);
+/// A set of words, to find out which files look one of them up.
+class WordSet {
+ public:
+  explicit WordSet(const std::vector<WordHash>& words);
+  /// Returns whether `lookups`, as `Hashes` gives them, has any of the words.
+  bool HasAnyOf(std::string_view lookups) const;
+
+ private:
+  static constexpr std::size_t kBits = std::size_t{1} << 16;
+
+  std::vector<WordHash> words;
+  std::vector<bool> filter;  ///< By the last bits of a hash: whether a word has them.
+};
 
 }  // namespace vexltags::tree

@@ -34,11 +34,29 @@ TEST(Lookups, KeepsEachWordOnce) {
   Lookups lookups;
   for (int i = 0; i < 5000; ++i) lookups.OnLookup("word" + std::to_string(i % 2500), true);
   EXPECT_EQ(lookups.Hashes().size(), 2500 * sizeof(WordHash));
-  EXPECT_TRUE(LooksUp(lookups.Hashes(), Hashes({"other", "word2499"})));
-  EXPECT_FALSE(LooksUp(lookups.Hashes(), Hashes({"other", "word2500"})));
-  EXPECT_FALSE(LooksUp(lookups.Hashes(), {}));
+  EXPECT_TRUE(WordSet(Hashes({"other", "word2499"})).HasAnyOf(lookups.Hashes()));
+  EXPECT_FALSE(WordSet(Hashes({"other", "word2500"})).HasAnyOf(lookups.Hashes()));
+  EXPECT_FALSE(WordSet({}).HasAnyOf(lookups.Hashes()));
   lookups.Clear();
   EXPECT_EQ(lookups.Hashes(), "");
+}
+
+TEST(Lookups, TellsShortWordsApart) {
+  // Lengths around those of the parts in which words are compared, with the same ends.
+  std::vector<std::string> words;
+  for (std::size_t size = 1; size <= 20; ++size) {
+    words.push_back(std::string(size, 'a'));
+    words.push_back(std::string(size, 'a') + "b");
+    words.push_back("b" + std::string(size, 'a'));
+  }
+  Lookups lookups;
+  for (int round = 0; round < 3; ++round) {
+    for (const std::string& word : words) lookups.OnLookup(word, true);
+  }
+  EXPECT_EQ(lookups.Hashes().size(), words.size() * sizeof(WordHash));
+  for (const std::string& word : words) {
+    EXPECT_TRUE(WordSet(Hashes({word})).HasAnyOf(lookups.Hashes())) << word;
+  }
 }
 
 TEST(Lookups, CollectsUnknownWordsThatLookLikeMacros) {

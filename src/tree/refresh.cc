@@ -80,7 +80,7 @@ int Refresh::Run() {
     session.reset();
     stores.clear();
     isChanged = tagsChanged = hasNewDigests = hasFailures = listChanged = factsChanged =
-        scanFailed = false;
+        scanFailed = isStored = false;
     counts = {};
   }
   return kFailed;

@@ -10,6 +10,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <thread>
 #include <unordered_map>
 #include <vector>
 
@@ -120,6 +121,9 @@ class Refresh {
   bool TakeInfos();
   std::string FieldOf(const std::string& path, const FileInfo& info) const;
   void StoreFiles();
+  /// Starts to store all files in a new cache, in a thread, while the output is written. The cache
+  /// is used by that thread alone until `storing` is joined.
+  void StartStoring();
   void FinishCache(const struct stat& written);
   void PrintSummary() const;
   void PrintProblems();
@@ -158,6 +162,8 @@ class Refresh {
   OutputStyle style;
   std::filesystem::path outputFolder;
   bool isOutputHere = false;  ///< It is the working directory.
+  std::thread storing;
+  bool isStored = false;  ///< All files are in the cache.
   RefreshCounts counts;
 };
 

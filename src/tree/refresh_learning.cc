@@ -104,14 +104,14 @@ void Refresh::LearnAll() {
   const MacroDigests digests = DigestsOf(*session);
   newDigests = EncodeDigests(digests);
   if (before == newDigests) return;
-  const std::vector<WordHash> words = ChangedWords(DecodeDigests(before), digests);
+  const WordSet words(ChangedWords(DecodeDigests(before), digests));
   std::unordered_map<std::int64_t, TreeFile*> known;
   for (std::size_t i = 0; i < sourceCount; ++i) {
     if (files[i].learns && files[i].hasResult) known.emplace(files[i].row.id, &files[i]);
   }
   cache->ForEachBlob(BlobKind::kLookups, [&](std::int64_t id, std::string_view lookups) {
     const auto file = known.find(id);
-    if (file != known.end() && LooksUp(lookups, words)) file->second->hasResult = false;
+    if (file != known.end() && words.HasAnyOf(lookups)) file->second->hasResult = false;
   });
 }
 

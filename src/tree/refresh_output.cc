@@ -159,7 +159,9 @@ bool Refresh::WriteOutput() {
     bool isWritten = isOpen && WritePatched(output);
     if (isOpen && !isWritten && !IsDamaged()) {
       isOpen = output.Open(options.output);
+      StartStoring();
       isWritten = isOpen && WriteEverything(output);
+      if (storing.joinable()) storing.join();
     }
     if (!isWritten || IsDamaged() || !output.Commit()) {
       if (IsDamaged()) return false;
@@ -171,6 +173,13 @@ bool Refresh::WriteOutput() {
   }
   FinishCache(output.Status());
   return true;
+}
+
+void Refresh::StartStoring() {
+  // A new cache has nothing that is needed meanwhile.
+  if (!cache || !cache->IsNew() || !cache->Begin()) return;
+  isStored = true;
+  storing = std::thread([this] { StoreFiles(); });
 }
 
 void Refresh::StoreFiles() {
@@ -213,13 +222,13 @@ void Refresh::StoreFiles() {
 void Refresh::FinishCache(const struct stat& written) {
   if (!cache) return;
   if (!isChanged && !counts.isWritten) return;
-  if (!cache->Begin()) {
+  if (!isStored && !cache->Begin()) {
     // Another run has stored its results meanwhile, which are as good.
     if (cache->Error() != DatabaseError::kNone && !IsDamaged()) LoseCache();
     return;
   }
   const int revision = Revision() + (tagsChanged ? 1 : 0);
-  StoreFiles();
+  if (!isStored) StoreFiles();
   if (isChanged) {
     cache->PutState("revision", std::to_string(revision));
     cache->PutState("learned", JoinPaths(learnedOrder));

@@ -14,7 +14,7 @@ namespace vexltags::tree {
 namespace {
 
 constexpr std::size_t kFewBytes = std::size_t{1} << 20;
-constexpr std::ptrdiff_t kShortRun = 8;
+constexpr std::ptrdiff_t kShortRun = 2;
 constexpr std::size_t kLongestPrefix = 256;
 constexpr std::ptrdiff_t kAhead = 16;
 
@@ -58,6 +58,13 @@ std::uint64_t EightBytes(std::string_view text, std::size_t from, const char* li
   if constexpr (std::endian::native == std::endian::little) bytes = __builtin_bswap64(bytes);
   if (size < sizeof bytes) bytes &= ~(~std::uint64_t{0} >> size * 8);
   return Mapped(bytes, order);
+}
+
+/// Returns whether a tab, with which all names end, is among the eight bytes.
+bool HasTab(std::uint64_t bytes) {
+  constexpr std::uint64_t kEach = 0x0101010101010101;
+  const std::uint64_t others = bytes ^ kEach * '\t';
+  return ((others - kEach) & ~others & kEach * 0x80) != 0;
 }
 
 class Sorter {
@@ -114,8 +121,7 @@ class Sorter {
  private:
   /// Sorts tags whose names agree up to `from`.
   void SortRun(TagPlace* run, TagPlace* end, std::size_t from) const {
-    // The first `from` bytes tell where a name ends.
-    const bool hasEnded = KeyOf(*run).size() <= from;
+    const bool hasEnded = HasTab(run->key) || HasTab(run->more);
     if (hasEnded && order == TagOrder::kBytes) {
       SortFiles(run, end);
     } else if (!hasEnded && end - run > kShortRun && from < kLongestPrefix) {

@@ -53,6 +53,12 @@ std::string ProgramIdentity() {
 }  // namespace
 
 int Refresh::Run() {
+  const int status = RunWithCache();
+  cache.reset();
+  return status;
+}
+
+int Refresh::RunWithCache() {
   if (options.output != "-") {
     const std::string why = WhyNotReplaced(options.output);
     if (!why.empty()) {

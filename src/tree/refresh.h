@@ -47,12 +47,15 @@ class Refresh {
   explicit Refresh(const TreeOptions& options, std::function<bool()> goesOn = nullptr)
       : options(options), goesOn(std::move(goesOn)), progress(options.isQuiet) {}
 
-  /// Does everything, prints messages and the summary, and returns the exit status.
+  /// Does everything, prints messages and the summary, and returns the exit status. To be called
+  /// once.
   int Run();
 
  private:
   enum class Outcome : std::uint8_t { kDone, kFailed, kDamagedCache };
 
+  /// Does what `Run` does, and leaves the cache open.
+  int RunWithCache();
   /// A run up to the end, or to the discovery that the cache is damaged.
   Outcome Try();
   void OpenCache();
@@ -119,7 +122,7 @@ class Refresh {
   TaggedFile Tagged(const std::string& path, const FileInfo& info, std::string_view tags,
                     std::int32_t base);
   bool TakeInfos();
-  std::string FieldOf(const std::string& path, const FileInfo& info) const;
+  std::string FieldOf(const std::string& path, const FileInfo& info);
   void StoreFiles();
   /// Starts to store all files in a new cache, in a thread, while the output is written. The cache
   /// is used by that thread alone until `storing` is joined.
@@ -161,7 +164,9 @@ class Refresh {
   std::deque<std::string> entries;  ///< Those whose made-up names have been numbered.
   OutputStyle style;
   std::filesystem::path outputFolder;
-  bool isOutputHere = false;  ///< It is the working directory.
+  bool isOutputHere = false;                  ///< It is the working directory.
+  std::string fieldFolder;                    ///< The folder of the last file ...
+  std::optional<std::string> relativeFolder;  ///< ... and how the file field names it.
   std::thread storing;
   bool isStored = false;  ///< All files are in the cache.
   RefreshCounts counts;

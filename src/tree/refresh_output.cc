@@ -94,12 +94,24 @@ bool Refresh::TakeInfos() {
   return true;
 }
 
-std::string Refresh::FieldOf(const std::string& path, const FileInfo& info) const {
+std::string Refresh::FieldOf(const std::string& path, const FileInfo& info) {
   if (style.format == Format::kRaw) return info.stored;
   const bool isPlain =
       !path.starts_with('/') && path.find("//") == path.npos && path.find("./") == path.npos;
   if (isPlain && isOutputHere) return path;
-  return RelativePath(path, outputFolder);
+  // Files of a folder follow each other.
+  const std::size_t slash = path.rfind('/');
+  const std::string folder = path.substr(0, slash == path.npos ? 0 : slash + 1);
+  if (!relativeFolder || folder != fieldFolder) {
+    fieldFolder = folder;
+    relativeFolder = RelativePath(folder + "x", outputFolder);
+    relativeFolder->pop_back();
+  }
+  // Outside the output folder, links are resolved.
+  if (relativeFolder->starts_with("..") || relativeFolder->starts_with('/')) {
+    return RelativePath(path, outputFolder);
+  }
+  return *relativeFolder + path.substr(folder.size());
 }
 
 TaggedFile Refresh::Tagged(const std::string& path, const FileInfo& info, std::string_view tags,

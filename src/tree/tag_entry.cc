@@ -137,16 +137,25 @@ std::int32_t LineOf(std::string_view rest) {
 std::string RenumberAnon(std::string_view entries, std::int32_t base) {
   std::string result;
   result.reserve(entries.size() + entries.size() / 16);
-  TagEntry entry;
-  for (std::size_t at = 0; ReadEntry(entries, at, entry);) {
-    const bool hasName = entry.name.find(kAnon) != std::string_view::npos;
-    const bool hasRest = entry.rest.find(kAnon) != std::string_view::npos;
-    const std::string name = hasName ? Renumbered(entry.name, base) : "";
-    const std::string rest = hasRest ? Renumbered(entry.rest, base) : "";
-    if (hasName) entry.name = name;
-    if (hasRest) entry.rest = rest;
+  std::size_t copied = 0;
+  std::size_t at = 0;
+  for (std::size_t anon; (anon = entries.find(kAnon, at)) != std::string_view::npos;) {
+    std::size_t begin = at;
+    while (at <= anon) {
+      begin = at;
+      if (!SkipEntry(entries, at)) return result;
+    }
+    result += entries.substr(copied, begin - copied);
+    copied = at;
+    TagEntry entry;
+    if (!ReadEntry(entries, begin, entry)) return result;
+    const std::string name = Renumbered(entry.name, base);
+    const std::string rest = Renumbered(entry.rest, base);
+    entry.name = name;
+    entry.rest = rest;
     AppendEntry(result, entry);
   }
+  result += entries.substr(copied);
   return result;
 }
 

@@ -86,5 +86,27 @@ TEST(TagEntry, MadeUpNamesAreRenumberedInNamesAndFieldsOnly) {
   EXPECT_EQ(entry.text, "int __anon2;");
 }
 
+TEST(TagEntry, RenumberingKeepsAllOtherEntries) {
+  std::string entries;
+  const std::string names[] = {"a", "__anon1", "b", "c", "__anon2", "__anon3", "d"};
+  for (const std::string& name : names) {
+    const std::string line = name + "\t/src/a.c\t1;\"\ts";
+    const std::string text = "text of " + name;
+    TagEntry entry = Entry(line);
+    entry.text = text;
+    AppendEntry(entries, entry);
+  }
+  EXPECT_EQ(RenumberAnon(entries, 0), entries);
+  const std::string renumbered = RenumberAnon(entries, 9);
+  std::string found;
+  TagEntry entry;
+  for (std::size_t at = 0; ReadEntry(renumbered, at, entry);) {
+    found += std::string(entry.name) + ' ' + std::string(entry.text) + '\n';
+  }
+  EXPECT_EQ(found,
+            "a text of a\n__anon10 text of __anon1\nb text of b\nc text of c\n"
+            "__anon11 text of __anon2\n__anon12 text of __anon3\nd text of d\n");
+}
+
 }  // namespace
 }  // namespace vexltags::tree

@@ -53,7 +53,10 @@ int Main(int argc, const char* const* argv) {
   if (!options) return status;
   if (options->isWorker) return ServeMachine();
   if (options->listsOnly) return List(*options);
-  return options->watches ? Watch(*options) : Refresh(*options).Run();
+  if (options->watches) return Watch(*options);
+  // It is not destroyed, since freeing all that it knows takes longer than ending the process.
+  static Refresh* const run = new Refresh(*options);
+  return run->Run();
 }
 
 }  // namespace

@@ -91,16 +91,20 @@ void AddItem(std::string_view item, GitListing& listing) {
 
 }  // namespace
 
-bool IsInGitTree(const std::string& directory) {
+std::string GitTop(const std::string& directory) {
   std::error_code error;
   std::filesystem::path path = std::filesystem::canonical(directory, error);
   while (!error) {
     std::error_code missing;
-    if (std::filesystem::exists(path / ".git", missing)) return true;
-    if (!path.has_relative_path()) return false;
+    if (std::filesystem::exists(path / ".git", missing)) return path;
+    if (!path.has_relative_path()) return {};
     path = path.parent_path();
   }
-  return false;
+  return {};
+}
+
+bool IsIgnoredByGit(const std::string& directory) {
+  return RunGit(directory, {"check-ignore", "-q", "."}).status == 0;
 }
 
 GitListing ListGitFiles(const std::string& directory, const IgnorePatterns& patterns) {
@@ -119,7 +123,7 @@ GitListing ListGitFiles(const std::string& directory, const IgnorePatterns& patt
     rest.remove_prefix(std::min(end + 1, rest.size()));
   }
   const bool isEmpty = listing.files.empty() && listing.repositories.empty();
-  listing.isListed = !isEmpty || RunGit(directory, {"check-ignore", "-q", "."}).status != 0;
+  listing.isListed = !isEmpty || !IsIgnoredByGit(directory);
   return listing;
 }
 

@@ -18,8 +18,12 @@ struct GitListing {
   std::string problem;  ///< What git reported, if anything; it may be listed still.
 };
 
-/// Returns whether `directory` or one that contains it has an entry `.git`.
-bool IsInGitTree(const std::string& directory);
+/// Returns the nearest of `directory` and those that contain it that has an entry `.git`, without
+/// symbolic links; empty if none has.
+std::string GitTop(const std::string& directory);
+
+/// Returns whether git says that it ignores `directory`.
+bool IsIgnoredByGit(const std::string& directory);
 
 /// Lists what git tracks, or would track, in and below `directory`. Negated patterns, relative to
 /// the directory, add files that git ignores; other patterns are not applied. Not listed are

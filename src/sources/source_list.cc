@@ -82,7 +82,7 @@ class Lister {
       PathFilter walk(walkPatterns);
       gitFilter = &git;
       walkFilter = &walk;
-      if (!options.useGit || !IsInGitTree(ForSystem(root)) || !ListGit("")) Walk("");
+      if (!options.useGit || GitTop(ForSystem(root)).empty() || !ListGit("")) Walk("");
     } else if (S_ISREG(status.st_mode)) {
       AddFileArgument(StampOf(status));
     } else {

@@ -7,6 +7,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <optional>
 
 #include "engine/stack_guard.h"
@@ -26,7 +27,15 @@ int List(const TreeOptions& options) {
   for (const std::string& missing : list.missing) {
     std::fprintf(stderr, "vexltags-tree: %s\n", missing.c_str());
   }
-  for (const Source& source : list.sources) std::puts(source.path.c_str());
+  for (const Source& source : list.sources) {
+    // Paths are relative to the folder that the user is in.
+    const std::string path = options.calledFrom.empty()
+                                 ? source.path
+                                 : std::filesystem::absolute(source.path)
+                                       .lexically_relative(options.calledFrom)
+                                       .string();
+    std::puts(path.c_str());
+  }
   return list.missing.empty() && std::fflush(stdout) == 0 ? kDone : kFailed;
 }
 

@@ -7,10 +7,12 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <map>
 #include <thread>
 
 #include "base/version.h"
+#include "tree/project_top.h"
 
 namespace vexltags::tree {
 namespace {
@@ -41,6 +43,19 @@ std::string DefaultOutput(const TreeOptions& options) {
   return folder.ends_with('/') ? folder + name : folder + "/" + name;
 }
 
+/// Goes to the top of the project that contains the working directory, if there is one.
+void EnterProjectTop(TreeOptions& options) {
+  const std::string top = ProjectTop();
+  if (top.empty()) return;
+  std::error_code error;
+  const std::filesystem::path here = std::filesystem::current_path(error);
+  for (std::string& path : options.macros) path = (here / path).lexically_normal();
+  std::filesystem::current_path(top, error);
+  if (error) return;
+  options.calledFrom = here;
+  options.output = top + "/" + DefaultOutput(options);
+}
+
 /// A check that names the values that there are.
 template <class Value>
 CLI::Validator OneOf(const std::map<std::string, Value>& values) {
@@ -69,7 +84,8 @@ std::optional<TreeOptions> ParseTreeOptions(int argc, const char* const* argv, i
   bool noCache = false;
   bool noGit = false;
   Patterns patterns;
-  app.add_option("DIR", options.folders, "Folders and files to read; the current folder if none.")
+  app.add_option("DIR", options.folders,
+                 "Folders and files to read; the git work tree or folder that one is in if none.")
       ->type_name("");
   app.add_option("-f,--output", options.output,
                  "The file to write, - for standard output; tags in DIR if not given.")
@@ -157,6 +173,9 @@ std::optional<TreeOptions> ParseTreeOptions(int argc, const char* const* argv, i
     const std::size_t end = std::min(hosts.find(',', at), hosts.size());
     if (end > at) options.hosts.push_back(hosts.substr(at, end - at));
     at = end + 1;
+  }
+  if (options.folders.empty() && options.output.empty() && !noGit && !options.isWorker) {
+    EnterProjectTop(options);
   }
   if (options.output.empty()) options.output = DefaultOutput(options);
   if (options.jobs == 0) {

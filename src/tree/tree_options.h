@@ -15,6 +15,8 @@ namespace vexltags::tree {
 struct TreeOptions {
   std::vector<std::string> folders;  ///< Files and folders; empty for the working directory.
   std::string output;                ///< The tags file; "-" is standard output.
+  /// The working directory of the caller, if another one is that of the run.
+  std::string calledFrom;
   OutputStyle style;
   int jobs = 0;  ///< Worker processes; at least 1.
   bool isExact = false;
@@ -32,8 +34,9 @@ struct TreeOptions {
   std::string identity;
 };
 
-/// Parses the command line. Returns nothing, with `status` set to the exit status, if the run is to
-/// end: 0 after `--help` and `--version`, 2 after a message on a mistake.
+/// Parses the command line. Without folders and output, enters the top of the project. Returns
+/// nothing, with `status` set to the exit status, if the run is to end: 0 after `--help` and
+/// `--version`, 2 after a message on a mistake.
 std::optional<TreeOptions> ParseTreeOptions(int argc, const char* const* argv, int& status);
 
 }  // namespace vexltags::tree

@@ -112,6 +112,49 @@ class Behaviour(Scratch):
         self.tree("--include", "ignored.c")
         self.assertEqual(self.names(), ["a", "b"])
 
+    @unittest.skipUnless(shutil.which("git"), "git is not installed")
+    def test_reads_the_whole_work_tree_from_a_folder_in_it(self):
+        self.write("top.c", "int top;\n")
+        self.write("src/below.c", "WRAPPED int below;\n")
+        self.write("src/more/deep.c", "int deep;\n")
+        self.write("build/made.c", "int made;\n")
+        self.write("macros/m.h", "#define WRAPPED\n")
+        self.write(".gitignore", "/build\n/macros\n/tags\n")
+        subprocess.run(["git", "init", "-q"], cwd=self.root, check=True)
+        top = self.root
+
+        def run_in(folder, *arguments):
+            self.root = top / folder
+            try:
+                return self.tree(*arguments)
+            finally:
+                self.root = top
+
+        done = run_in("src", "--macros", "../macros")
+        self.assertEqual(self.names(), ["below", "deep", "top"])
+        self.assertIn(str(top / "tags").encode(), done.stderr)
+        self.assertFalse((top / "src" / "tags").exists())
+        fields = {line.split("\t")[1] for line in (top / "tags").read_text().splitlines()
+                  if not line.startswith("!_")}
+        self.assertEqual(fields, {"src/below.c", "src/more/deep.c", "top.c"})
+        self.assertEqual(self.tree("--macros", str(top / "macros")).stderr.count(b" 0 read"), 1,
+                         "the top has the same cache")
+        listed = run_in("src", "--list").stdout
+        self.assertEqual(listed, b"below.c\nmore/deep.c\n../top.c\n")
+        (top / "tags").unlink()
+        # What is asked for, or not part of the project, stays where it is.
+        self.assertEqual(run_in("src", "-f", "-", "--sort=no").stdout.count(b"\ttop.c\t"), 0)
+        run_in("src", ".")
+        run_in("src/more", "--no-git")
+        run_in("build")
+        self.assertEqual([(top / folder / "tags").exists() for folder in
+                          ("", "src", "src/more", "build")], [False, True, True, True])
+        # A home directory in git is not a project.
+        subprocess.run(["git", "init", "-q"], cwd=self.home, check=True)
+        shutil.rmtree(top / ".git")
+        run_in("src/more")
+        self.assertFalse((self.home / "tags").exists())
+
     def test_only_changed_files_are_read(self):
         for i in range(20):
             self.write(f"a{i}.c", f"API int f{i}();\n" if i < 3 else f"int f{i}();\n")

@@ -14,6 +14,7 @@
 
 #include "base/version.h"
 #include "cache/content_hash.h"
+#include "cache/old_caches.h"
 #include "tree/worker.h"
 
 namespace vexltags::tree {
@@ -128,6 +129,11 @@ void Refresh::OpenCache() {
                 static_cast<unsigned long long>(ContentHash(identity)));
   cache = std::make_unique<ResultCache>();
   if (!cache->Open(folder + name, identity)) return LoseCache();
+  if (cache->IsNew()) {
+    RemoveOldCaches(folder);
+  } else {
+    NoteUse(folder + name);
+  }
   if (cache->WasDamaged()) Print("the cache was damaged and is made anew");
 }
 

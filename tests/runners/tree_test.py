@@ -226,6 +226,22 @@ class Behaviour(Scratch):
         self.assertEqual(self.names(), ["a"])
         self.assertEqual(sorted(os.listdir(self.root)), ["a.c", "b.c", "tags"])
 
+    def test_removes_caches_that_are_not_used(self):
+        self.write("a.c", "int a;\n")
+        folder = self.home / "cache" / "vexltags"
+        self.tree()
+        used = set(os.listdir(folder))
+        old = [folder / f"{number:016x}.db" for number in range(3)]
+        for path in [*old, *(folder / name for name in used)]:
+            path.touch()
+            os.utime(path, (time.time() - 100 * 86400,) * 2)
+        self.tree()
+        self.assertTrue(old[0].exists(), "no cache was made")
+        self.tree("--exact")
+        left = set(os.listdir(folder))
+        self.assertTrue(used < left, "it has been used")
+        self.assertFalse(left & {path.name for path in old})
+
     def test_goes_on_without_a_cache(self):
         self.write("a.c", "int a;\n")
         (self.home / "cache").write_text("a file")

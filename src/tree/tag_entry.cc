@@ -2,6 +2,8 @@
 // The tags of one file in a compact form, from which every output format can be written.
 #include "tree/tag_entry.h"
 
+#include <cstring>
+
 #include "tree/varint.h"
 
 namespace vexltags::tree {
@@ -12,6 +14,16 @@ constexpr unsigned kFlagBits = 3;
 constexpr std::size_t kMostNumbers = 4 * kLongestVarint;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// The offset of the next made-up name in `text`; npos if there is none. Faster than `find`, which
+/// stops at each underscore.
+std::size_t FindAnon(std::string_view text, std::size_t from) {
+  if (from >= text.size()) return std::string_view::npos;
+  const void* const found =
+      memmem(text.data() + from, text.size() - from, kAnon.data(), kAnon.size());
+  if (found == nullptr) return std::string_view::npos;
+  return static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
+}
 
 std::string Renumbered(std::string_view text, std::int32_t base) {
   std::string result;
@@ -139,7 +151,7 @@ std::string RenumberAnon(std::string_view entries, std::int32_t base) {
   result.reserve(entries.size() + entries.size() / 16);
   std::size_t copied = 0;
   std::size_t at = 0;
-  for (std::size_t anon; (anon = entries.find(kAnon, at)) != std::string_view::npos;) {
+  for (std::size_t anon; (anon = FindAnon(entries, at)) != std::string_view::npos;) {
     std::size_t begin = at;
     while (at <= anon) {
       begin = at;

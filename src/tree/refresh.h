@@ -38,8 +38,9 @@ struct RefreshCounts {
   bool isWritten = false;  ///< False if the tags file was fresh already.
 };
 
-/// One run. The steps are in refresh.cc, refresh_learning.cc and refresh_output.cc;
-/// the last step is split between them and refresh_patch.cc and refresh_report.cc.
+/// One run. The steps are in refresh.cc, refresh_reading.cc, refresh_learning.cc and
+/// refresh_output.cc; the last step is split between them and refresh_patch.cc and
+/// refresh_report.cc.
 class Refresh {
  public:
   /// `options` must outlive the object. The run ends, without a message, when `goesOn` returns

@@ -4,11 +4,11 @@
 #include "tree/tag_sort.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
 #include <functional>
 #include <numeric>
 #include <thread>
+
+#include "tree/sort_key.h"
 
 namespace vexltags::tree {
 namespace {
@@ -17,55 +17,6 @@ constexpr std::size_t kFewBytes = std::size_t{1} << 20;
 constexpr std::ptrdiff_t kShortRun = 2;
 constexpr std::size_t kLongestPrefix = 256;
 constexpr std::ptrdiff_t kAhead = 16;
-
-/// Folds the letters among eight bytes; `first` is that of the letters to change, `isUp` whether
-/// they are lower-case letters.
-std::uint64_t Fold(std::uint64_t bytes, char first, bool isUp) {
-  constexpr std::uint64_t kEach = 0x0101010101010101;
-  const auto from = static_cast<std::uint64_t>(first);
-  const std::uint64_t low = bytes & kEach * 0x7F;
-  const std::uint64_t fromFirst = low + kEach * (0x80 - from);
-  const std::uint64_t aboveLast = low + kEach * (0x80 - from - 26);
-  const std::uint64_t letters = (fromFirst & ~aboveLast & ~bytes & kEach * 0x80) >> 2;
-  return isUp ? bytes - letters : bytes + letters;
-}
-
-std::uint64_t Mapped(std::uint64_t bytes, TagOrder order) {
-  if (order == TagOrder::kFoldDown) return Fold(bytes, 'A', false);
-  if (order == TagOrder::kFoldUp) return Fold(bytes, 'a', true);
-  return bytes;
-}
-
-char Mapped(char c, TagOrder order) {
-  if (order == TagOrder::kFoldDown && c >= 'A' && c <= 'Z') return static_cast<char>(c + 32);
-  if (order == TagOrder::kFoldUp && c >= 'a' && c <= 'z') return static_cast<char>(c - 32);
-  return c;
-}
-
-/// Eight bytes of `text` from `from` on as a number that compares as they do, zeros past its end.
-/// `text` is part of memory that can be read up to `limit`.
-std::uint64_t EightBytes(std::string_view text, std::size_t from, const char* limit,
-                         TagOrder order) {
-  if (from >= text.size()) return 0;
-  const std::size_t size = std::min(sizeof(std::uint64_t), text.size() - from);
-  const char* const start = text.data() + from;
-  std::uint64_t bytes = 0;
-  if (static_cast<std::size_t>(limit - start) >= sizeof bytes) {
-    std::memcpy(&bytes, start, sizeof bytes);
-  } else {
-    std::memcpy(&bytes, start, size);
-  }
-  if constexpr (std::endian::native == std::endian::little) bytes = __builtin_bswap64(bytes);
-  if (size < sizeof bytes) bytes &= ~(~std::uint64_t{0} >> size * 8);
-  return Mapped(bytes, order);
-}
-
-/// Returns whether a tab, with which all names end, is among the eight bytes.
-bool HasTab(std::uint64_t bytes) {
-  constexpr std::uint64_t kEach = 0x0101010101010101;
-  const std::uint64_t others = bytes ^ kEach * '\t';
-  return ((others - kEach) & ~others & kEach * 0x80) != 0;
-}
 
 class Sorter {
  public:
@@ -186,6 +137,69 @@ void RunInThreads(int threads, const std::function<void(int)>& work) {
   for (std::thread& other : others) other.join();
 }
 
+/// Divides the files into parts of about the same size, one for each thread. Returns the index of
+/// the first file of each part, and the number of files.
+std::vector<std::size_t> SplitFiles(std::span<const TaggedFile> files, std::size_t bytes,
+                                    int threads) {
+  const auto parts = static_cast<std::size_t>(threads);
+  std::vector<std::size_t> bounds;
+  std::size_t before = 0;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    while (bounds.size() < parts && before * parts >= bounds.size() * bytes) bounds.push_back(i);
+    before += files[i].entries.size();
+  }
+  bounds.resize(parts + 1, files.size());
+  return bounds;
+}
+
+/// Returns the tags in the order of the files. Each part of them is looked through by a thread,
+/// which calls `prepare` with each tag.
+template <class Prepare>
+std::vector<TagPlace> FindTags(std::span<const TaggedFile> files,
+                               const std::vector<std::size_t>& bounds, Prepare prepare) {
+  const auto forEachFile = [&bounds](const auto& work) {
+    RunInThreads(static_cast<int>(bounds.size()) - 1, [&](int number) {
+      const auto part = static_cast<std::size_t>(number);
+      for (std::size_t i = bounds[part]; i < bounds[part + 1]; ++i) work(i);
+    });
+  };
+  std::vector<std::size_t> starts(files.size() + 1);
+  forEachFile([&](std::size_t i) { starts[i + 1] = CountEntries(files[i].entries); });
+  std::partial_sum(starts.begin(), starts.end(), starts.begin());
+  std::vector<TagPlace> places(starts.back());
+  forEachFile([&](std::size_t i) {
+    std::size_t at = 0;
+    for (std::size_t tag = starts[i]; tag < starts[i + 1]; ++tag) {
+      places[tag].file = static_cast<std::uint32_t>(i);
+      places[tag].at = static_cast<std::uint32_t>(at);
+      prepare(places[tag]);
+      SkipEntry(files[i].entries, at);
+    }
+  });
+  return places;
+}
+
+/// Puts tags into as many parts as there are threads, all of one part before those of the next, by
+/// a sample of their keys. Returns where the parts begin, and the end.
+std::vector<TagPlace*> SplitByKeys(std::vector<TagPlace>& places, int threads) {
+  constexpr std::size_t kSample = 1000;
+  std::vector<std::uint64_t> sample;
+  for (std::size_t i = 0; i < places.size(); i += places.size() / kSample + 1) {
+    sample.push_back(places[i].key);
+  }
+  std::sort(sample.begin(), sample.end());
+  TagPlace* const end = places.data() + places.size();
+  std::vector<TagPlace*> parts = {places.data()};
+  for (int i = 1; i < threads; ++i) {
+    const std::uint64_t split =
+        sample[sample.size() * static_cast<std::size_t>(i) / static_cast<std::size_t>(threads)];
+    parts.push_back(std::partition(parts.back(), end,
+                                   [split](const TagPlace& tag) { return tag.key < split; }));
+  }
+  parts.push_back(end);
+  return parts;
+}
+
 }  // namespace
 
 int CompareEnded(std::string_view a, std::string_view b, char end) {
@@ -231,53 +245,11 @@ std::vector<TagPlace> SortTags(std::span<const TaggedFile> files, TagOrder order
   std::size_t bytes = 0;
   for (const TaggedFile& file : files) bytes += file.entries.size();
   if (bytes < kFewBytes) threads = 1;
-  // Each thread looks at files of about the same size together.
-  std::vector<std::size_t> bounds;
-  std::size_t before = 0;
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    while (before * static_cast<std::size_t>(threads) >= bounds.size() * bytes &&
-           bounds.size() < static_cast<std::size_t>(threads)) {
-      bounds.push_back(i);
-    }
-    before += files[i].entries.size();
-  }
-  bounds.resize(static_cast<std::size_t>(threads) + 1, files.size());
-  std::vector<std::size_t> starts(files.size() + 1);
-  RunInThreads(threads, [&](int number) {
-    const auto part = static_cast<std::size_t>(number);
-    for (std::size_t i = bounds[part]; i < bounds[part + 1]; ++i) {
-      starts[i + 1] = CountEntries(files[i].entries);
-    }
-  });
-  std::partial_sum(starts.begin(), starts.end(), starts.begin());
-  std::vector<TagPlace> places(starts.back());
-  RunInThreads(threads, [&](int number) {
-    const auto part = static_cast<std::size_t>(number);
-    for (std::size_t i = bounds[part]; i < bounds[part + 1]; ++i) {
-      std::size_t at = 0;
-      for (std::size_t tag = starts[i]; tag < starts[i + 1]; ++tag) {
-        places[tag].file = static_cast<std::uint32_t>(i);
-        places[tag].at = static_cast<std::uint32_t>(at);
-        if (order != TagOrder::kFiles) sorter.SetKey(places[tag], 0);
-        SkipEntry(files[i].entries, at);
-      }
-    }
+  std::vector<TagPlace> places = FindTags(files, SplitFiles(files, bytes, threads), [&](auto& tag) {
+    if (order != TagOrder::kFiles) sorter.SetKey(tag, 0);
   });
   if (order == TagOrder::kFiles) return places;
-  // Parts of about the same size, by a sample of the keys.
-  std::vector<std::uint64_t> sample;
-  for (std::size_t i = 0; i < places.size(); i += places.size() / 1000 + 1) {
-    sample.push_back(places[i].key);
-  }
-  std::sort(sample.begin(), sample.end());
-  std::vector<TagPlace*> parts = {places.data()};
-  for (int i = 1; i < threads; ++i) {
-    const std::uint64_t split =
-        sample[sample.size() * static_cast<std::size_t>(i) / static_cast<std::size_t>(threads)];
-    parts.push_back(std::partition(parts.back(), places.data() + places.size(),
-                                   [split](const TagPlace& tag) { return tag.key < split; }));
-  }
-  parts.push_back(places.data() + places.size());
+  const std::vector<TagPlace*> parts = SplitByKeys(places, threads);
   RunInThreads(threads, [&](int number) {
     const auto part = static_cast<std::size_t>(number);
     sorter.Sort(parts[part], parts[part + 1], 0);

@@ -20,7 +20,13 @@ constexpr std::size_t kMapping = std::size_t{1} << 26;
 
 AnswerStore::~AnswerStore() {
   for (const Mapping& mapping : mappings) munmap(const_cast<char*>(mapping.bytes), mapping.size);
+  Close();
+}
+
+void AnswerStore::Close() {
   if (file >= 0) close(file);
+  file = -1;
+  isOpen = false;
 }
 
 bool AnswerStore::Create() {

@@ -25,6 +25,8 @@ class AnswerStore {
   /// Returns the bytes from `begin`, an offset in the file, to its present end. They are good as
   /// long as the object exists. Empty if there are none.
   std::string_view From(std::size_t begin);
+  /// Closes the file. What `From` returned stays good; there is nothing more.
+  void Close();
 
  private:
   /// A part of the file that is mapped to memory.

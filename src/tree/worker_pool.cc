@@ -104,6 +104,8 @@ void WorkerPool::Stop(Worker& worker, bool kills) {
     }
   }
   worker.process = -1;
+  if (worker.store != nullptr) worker.store->Close();
+  worker.store = nullptr;
 }
 
 bool WorkerPool::Pump() {

@@ -69,8 +69,9 @@ void PrintToken(pANTLR3_COMMON_TOKEN token, pANTLR3_UINT8* names) {
     const auto* const chars = reinterpret_cast<const char*>(replaced->chars);
     text = Quoted(chars, chars + replaced->len);
   } else {
-    text = Quoted(reinterpret_cast<const char*>(token->getStartIndex(token)),
-                  reinterpret_cast<const char*>(token->getStopIndex(token)) + 1);
+    // The runtime keeps addresses as numbers.
+    text = Quoted(reinterpret_cast<const char*>(token->getStartIndex(token)),      // NOLINT
+                  reinterpret_cast<const char*>(token->getStopIndex(token)) + 1);  // NOLINT
   }
   std::printf("%s %u %u %s\n", reinterpret_cast<const char*>(names[token->getType(token)]),
               token->getChannel(token), token->getLine(token), text.c_str());

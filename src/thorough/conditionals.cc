@@ -170,7 +170,7 @@ class Chooser {
         branch.truth = EvaluateCondition(directive.argument, dialect);
     }
     likeliest = std::max(likeliest, branch.truth);
-    open.back().branches.push_back(std::move(branch));
+    open.back().branches.push_back(branch);
   }
 
   void Close(const Directive& endif) {

@@ -34,7 +34,7 @@ std::string Resolved(const std::string& path) {
   if (realpath(path.c_str(), resolved) != nullptr) return resolved;
   const ssize_t length = readlink(path.c_str(), resolved, sizeof resolved - 1);
   if (length <= 0) return path;
-  const std::string linked(resolved, static_cast<std::size_t>(length));
+  std::string linked(resolved, static_cast<std::size_t>(length));
   const std::size_t slash = path.rfind('/');
   if (linked.starts_with('/') || slash == std::string::npos) return linked;
   return path.substr(0, slash + 1) + linked;

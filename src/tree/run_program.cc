@@ -11,8 +11,6 @@
 #include <csignal>
 #include <thread>
 
-extern char** environ;
-
 namespace vexltags::tree {
 namespace {
 
@@ -27,6 +25,7 @@ constexpr int kPoliteSignals = 2;
 /// Returns the process, or -1 if it could not be started.
 pid_t Start(const std::vector<std::string>& arguments, const std::string& output) {
   std::vector<char*> argv;
+  argv.reserve(arguments.size() + 1);
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
   posix_spawn_file_actions_t actions;

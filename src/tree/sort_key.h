@@ -17,7 +17,7 @@ namespace vexltags::tree {
 /// they are lower-case letters.
 inline std::uint64_t Fold(std::uint64_t bytes, char first, bool isUp) {
   constexpr std::uint64_t kEach = 0x0101010101010101;
-  const auto from = static_cast<std::uint64_t>(first);
+  const std::uint64_t from = static_cast<unsigned char>(first);
   const std::uint64_t low = bytes & kEach * 0x7F;
   const std::uint64_t fromFirst = low + kEach * (0x80 - from);
   const std::uint64_t aboveLast = low + kEach * (0x80 - from - 26);

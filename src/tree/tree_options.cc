@@ -33,9 +33,9 @@ const std::map<std::string, int> kSorts = {{"no", 0}, {"yes", 1}, {"foldcase", 2
 
 /// Where the tags file is if nothing says so: at the top of what is read.
 std::string DefaultOutput(const TreeOptions& options) {
-  const std::string name = options.style.format == Format::kEtags  ? "TAGS"
-                           : options.style.format == Format::kJson ? "tags.json"
-                                                                   : "tags";
+  std::string name = options.style.format == Format::kEtags  ? "TAGS"
+                     : options.style.format == Format::kJson ? "tags.json"
+                                                             : "tags";
   if (options.folders.size() != 1) return name;
   struct stat status;
   const std::string& folder = options.folders[0];

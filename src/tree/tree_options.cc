@@ -85,7 +85,7 @@ std::optional<TreeOptions> ParseTreeOptions(int argc, const char* const* argv, i
   bool noGit = false;
   Patterns patterns;
   app.add_option("DIR", options.folders,
-                 "Folders and files to read; the git work tree or folder that one is in if none.")
+                 "Folders and files to read; the whole git work tree if none.")
       ->type_name("");
   app.add_option("-f,--output", options.output,
                  "The file to write, - for standard output; tags in DIR if not given.")

@@ -78,9 +78,9 @@ std::vector<pid_t> Children() {
 }
 
 TEST_F(WorkerPoolTest, AWorkerThatDiesCostsOneFile) {
-  for (int i = 0; i < 150; ++i) {
+  for (int i = 0; i < 80; ++i) {
     std::string text;
-    for (int j = 0; j < 2000; ++j) text += "int a" + std::to_string(j) + ";\n";
+    for (int j = 0; j < 1000; ++j) text += "int a" + std::to_string(j) + ";\n";
     Add(std::to_string(i) + ".c", text);
   }
   for (const int count : {1, 3}) {
@@ -92,7 +92,7 @@ TEST_F(WorkerPoolTest, AWorkerThatDiesCostsOneFile) {
     };
     events.onTick = [&kills, this] {
       const std::vector<pid_t> children = Children();
-      if (kills < 5 && answers.size() > kills * 20 && !children.empty()) {
+      if (kills < 5 && answers.size() > kills * 15 && !children.empty()) {
         ++kills;
         kill(children.back(), SIGKILL);
       }
@@ -105,7 +105,7 @@ TEST_F(WorkerPoolTest, AWorkerThatDiesCostsOneFile) {
     std::size_t dead = 0;
     for (const auto& [index, info] : answers) {
       dead += info.status == FileStatus::kDied ? 1 : 0;
-      EXPECT_EQ(info.tagCount, info.status == FileStatus::kRead ? 2000U : 0U) << index;
+      EXPECT_EQ(info.tagCount, info.status == FileStatus::kRead ? 1000U : 0U) << index;
     }
     EXPECT_LE(dead, kills);
   }

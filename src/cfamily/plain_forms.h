@@ -214,6 +214,7 @@ bool PassesAs(Context* ctx, ANTLR3_INT32 (PlainForms::*past)(ANTLR3_INT32 k) con
 /// The same for a function with its `;` or its body.
 template <class Context>
 bool PassesAsFunction(Context* ctx) {
+  if (!kReadsTable) return false;
   const std::size_t start = ctx->tokens->Position();
   if (!PassesAs(ctx, &PlainForms::PastFunction)) return false;
   if (ctx->tokens->LA(1) == kMainSemicolon) {

@@ -98,6 +98,9 @@ TEST(ScanMain, ReadsNothingAfterTheText) {
   }
   EXPECT_EQ(Scan("#  ").stopped, 0U);
   EXPECT_EQ(Scan("a ").stopped, 2U);
+  // Neither does what would complete an escape or a directive.
+  EXPECT_EQ(ScanText(ScanMain, "\"a\\", "n\" b").stopped, 0U);
+  EXPECT_EQ(ScanText(ScanMain, "# ", " undef a\nb").stopped, 0U);
 }
 
 TEST(ScanMain, ReadsLiterals) {

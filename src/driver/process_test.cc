@@ -34,6 +34,7 @@ TEST(LastLineObserver, IgnoresLinesThatAreNotTags) {
   EXPECT_EQ(LastLineOf({"!_TAG\t2\t5;\n"}), -1);
   EXPECT_EQ(LastLineOf({"a\tf\t7\n"}), -1);
   EXPECT_EQ(LastLineOf({"a f 7;\"\n"}), -1);
+  EXPECT_EQ(LastLineOf({"7;\"\tf\n"}), -1);
   EXPECT_EQ(LastLineOf({"a\tf\tx7;\"\n"}), -1);
   EXPECT_EQ(LastLineOf({"a\tf\t-7;\"\n"}), -1);
   EXPECT_EQ(LastLineOf({"operator;\tf\t7;\"\n"}), -1);

@@ -66,6 +66,26 @@ TEST(PredictionMemo, KnowsNothingOutsideTheLastPath) {
   EXPECT_EQ(automaton.Run(1200, 2000), 801U);
 }
 
+TEST(PredictionMemo, HasTheStateOfEachToken) {
+  constexpr std::size_t kFirst = 100;
+  PredictionMemo memo;
+  for (std::size_t i = 0; i < 4; ++i) {
+    auto state = static_cast<std::int32_t>(10 + i);
+    std::size_t token = kFirst + i;
+    EXPECT_FALSE(memo.Join(0, i == 0, state, token));
+  }
+  memo.Keep(0, 2, kFirst + 4);
+  for (std::size_t i = 0; i < 4; ++i) {
+    auto state = static_cast<std::int32_t>(10 + i);
+    std::size_t token = kFirst + (i + 1) % 4;
+    EXPECT_FALSE(memo.Join(0, true, state, token)) << i;
+    token = kFirst + i;
+    EXPECT_TRUE(memo.Join(0, true, state, token)) << i;
+    EXPECT_EQ(state, 2);
+    EXPECT_EQ(token, kFirst + 4);
+  }
+}
+
 TEST(PredictionMemo, ResetClearsAllPaths) {
   Automaton automaton;
   automaton.Run(0, 1000);

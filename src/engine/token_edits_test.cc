@@ -96,6 +96,15 @@ TEST_F(TokenEditsTest, HidesAndRetypes) {
   EXPECT_EQ(table->NextLine(), 4);
 }
 
+TEST_F(TokenEditsTest, InsertedTokensAreBeforeTheNextOrAfterTheLast) {
+  Fill();
+  edits.Insert(3, kOther, "x", 3);
+  edits.Insert(7, kOther, "y", 4);
+  table->Apply(edits);
+  EXPECT_EQ(table->OffsetAt(3), 7U);
+  EXPECT_EQ(table->OffsetAt(8), 14U);
+}
+
 TEST_F(TokenEditsTest, InsertsBeforeBetweenAndAfter) {
   Fill();
   edits.Insert(0, kOther, "x", 1);

@@ -28,7 +28,7 @@ TEST(ScanPython, ReadsWordsMarksAndIndentation) {
 TEST(ScanPython, ReadsNothingAfterTheText) {
   const std::string text = "a\n  ";
   for (const unsigned char after : {'#', '\n', 'b'}) {
-    const Scanned scanned = ScanText(ScanPython, text, after);
+    const Scanned scanned = ScanText(ScanPython, text, std::string(1, static_cast<char>(after)));
     EXPECT_EQ(scanned.tokens, (Tokens{"5:1:a", "4:2:  "})) << after;
     EXPECT_EQ(scanned.stopped, text.size()) << after;
   }

@@ -21,10 +21,10 @@ struct Scanned {
   unsigned errors = 0;
 };
 
-/// Runs `scan` once on `text`, with the byte `after` following it in memory.
-inline Scanned ScanText(Scanner scan, const std::string& text, unsigned char after) {
+/// Runs `scan` once on `text`, with the bytes of `after` following it in memory.
+inline Scanned ScanText(Scanner scan, const std::string& text, const std::string& after) {
   std::vector<unsigned char> bytes(text.begin(), text.end());
-  bytes.push_back(after);
+  bytes.insert(bytes.end(), after.begin(), after.end());
   unsigned char name[] = "test";
   pANTLR3_INPUT_STREAM input = antlr3StringStreamNew(bytes.data(), ANTLR3_ENC_8BIT,
                                                      static_cast<ANTLR3_UINT32>(text.size()), name);
@@ -51,7 +51,7 @@ inline Scanned ScanText(Scanner scan, const std::string& text, unsigned char aft
 /// The same, with the last byte of the text after it. A reused buffer holds anything there, and
 /// what continues the last token is most harmful.
 inline Scanned ScanText(Scanner scan, const std::string& text) {
-  return ScanText(scan, text, text.empty() ? 0 : static_cast<unsigned char>(text.back()));
+  return ScanText(scan, text, std::string(1, text.empty() ? '\0' : text.back()));
 }
 
 }  // namespace vexltags::testing_support

@@ -2,6 +2,8 @@
 // One run of vexltags-tree: brings the tags file up to date.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <cstdint>
 #include <deque>
 #include <filesystem>
@@ -70,9 +72,11 @@ class Refresh {
   /// Sets what the cache knows of a file, without its content.
   void MatchRow(TreeFile& file);
   bool IsFresh();
-  bool IsOutputFresh() const;
-  /// What the cache knows of the tags file, if that is as it was left; else null.
-  nlohmann::json OutputRecord() const;
+  bool IsOutputFresh(const std::optional<struct stat>& file) const;
+  /// The tags file as it is now, if there is one.
+  std::optional<struct stat> OutputStatus() const;
+  /// What the cache knows of the tags file, if `file` is that which was left; else null.
+  nlohmann::json OutputRecord(const std::optional<struct stat>& file) const;
   /// Counts the changes of what the cache knows of tags.
   int Revision() const;
   std::string ListingHash(const std::vector<std::string>& others) const;
@@ -128,7 +132,8 @@ class Refresh {
   /// Starts to store all files in a new cache, in a thread, while the output is written. The cache
   /// is used by that thread alone until `storing` is joined.
   void StartStoring();
-  void FinishCache(const struct stat& written);
+  /// Stores what is new, `file` being the tags file.
+  void FinishCache(const struct stat& file);
   void PrintSummary() const;
   void PrintProblems();
   void PrintReport();

@@ -38,13 +38,11 @@ json StyleOf(const OutputStyle& style) {
   return {static_cast<int>(style.format), static_cast<int>(style.address), style.sort};
 }
 
-/// True if `record` describes the tags file at `path` as it is, in this style.
-bool Describes(const json& record, const std::string& path, const OutputStyle& style,
+/// True if `record` describes a tags file in this style.
+bool Describes(const json& record, const struct stat& file, const OutputStyle& style,
                int revision) {
-  struct stat info;
   return record.is_object() && record.value("style", json()) == StyleOf(style) &&
-         record.value("revision", -1) == revision && stat(path.c_str(), &info) == 0 &&
-         record.value("stamp", json()) == StampOf(info);
+         record.value("revision", -1) == revision && record.value("stamp", json()) == StampOf(file);
 }
 
 }  // namespace
@@ -54,15 +52,21 @@ std::string Refresh::OutputKey() const {
   return "output " + std::filesystem::weakly_canonical(options.output, error).string();
 }
 
-json Refresh::OutputRecord() const {
-  if (!cache || cache->IsNew() || options.output == "-") return {};
+std::optional<struct stat> Refresh::OutputStatus() const {
+  struct stat info;
+  if (stat(options.output.c_str(), &info) != 0) return std::nullopt;
+  return info;
+}
+
+json Refresh::OutputRecord(const std::optional<struct stat>& file) const {
+  if (!cache || cache->IsNew() || options.output == "-" || !file) return {};
   json record = json::parse(State(OutputKey().c_str()), nullptr, false);
-  return Describes(record, options.output, options.style, Revision()) ? record : json();
+  return Describes(record, *file, options.style, Revision()) ? record : json();
 }
 
 bool Refresh::IsFresh() {
   if (options.wantsReport) return false;
-  const json record = OutputRecord();
+  const json record = OutputRecord(OutputStatus());
   if (record.is_null() || record.value("listing", "") != ListingHash(SplitPaths(State("others")))) {
     return false;
   }
@@ -73,7 +77,9 @@ bool Refresh::IsFresh() {
 
 int Refresh::Revision() const { return std::atoi(State("revision").c_str()); }
 
-bool Refresh::IsOutputFresh() const { return !tagsChanged && !OutputRecord().is_null(); }
+bool Refresh::IsOutputFresh(const std::optional<struct stat>& file) const {
+  return !tagsChanged && !OutputRecord(file).is_null();
+}
 
 bool Refresh::TakeInfos() {
   style = options.style;
@@ -165,7 +171,9 @@ bool Refresh::WriteEverything(OutputFile& output) {
 
 bool Refresh::WriteOutput() {
   OutputFile output;
-  counts.isWritten = !IsOutputFresh();
+  // What is recorded is the file that was looked at: another run can replace it at any time.
+  const std::optional<struct stat> present = OutputStatus();
+  counts.isWritten = !IsOutputFresh(present);
   if (counts.isWritten) {
     bool isOpen = output.Open(options.output);
     bool isWritten = isOpen && WritePatched(output);
@@ -183,7 +191,7 @@ bool Refresh::WriteOutput() {
       return false;
     }
   }
-  FinishCache(output.Status());
+  FinishCache(counts.isWritten ? output.Status() : *present);
   return true;
 }
 
@@ -231,7 +239,7 @@ void Refresh::StoreFiles() {
   }
 }
 
-void Refresh::FinishCache(const struct stat& written) {
+void Refresh::FinishCache(const struct stat& file) {
   if (!cache) return;
   if (!isChanged && !counts.isWritten) return;
   if (!isStored && !cache->Begin()) {
@@ -256,10 +264,8 @@ void Refresh::FinishCache(const struct stat& written) {
     const bool isDoubtful =
         hasFailures || std::any_of(files.begin(), files.end(),
                                    [](const TreeFile& file) { return file.isDoubtful; });
-    struct stat info = written;
-    if (!counts.isWritten) stat(options.output.c_str(), &info);
     const json record = {{"style", StyleOf(options.style)},
-                         {"stamp", StampOf(info)},
+                         {"stamp", StampOf(file)},
                          {"revision", revision},
                          {"listing", isDoubtful ? "" : ListingHash(SplitPaths(State("others")))},
                          {"isUtf8", style.isUtf8},

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <optional>
 
 #include "tree/refresh.h"
 
@@ -21,6 +22,7 @@ class MappedFile {
     const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     struct stat info;
     if (file >= 0 && fstat(file, &info) == 0 && info.st_size > 0) {
+      status = info;
       size = static_cast<std::size_t>(info.st_size);
       bytes = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file, 0);
     }
@@ -32,12 +34,15 @@ class MappedFile {
   MappedFile(const MappedFile&) = delete;
   MappedFile& operator=(const MappedFile&) = delete;
 
+  /// Of the file that is mapped, whatever the path leads to now.
+  const std::optional<struct stat>& Status() const { return status; }
   std::string_view Text() const {
     return bytes == MAP_FAILED ? std::string_view()
                                : std::string_view(static_cast<const char*>(bytes), size);
   }
 
  private:
+  std::optional<struct stat> status;
   void* bytes = MAP_FAILED;
   std::size_t size = 0;
 };
@@ -48,12 +53,12 @@ bool Refresh::WritePatched(OutputFile& output) {
   if (!tagsChanged || style.format == Format::kJson || OrderOf(style) == TagOrder::kFiles) {
     return false;
   }
-  const nlohmann::json record = OutputRecord();
+  const MappedFile old(options.output);
+  const nlohmann::json record = OutputRecord(old.Status());
   if (record.is_null() || record.value("isUtf8", !style.isUtf8) != style.isUtf8) return false;
   std::vector<PatchLine> removed;
   std::vector<PatchLine> added;
   if (!FindChanges(removed, added) || IsDamaged()) return false;
-  const MappedFile old(options.output);
   return PatchTags(old.Text(), std::move(removed), std::move(added), style,
                    [&output](std::string_view bytes) { return output.Write(bytes); });
 }

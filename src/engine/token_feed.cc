@@ -14,8 +14,8 @@ void Step(pANTLR3_LEXER lexer, TokenTable& table) {
   const auto* start = static_cast<const unsigned char*>(input->nextChar);
   state->channel = ANTLR3_TOKEN_DEFAULT_CHANNEL;
   state->tokenStartCharIndex = reinterpret_cast<ANTLR3_MARKER>(start);
-  state->tokenStartCharPositionInLine = static_cast<ANTLR3_INT32>(input->charPositionInLine);
-  state->tokenStartLine = input->line;
+  state->tokenStartCharPositionInLine = input->charPositionInLine;
+  state->tokenStartLine = static_cast<ANTLR3_INT32>(input->line);
   state->text = nullptr;
   state->token = nullptr;
   state->error = ANTLR3_FALSE;

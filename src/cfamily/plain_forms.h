@@ -9,6 +9,7 @@
 #include <type_traits>
 
 #include "cfamily/plain_types.h"
+#include "cfamily/type_text.h"
 #include "engine/parser_ops.h"
 #include "parserstate/name.h"
 #include "vocabulary/main_tokens.h"
@@ -205,7 +206,16 @@ bool Takes(Context* ctx, ANTLR3_INT32 (PlainForms::*past)(ANTLR3_INT32 k) const)
   return true;
 }
 
-/// The same only in a speculative parse, where rules have no results.
+/// The same for a template head without parameters, whose text is that of one parameter without a
+/// type and a name. Sets `result` to it.
+template <class Context, class Result>
+bool TakesEmptyTemplateHead(Context* ctx, Result& result) {
+  if (!Takes(ctx, &PlainForms::PastTemplateHead)) return false;
+  result = ValueParameterText("", "");
+  return true;
+}
+
+/// Moves past a plain form only in a speculative parse, where rules have no results.
 template <class Context>
 bool PassesAs(Context* ctx, ANTLR3_INT32 (PlainForms::*past)(ANTLR3_INT32 k) const) {
   return ctx->pParser->rec->state->backtracking > 0 && Takes(ctx, past);

@@ -4,9 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
-#include "cfamily/fake_parser.h"
+#include "cfamily/parser_test_support.h"
 
 namespace vexltags {
 namespace {
@@ -76,6 +77,18 @@ TEST(PlainForms, ParametersHaveTypesNamesAndArrays) {
   ExpectNone(past, {kMainLParen, kMainId, kMainLSquare});
   ExpectNone(past, {kMainLParen, kMainKw_int});
   ExpectNone(past, {kMainLParen, kMainKw_int, kMainComma, kMainRParen});
+}
+
+TEST(PlainForms, AnEmptyTemplateHeadHasTheTextOfANamelessParameter) {
+  std::string text = "old";
+  FakeParser parser({kMainKw_template, kMainLess, kMainGreater, kMainId});
+  ASSERT_TRUE(TakesEmptyTemplateHead(&parser, text));
+  EXPECT_EQ(text, "anon_value");
+  EXPECT_EQ(parser.table.Position(), 3U);
+  FakeParser other({kMainKw_template, kMainLess, kMainId, kMainGreater});
+  text = "old";
+  EXPECT_FALSE(TakesEmptyTemplateHead(&other, text));
+  EXPECT_EQ(text, "old");
 }
 
 TEST(PlainForms, TemplateHeadsAreEmpty) {

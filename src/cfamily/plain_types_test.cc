@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "cfamily/fake_parser.h"
+#include "cfamily/parser_test_support.h"
 
 namespace vexltags {
 namespace {

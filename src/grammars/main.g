@@ -806,12 +806,7 @@ template_argument returns [stdString r]
 
 template_head returns [stdString r]
 options { memoize = true; }
-@init {
-  if (Takes(ctx, &PlainForms::PastTemplateHead)) {
-    r = ValueParameterText("", "");
-    return r;
-  }
-}
+@init { if (TakesEmptyTemplateHead(ctx, r)) return r; }
   : 'template'
     ( LESSTHAN ( l = template_parameter_list { $r = $l.r; } )? GREATERTHAN
     | e = templateArgumentEater { $r = TextOf(ctx, $e.r); }

@@ -6,17 +6,15 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <nlohmann/json.hpp>
 #include <unordered_map>
 #include <vector>
 
 #include "base/version.h"
 #include "thorough/session.h"
+#include "tree/packing.h"
 
 namespace vexltags::tree {
 namespace {
-
-using nlohmann::json;
 
 constexpr int kRefused = 3;
 
@@ -40,20 +38,23 @@ int Refuse(const char* why) {
 
 void AppendHostTask(std::string& out, const HostTask& task) {
   std::string head;
-  json::to_cbor(json{kVersion, task.isExact, task.sendsFiles, task.learned}, head);
+  Packer pack(head);
+  pack(kVersion);
+  pack(task.isExact);
+  pack(task.sendsFiles);
+  pack(task.learned);
   AppendFrame(out, head, task.folder);
 }
 
 std::optional<HostTask> ReadHostTask(const Frame& frame) {
-  const json head = json::from_cbor(frame.head, true, false);
-  if (!head.is_array() || head.size() != 4 || head[0] != kVersion || !head[1].is_boolean() ||
-      !head[2].is_boolean() || !head[3].is_number()) {
-    return std::nullopt;
-  }
   HostTask task;
-  head[1].get_to(task.isExact);
-  head[2].get_to(task.sendsFiles);
-  head[3].get_to(task.learned);
+  std::string_view version;
+  Unpacker unpack(frame.head);
+  unpack(version);
+  unpack(task.isExact);
+  unpack(task.sendsFiles);
+  unpack(task.learned);
+  if (!unpack.IsDone() || version != kVersion) return std::nullopt;
   task.folder = frame.body;
   return task;
 }

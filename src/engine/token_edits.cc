@@ -91,6 +91,7 @@ void TokenTable::Apply(const TokenEdits& edits) {
       places.insert(places.end(), begin + static_cast<std::ptrdiff_t>(first),
                     begin + static_cast<std::ptrdiff_t>(last));
     }
+    // For a few tokens, four calls of memmove take longer than a loop.
     constexpr std::size_t kShortRun = 16;
     if (first + shift != count && last - first < kShortRun) {
       for (std::size_t from = first + shift, to = count; from < last + shift; ++from, ++to) {

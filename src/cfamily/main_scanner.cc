@@ -51,6 +51,7 @@ constexpr ByteTable<std::uint8_t> MakeMarkTable() {
 }
 constexpr ByteTable<std::uint8_t> kMarks = MakeMarkTable();
 
+template <bool kStopsAtBraces>
 class MainScanner : public ScannerBase {
  public:
   using ScannerBase::ScannerBase;
@@ -69,6 +70,7 @@ class MainScanner : public ScannerBase {
       case First::Digit:
         return ScanNumber();
       case First::Mark:
+        if (kStopsAtBraces && *at == '{') return false;
         return Take(kMarks[*at], at + 1);
       case First::Other:
         return ScanOther();
@@ -382,6 +384,12 @@ class MainScanner : public ScannerBase {
 
 }  // namespace
 
-void ScanMain(ScanCursor& cursor, TokenTable& table) { RunScanner<MainScanner>(cursor, table); }
+void ScanMain(ScanCursor& cursor, TokenTable& table) {
+  RunScanner<MainScanner<false>>(cursor, table);
+}
+
+void ScanMainToBrace(ScanCursor& cursor, TokenTable& table) {
+  RunScanner<MainScanner<true>>(cursor, table);
+}
 
 }  // namespace vexltags

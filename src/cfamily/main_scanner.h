@@ -12,4 +12,7 @@ namespace vexltags {
 /// unknown escapes.
 void ScanMain(ScanCursor& cursor, TokenTable& table);
 
+/// The same, but it also stops before each `{`.
+void ScanMainToBrace(ScanCursor& cursor, TokenTable& table);
+
 }  // namespace vexltags

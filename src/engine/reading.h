@@ -36,7 +36,8 @@ class ItemParser {
 };
 
 /// Changes how files of one language are read. Without one, a file is read by its grammar alone.
-/// The functions are called once for each file, in the order below.
+/// The functions are called once for each file, in the order below, but for the second and the
+/// third, which can be called again.
 class Reading {
  public:
   virtual ~Reading() = default;
@@ -46,8 +47,9 @@ class Reading {
   virtual void PrepareText(pANTLR3_INPUT_STREAM input) = 0;
   /// The scanner that reads the text as tokens; `exact` is the one that the grammar has.
   virtual Scanner ScannerFor(Scanner exact) { return exact; }
-  /// Called when all tokens are there and the parser has read none yet.
-  virtual void PrepareTokens(TokenTable& tokens) = 0;
+  /// Called when all tokens are there and the parser has read none yet. Returns false if they must
+  /// be read again, by another scanner, and be prepared again.
+  virtual bool PrepareTokens(TokenTable& tokens) = 0;
   /// Replaces the grammar's start rule.
   virtual void Parse(ItemParser& parser) = 0;
 };

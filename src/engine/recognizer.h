@@ -88,8 +88,15 @@ class Recognizers {
                          typename Grammar::Builder& builder) {
     fileState.LimitEachItem();
     reading.PrepareText(input);
-    ReadTokens(reading.ScannerFor(Grammar::Scan), options, fileState, builder);
-    reading.PrepareTokens(*table);
+    const ANTLR3_INPUT_STREAM start = *input;
+    for (;;) {
+      ReadTokens(reading.ScannerFor(Grammar::Scan), options, fileState, builder);
+      if (reading.PrepareTokens(*table)) break;
+      input->nextChar = start.nextChar;
+      input->currentLine = start.currentLine;
+      input->line = start.line;
+      input->charPositionInLine = start.charPositionInLine;
+    }
     GrammarItems<Grammar> items(parser.get());
     reading.Parse(items);
     return Counts();

@@ -21,6 +21,8 @@ struct ScanCursor {
   /// The first position from which the scanner searched for the end of a comment and found none;
   /// null if there is no such position.
   const unsigned char* unclosedFrom = nullptr;
+  /// Before this position a scanner that may skip text has to read all tokens; null for none.
+  const unsigned char* readTo = nullptr;
 };
 
 /// Reads tokens into `table` exactly as the generated lexer would. Stops with `at` at the start of

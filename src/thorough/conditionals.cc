@@ -85,6 +85,7 @@ class Chooser {
   void Take(std::string_view piece) {
     Shape& shape = *current;
     shape.Take(piece);
+    if (piece.size() > 1) return;
     switch (piece.front()) {
       case '{':
         return shape.curlies.Open();

@@ -87,9 +87,9 @@ DeclarationPass::DeclarationPass(TokenTable& tokens, TokenEdits& edits, Expander
                                  Dialect dialect)
     : tokens(tokens), edits(edits), expander(expander), dialect(dialect) {}
 
-void DeclarationPass::Run() {
+bool DeclarationPass::Run() {
   const std::size_t count = tokens.Count();
-  while (at < count) {
+  while (at < count && !missesBlock) {
     const unsigned type = tokens.TypeAt(at);
     if (type == kMainId && expander.MayFind(tokens.SourceAt(at)) && TryMacro()) continue;
     // Most words only lengthen the declaration.
@@ -120,6 +120,7 @@ void DeclarationPass::Run() {
     Take(word);
   }
   EndDeclaration(DeclarationEnd::Other);
+  return !missesBlock;
 }
 
 void DeclarationPass::SkipDefinition() {
@@ -133,7 +134,10 @@ void DeclarationPass::SkipDefinition() {
     line += *line == '\r' ? 2 : 1;
     while (line < end && *line != '\n' && *line != '\r') ++line;
   }
-  for (; at < tokens.Count() && tokens.SourceAt(at).data() < line; ++at) hasChanged = true;
+  for (; at < tokens.Count() && tokens.SourceAt(at).data() < line; ++at) {
+    hasChanged = true;
+    NeedToken(at);
+  }
 }
 
 Word DeclarationPass::SourceWord(std::size_t index) const {
@@ -230,6 +234,7 @@ bool DeclarationPass::SkipHiddenCall(const Word& open) {
   }
   int depth = 1;
   for (; at < tokens.Count() && depth > 0; ++at) {
+    NeedToken(at);
     if (tokens.TypeAt(at) == kMainLParen) ++depth;
     if (tokens.TypeAt(at) == kMainRParen) --depth;
   }

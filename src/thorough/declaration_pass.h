@@ -14,6 +14,8 @@
 #include "thorough/declaration_outline.h"
 #include "thorough/declaration_repair.h"
 #include "thorough/expander.h"
+#include "thorough/skipped_block.h"
+#include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {
 
@@ -25,7 +27,8 @@ class DeclarationPass {
   /// All must outlive the pass. What it finds to change goes to `edits`, in order.
   DeclarationPass(TokenTable& tokens, TokenEdits& edits, Expander& expander, Dialect dialect);
 
-  void Run();
+  /// Returns false at once where it would have to look into a block that was skipped.
+  bool Run();
 
  private:
   enum class Level : std::uint8_t { Namespace, Class, Objc, Variables };
@@ -95,6 +98,13 @@ class DeclarationPass {
   /// A declaration of more words than this is passed on as it is.
   static constexpr std::size_t kLongestDeclaration = 4096;
 
+  /// To be called for tokens that matter with all that is in them.
+  void NeedToken(std::size_t index) {
+    if (tokens.TypeAt(index) == kMainLCurly && IsSkippedBlock(tokens.SourceAt(index))) {
+      missesBlock = true;
+    }
+  }
+
   bool InNamespace() const { return !scopes.empty() && scopes.back().inNamespace; }
   Level CurrentLevel() const { return scopes.empty() ? Level::Namespace : scopes.back().level; }
 
@@ -118,6 +128,7 @@ class DeclarationPass {
   bool followsTemplate = false;    ///< ... and this class is a template.
   int madeCurlies = 0;             ///< Open braces of a block that a macro opened ...
   bool madeBody = false;           ///< ... and whether it is the body of a function.
+  bool missesBlock = false;        ///< A block that was skipped has been needed.
   bool unclosed = false;           ///< A block that stays open has been met: there is no other end.
   std::vector<Scope> scopes;
   std::string spaced;

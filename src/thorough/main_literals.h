@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Types of tokens of the C family whose text is no word.
+// Types of tokens of the C family that have no name of their own in the vocabulary.
 #pragma once
 
 #include <string_view>
@@ -20,7 +20,9 @@ inline constexpr unsigned kMainSynthesize = MainLiteral("@synthesize");
 inline constexpr unsigned kMainProperty = MainLiteral("@property");
 inline constexpr unsigned kMainGetter = MainLiteral("getter=");
 inline constexpr unsigned kMainSetter = MainLiteral("setter=");
+inline constexpr unsigned kMainNoexceptMacro = MainLiteral("_NOEXCEPT");
 static_assert(kMainSynthesize != kMainEndOfFile && kMainProperty != kMainEndOfFile &&
-              kMainGetter != kMainEndOfFile && kMainSetter != kMainEndOfFile);
+              kMainGetter != kMainEndOfFile && kMainSetter != kMainEndOfFile &&
+              kMainNoexceptMacro != kMainEndOfFile);
 
 }  // namespace vexltags::thorough

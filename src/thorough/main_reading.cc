@@ -9,6 +9,7 @@
 #include "cfamily/main_words.h"
 #include "thorough/conditionals.h"
 #include "thorough/declaration_pass.h"
+#include "thorough/skipped_block.h"
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {
@@ -84,12 +85,19 @@ bool TakeLibraryScope(ScanCursor& cursor, TokenTable& table) {
 
 /// Reads what the scanner of the C family leaves to the generated lexer, where that would lose more
 /// than it has to.
+template <bool kSkipsBlocks>
 void ScanThoroughly(ScanCursor& cursor, TokenTable& table) {
   for (;;) {
-    ScanMain(cursor, table);
+    (kSkipsBlocks ? ScanMainToBrace : ScanMain)(cursor, table);
     if (cursor.at >= cursor.end) return;
     bool goesOn = false;
-    if (*cursor.at == '"' || *cursor.at == '\'') {
+    if (kSkipsBlocks && *cursor.at == '{') {
+      if (!SkipBlock(cursor, table)) {
+        table.Add(kMainLCurly, cursor.at, cursor.at + 1, cursor.line);
+        ++cursor.at;
+      }
+      goesOn = true;
+    } else if (*cursor.at == '"' || *cursor.at == '\'') {
       goesOn = TakeLiteral(cursor, table);
     } else if (*cursor.at == '@') {
       goesOn = SkipAtWord(cursor);
@@ -102,14 +110,14 @@ void ScanThoroughly(ScanCursor& cursor, TokenTable& table) {
 
 }  // namespace
 
-void MainReading::SetFile(std::uint32_t number) {
-  expander.BeginFile(number, paths);
+void MainReading::SetFile(std::uint32_t newNumber) {
+  number = newNumber;
   dialect = DialectOf(paths[number]);
+  skipsBlocks = true;
 }
 
 void MainReading::PrepareText(pANTLR3_INPUT_STREAM input) {
-  const std::string_view text = TextOf(input);
-  expander.SetText(text);
+  text = TextOf(input);
   if (!HasChoice(text)) return;
   auto* const bytes = static_cast<char*>(input->data);
   for (const TextRange& range : DroppedText(text, dialect)) {
@@ -119,12 +127,20 @@ void MainReading::PrepareText(pANTLR3_INPUT_STREAM input) {
   }
 }
 
-Scanner MainReading::ScannerFor(Scanner /*exact*/) { return ScanThoroughly; }
+Scanner MainReading::ScannerFor(Scanner /*exact*/) {
+  return skipsBlocks ? ScanThoroughly<true> : ScanThoroughly<false>;
+}
 
-void MainReading::PrepareTokens(TokenTable& tokens) {
+bool MainReading::PrepareTokens(TokenTable& tokens) {
+  expander.BeginFile(number, paths);
+  expander.SetText(text);
   edits.Clear();
-  DeclarationPass(tokens, edits, expander, dialect).Run();
+  if (!DeclarationPass(tokens, edits, expander, dialect).Run()) {
+    skipsBlocks = false;
+    return false;
+  }
   tokens.Apply(edits);
+  return true;
 }
 
 void MainReading::Parse(ItemParser& parser) { skipped = ParseResuming(parser); }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "engine/reading.h"
@@ -23,11 +24,11 @@ class MainReading : public Reading {
       : expander(macros, bodies), paths(paths) {}
 
   /// To be called before each file.
-  void SetFile(std::uint32_t number);
+  void SetFile(std::uint32_t newNumber);
 
   void PrepareText(pANTLR3_INPUT_STREAM input) override;
   Scanner ScannerFor(Scanner exact) override;
-  void PrepareTokens(TokenTable& tokens) override;
+  bool PrepareTokens(TokenTable& tokens) override;
   void Parse(ItemParser& parser) override;
 
   /// What the last `Parse` skipped.
@@ -37,7 +38,10 @@ class MainReading : public Reading {
   MacroBodies bodies;
   Expander expander;
   const std::vector<std::string>& paths;
+  std::uint32_t number = 0;
   Dialect dialect = Dialect::Unknown;
+  std::string_view text;    ///< Of the file.
+  bool skipsBlocks = true;  ///< False once a declaration was in a block that had been skipped.
   TokenEdits edits;
   SkippedTokens skipped;
 };

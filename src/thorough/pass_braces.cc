@@ -83,10 +83,15 @@ void DeclarationPass::TakeCurly(const Word& word) {
     } else {
       ++enumDepth;
       words.push_back(word);
+      missesBlock = missesBlock || IsSkippedBlock(word.text);
       return;
     }
   }
   const Curly kind = ClassifyCurly();
+  if (kind != Curly::Body && kind != Curly::Initializer && IsSkippedBlock(word.text)) {
+    missesBlock = true;
+    return;
+  }
   switch (kind) {
     case Curly::Enum:
       inEnum = true;

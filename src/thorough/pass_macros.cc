@@ -91,6 +91,7 @@ bool DeclarationPass::ReadCall(std::size_t& past, std::vector<Word>& call, Argum
   int depth = 0;
   for (; past < tokens.Count() && call.size() < Expander::kMostArguments; ++past) {
     const unsigned type = tokens.TypeAt(past);
+    NeedToken(past);
     call.push_back(SourceWord(past));
     if (type == kMainLParen) ++depth;
     if (type == kMainRParen && --depth == 0) {

@@ -14,7 +14,7 @@ void PythonReading::PrepareText(pANTLR3_INPUT_STREAM input) {
   input->sizeBuf = 0;
 }
 
-void PythonReading::PrepareTokens(TokenTable& /*tokens*/) {}
+bool PythonReading::PrepareTokens(TokenTable& /*tokens*/) { return true; }
 
 void PythonReading::Parse(ItemParser& parser) {
   auto& builder = parser.TagBuilder<PythonTagsParser>();

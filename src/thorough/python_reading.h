@@ -13,7 +13,7 @@ namespace vexltags::thorough {
 class PythonReading : public Reading {
  public:
   void PrepareText(pANTLR3_INPUT_STREAM input) override;
-  void PrepareTokens(TokenTable& tokens) override;
+  bool PrepareTokens(TokenTable& tokens) override;
   void Parse(ItemParser& parser) override;
 
  private:

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <string>
 
+#include "cfamily/directives.h"
+
 namespace vexltags::thorough {
 namespace {
 
@@ -54,7 +56,7 @@ std::size_t SourceText::CommentClose(std::size_t from) {
 std::size_t SourceText::EndOfDirective(std::size_t from) {
   std::size_t at = from;
   for (;;) {
-    at = EndOfPlain(at);
+    while (at < text.size() && text[at] != '\n' && MarkAt(at) == Mark::None) ++at;
     if (at >= text.size()) break;
     const char c = text[at];
     if (c == '\n') {
@@ -114,6 +116,53 @@ std::size_t SourceText::SkipComment(std::size_t from) {
 bool SourceText::IsPrefix(std::size_t end) const {
   if (text.substr(0, end).ends_with("u8")) return end == 2 || !IsWord(text[end - 3]);
   return text[end - 1] == 'L' || text[end - 1] == 'u' || text[end - 1] == 'U';
+}
+
+std::size_t SourceText::FindBlockEnd(std::size_t open) {
+  std::size_t depth = 0;
+  for (at = open; at < text.size(); at = NextMark<Parentheses::Pass>(text, at)) {
+    switch (MarkAt(at)) {
+      case Mark::Slash: {
+        const std::size_t past = SkipComment(at);
+        at = past == at ? at + 1 : past;
+        break;
+      }
+      case Mark::Quote:
+      case Mark::Apostrophe:
+        at = SkipLiteral(at);
+        if (noRawStringCloses) at = text.size();
+        break;
+      case Mark::Hash: {
+        const Directive directive = ReadDirective(at);
+        if (!HidesItsLineOnly(directive)) return kNone;
+        at = directive.end;
+        break;
+      }
+      default:
+        if (text[at] == '{') ++depth;
+        if (text[at] == '}' && --depth == 0) return at;
+        ++at;
+    }
+  }
+  return kNone;
+}
+
+bool SourceText::HidesItsLineOnly(const Directive& directive) const {
+  const std::string_view line = text.substr(directive.begin);
+  switch (directive.kind) {
+    case DirectiveKind::If:
+      return !IfZeroMatch(line);
+    case DirectiveKind::Ifdef:
+      return !IfDefinedWellKnownNegative(line);
+    case DirectiveKind::Ifndef:
+    case DirectiveKind::Endif:
+    case DirectiveKind::Undef:
+    case DirectiveKind::Include:
+    case DirectiveKind::Error:
+      return true;
+    default:
+      return line.starts_with("#pragma ");
+  }
 }
 
 std::size_t SourceText::SkipLiteral(std::size_t from) {

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "base/character_class.h"
+#include "thorough/source_marks.h"
 
 namespace vexltags::thorough {
 
@@ -39,35 +39,6 @@ struct Directive {
   std::string_view argument;
 };
 
-/// What a character can begin, for a walk through the text.
-enum class CharacterClass : std::uint8_t {
-  Plain,
-  Blank,
-  Bracket,
-  LineEnd,
-  Slash,
-  Quote,
-  Apostrophe,
-  Hash,
-};
-
-constexpr ByteTable<CharacterClass> MakeCharacterClasses() {
-  ByteTable<CharacterClass> classes{};
-  for (const char c : {' ', '\t', '\v', '\f', '\r'}) {
-    classes[static_cast<unsigned char>(c)] = CharacterClass::Blank;
-  }
-  for (const char c : {'(', ')', '{', '}'}) {
-    classes[static_cast<unsigned char>(c)] = CharacterClass::Bracket;
-  }
-  classes['\n'] = CharacterClass::LineEnd;
-  classes['/'] = CharacterClass::Slash;
-  classes['"'] = CharacterClass::Quote;
-  classes['\''] = CharacterClass::Apostrophe;
-  classes['#'] = CharacterClass::Hash;
-  return classes;
-}
-inline constexpr ByteTable<CharacterClass> kCharacterClasses = MakeCharacterClasses();
-
 /// Reads a text once from its beginning, past comments, strings and character literals.
 class SourceText {
  public:
@@ -75,29 +46,25 @@ class SourceText {
 
   /// Goes on to the next directive, which `Found` then returns; false at the end of the text.
   /// Calls `take` with what is on the way, without comments: each parenthesis and curly brace, the
-  /// opening quote of each string or character literal, and other text that is on one line and
-  /// neither begins nor ends with a blank.
+  /// opening quote of each string or character literal, and other text that neither begins nor ends
+  /// with a blank or a line end.
   template <class Take>
   bool NextDirective(Take take);
 
   const Directive& Found() const { return found; }
 
+  /// Returns the offset of the `}` that closes the `{` at `open`. Returns npos if there is none,
+  /// and where only a lexer can tell: after a directive that defines a macro or drops text, and
+  /// where a comment or a raw string has no end. `Position` is then where that turned out.
+  std::size_t FindBlockEnd(std::size_t open);
+
+  /// Everything before this offset has been read.
+  std::size_t Position() const { return at; }
+
  private:
-  CharacterClass ClassAt(std::size_t place) const {
-    return kCharacterClasses[static_cast<unsigned char>(text[place])];
-  }
-  /// The first character from `from` on that is neither plain nor blank.
-  std::size_t EndOfPlain(std::size_t from) const {
-    const auto bits = [this](std::size_t place) { return static_cast<unsigned>(ClassAt(place)); };
-    constexpr auto kLast = static_cast<unsigned>(CharacterClass::Blank);
-    std::size_t end = from;
-    // Of the two classes only one has a bit, so that four characters need one comparison.
-    while (end + 4 <= text.size() &&
-           (bits(end) | bits(end + 1) | bits(end + 2) | bits(end + 3)) <= kLast) {
-      end += 4;
-    }
-    while (end < text.size() && bits(end) <= kLast) ++end;
-    return end;
+  Mark MarkAt(std::size_t place) const { return kMarks[static_cast<unsigned char>(text[place])]; }
+  static bool IsSpace(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r';
   }
   /// The directive whose `#` is at `begin`.
   Directive ReadDirective(std::size_t begin);
@@ -106,6 +73,9 @@ class SourceText {
   std::size_t EndOfDirective(std::size_t from);
   /// True when a backslash takes away the line end at `newline`.
   bool IsContinued(std::size_t newline) const;
+  /// True for a directive that the lexer leaves out with nothing else: not for one that defines a
+  /// macro, for one that begins or ends a branch that is not read, and for unknown ones.
+  bool HidesItsLineOnly(const Directive& directive) const;
   /// One past the comment at `from`, or `from` if none begins there.
   std::size_t SkipComment(std::size_t from);
   /// One past the string or character literal at `from`, which may be raw.
@@ -117,7 +87,7 @@ class SourceText {
 
   std::string_view text;
   std::size_t at = 0;
-  bool isLineStart = true;
+  bool isLineStart = true;  ///< Whether nothing but blanks and comments precedes `at` in its line.
   // Whether an earlier search ended without a result; it is not repeated.
   bool noCommentCloses = false;
   bool noRawStringCloses = false;
@@ -127,16 +97,24 @@ class SourceText {
 template <class Take>
 bool SourceText::NextDirective(Take take) {
   while (at < text.size()) {
-    switch (ClassAt(at)) {
-      case CharacterClass::LineEnd:
-        isLineStart = true;
-        [[fallthrough]];
-      case CharacterClass::Blank:
-        do {
-          ++at;
-        } while (at < text.size() && ClassAt(at) == CharacterClass::Blank);
-        continue;
-      case CharacterClass::Slash: {
+    const std::size_t begin = at;
+    at = NextMark<Parentheses::Stop>(text, begin);
+    std::size_t end = at;
+    while (end > begin && IsSpace(text[end - 1])) --end;
+    if (end > begin) {
+      std::size_t first = begin;
+      while (IsSpace(text[first])) ++first;
+      take(text.substr(first, end - first));
+      isLineStart = false;
+    }
+    if (at == text.size()) break;
+    const auto setLineStart = [&] {
+      const std::string_view blanks = text.substr(end, at - end);
+      isLineStart = isLineStart || blanks.find('\n') != std::string_view::npos;
+    };
+    switch (MarkAt(at)) {
+      case Mark::Slash: {
+        setLineStart();
         const std::size_t past = SkipComment(at);
         if (past != at) {
           at = past;
@@ -144,30 +122,22 @@ bool SourceText::NextDirective(Take take) {
         }
         break;
       }
-      case CharacterClass::Quote:
-      case CharacterClass::Apostrophe:
+      case Mark::Quote:
+      case Mark::Apostrophe:
         take(text.substr(at, 1));
         at = SkipLiteral(at);
         isLineStart = false;
         continue;
-      case CharacterClass::Hash:
+      case Mark::Hash:
+        setLineStart();
         if (isLineStart) {
           found = ReadDirective(at);
           at = found.end;
           return true;
         }
         break;
-      case CharacterClass::Bracket:
+      default:
         break;
-      case CharacterClass::Plain: {
-        const std::size_t begin = at;
-        at = EndOfPlain(begin);
-        std::size_t past = at;
-        while (ClassAt(past - 1) == CharacterClass::Blank) --past;
-        take(text.substr(begin, past - begin));
-        isLineStart = false;
-        continue;
-      }
     }
     take(text.substr(at, 1));
     isLineStart = false;

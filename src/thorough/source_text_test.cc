@@ -123,5 +123,49 @@ TEST(SourceText, EndsOnWhatIsNeverClosed) {
   EXPECT_EQ(Walk(directives).size(), kMany * std::string("[#]").size());
 }
 
+/// The text of the block at the first `{` up to its end; what `Position` leaves in brackets if it
+/// has no end that can be found.
+std::string Block(const std::string& text) {
+  SourceText source(text);
+  const std::size_t end = source.FindBlockEnd(text.find('{'));
+  if (end == std::string::npos) return '[' + text.substr(source.Position()) + ']';
+  return text.substr(text.find('{'), end + 1 - text.find('{'));
+}
+
+TEST(SourceText, FindsTheEndOfABlock) {
+  EXPECT_EQ(Block("a { b; } c }"), "{ b; }");
+  EXPECT_EQ(Block("a { b { c } { d { } } } e"), "{ b { c } { d { } } }");
+  EXPECT_EQ(Block("{}"), "{}");
+  EXPECT_EQ(Block("{ ( } )"), "{ ( }");
+  EXPECT_EQ(Block("{ sixteen characters and more, then } }"),
+            "{ sixteen characters and more, then }");
+}
+
+TEST(SourceText, LooksForBlocksPastCommentsAndLiterals) {
+  EXPECT_EQ(Block("{ // }\n }"), "{ // }\n }");
+  EXPECT_EQ(Block("{ /* } */ a / b }"), "{ /* } */ a / b }");
+  EXPECT_EQ(Block("{ \"}\" '}' \"\\\"}\" }"), "{ \"}\" '}' \"\\\"}\" }");
+  EXPECT_EQ(Block("{ R\"(})\" }"), "{ R\"(})\" }");
+  EXPECT_EQ(Block("{ 1'000 } '"), "{ 1'000 }");
+}
+
+TEST(SourceText, LooksForBlocksPastDirectivesThatOnlyHide) {
+  for (const char* line : {"#if A", "#ifdef A", "#ifndef A", "#endif", "#include <a>", "#undef A",
+                           "#error don't }", "#pragma mark - }", "# if A // }", "#if A \\\n }"}) {
+    const std::string text = std::string("{\n") + line + "\n}";
+    EXPECT_EQ(Block(text), text) << line;
+  }
+  for (const char* line : {"#define A }", "#else", "#elif A", "#if 0", "#line 3", "# a", "#"}) {
+    EXPECT_EQ(Block(std::string("{\n") + line + "\n}"), '[' + std::string(line) + "\n}]") << line;
+  }
+}
+
+TEST(SourceText, FindsNoEndOfAnOpenBlock) {
+  EXPECT_EQ(Block("{ a"), "[]");
+  EXPECT_EQ(Block("{ { }"), "[]");
+  EXPECT_EQ(Block("{ /* } "), "[]");
+  EXPECT_EQ(Block("{ R\"( } "), "[]");
+}
+
 }  // namespace
 }  // namespace vexltags::thorough

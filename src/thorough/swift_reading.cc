@@ -12,7 +12,7 @@ void SwiftReading::PrepareText(pANTLR3_INPUT_STREAM input) {
   input->data = input->nextChar = text.Simplify(source).data();
 }
 
-void SwiftReading::PrepareTokens(TokenTable& /*tokens*/) {}
+bool SwiftReading::PrepareTokens(TokenTable& /*tokens*/) { return true; }
 
 void SwiftReading::Parse(ItemParser& parser) {
   SwiftDeclarations(parser.Tokens(), source, parser.TagBuilder<SwiftTagsParser>()).ReadAll();

@@ -1,0 +1,6 @@
+void a() {
+  read(R"(
+    } int b();
+  )");
+}
+int c();

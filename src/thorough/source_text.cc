@@ -130,7 +130,6 @@ std::size_t SourceText::FindBlockEnd(std::size_t open) {
       case Mark::Quote:
       case Mark::Apostrophe:
         at = SkipLiteral(at);
-        if (noRawStringCloses) at = text.size();
         break;
       case Mark::Hash: {
         const Directive directive = ReadDirective(at);
@@ -143,6 +142,8 @@ std::size_t SourceText::FindBlockEnd(std::size_t open) {
         if (text[at] == '}' && --depth == 0) return at;
         ++at;
     }
+    // Another search, for another block, must not look for the same end in vain.
+    if (noCommentCloses || noRawStringCloses) at = text.size();
   }
   return kNone;
 }

@@ -265,3 +265,18 @@ UNCLOSED_C = [
     ("constructor", "A::A() : a("), ("throw", "void f() throw("), ("raw-string", 'R"('),
     ("alignas", "alignas("), ("ns-enum", "typedef NS_ENUM("), ("ns-options", "NS_OPTIONS("), ("bitfield", "int a : ("),
 ]
+
+
+def body_families():
+    yield "bodies", repeated("void f() { if (a) { b; } }\n")
+    yield "bodies-unclosed", repeated("void f() {\n")
+    yield "bodies-unclosed-nested", repeated("f() { ")
+    yield "bodies-defines", repeated("void f() { {\n#define A\n} }\n")
+    yield "bodies-nested-define", nested("f() { ", " }", core="\n#define A\n", tail="")
+    yield "bodies-comments-open", repeated("void f() {\n#if A /*\n#endif\n}\n")
+    yield "bodies-raw-strings-open", repeated('void f() { R"b(\n }\n')
+    yield "bodies-long-heads", repeated("a ", "void f() ", "{ b; }\n")
+    yield "bodies-many-after-one-head", repeated("a { b; } ", "void f() ", "\n")
+    yield "bodies-in-calls", nested("M(f() { ", "; })", tail="")
+    yield "bodies-of-classes-from-calls", repeated(
+        "C(a) { int b; void c() { d; } };\n", "#define C(a) struct a\n", "")

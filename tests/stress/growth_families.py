@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 """Families of nested, repeated and unclosed input: those of Swift and Python, and the list of all."""
-from growth_c_families import c_families
+from growth_c_families import body_families, c_families
 from growth_macro_families import conditional_families, macro_families
 from growth_shapes import nested, numbered, repeated
 
@@ -240,7 +240,7 @@ UNCLOSED_PYTHON = [
     ("prefixed", "r'"), ("interpolation", "f'{"), ("continuation", "a \\"), ("lambda", "lambda "),
 ]
 
-LANGUAGES = [("c", ".cc", c_families), ("macros", ".cc", macro_families),
+LANGUAGES = [("c", ".cc", c_families), ("c", ".cc", body_families), ("macros", ".cc", macro_families),
              ("conditionals", ".cc", conditional_families), ("swift", ".swift", swift_families),
              ("python", ".py", python_families)]
 

@@ -54,13 +54,14 @@ struct Keyed {
 };
 
 /// Sorts lines by a key at their start, eight bytes at a time, so that most comparisons do not read
-/// the lines. Lines with equal keys and short runs are sorted by `before`, which agrees with the
-/// order of the keys.
-template <class Map, class Before>
+/// the lines. Short runs are sorted by `before`, which agrees with the order of the keys, and lines
+/// with equal keys by `beforeInRun`, which agrees with `before`.
+template <class Map, class Before, class BeforeInRun>
 class KeySorter {
  public:
-  KeySorter(const std::vector<std::string_view>& unsorted, Map keyMap, Before lineOrder)
-      : lines(unsorted), map(keyMap), before(lineOrder) {}
+  KeySorter(const std::vector<std::string_view>& unsorted, Map keyMap, Before lineOrder,
+            BeforeInRun orderInRun)
+      : lines(unsorted), map(keyMap), before(lineOrder), beforeInRun(orderInRun) {}
 
   /// `from` is a multiple of eight; the keys are known to agree up to it.
   void Sort(Keyed* first, Keyed* last, std::size_t from) const {
@@ -72,26 +73,33 @@ class KeySorter {
     for (Keyed* run = first; run != last;) {
       Keyed* const end =
           std::find_if(run, last, [run](const Keyed& item) { return item.bytes != run->bytes; });
-      const bool goesOn =
-          std::all_of(run, end, [from](const Keyed& item) { return item.keyLength > from; });
-      if (goesOn && end - run > kShortRun && from < kLongestPrefix) {
+      const auto goesOn = [from](const Keyed& item) { return item.keyLength > from; };
+      if (end - run > kShortRun && from < kLongestPrefix && std::all_of(run, end, goesOn)) {
         Sort(run, end, from);
+      } else if (end - run > 1 && std::none_of(run, end, goesOn)) {
+        SortBy(run, end, beforeInRun);
       } else if (end - run > 1) {
-        std::sort(run, end, [this](const Keyed& a, const Keyed& b) {
-          return before(lines[a.line], lines[b.line]);
-        });
+        SortBy(run, end, before);
       }
       run = end;
     }
   }
 
  private:
+  template <class Order>
+  void SortBy(Keyed* first, Keyed* last, Order order) const {
+    std::sort(first, last, [this, order](const Keyed& a, const Keyed& b) {
+      return order(lines[a.line], lines[b.line]);
+    });
+  }
+
   static constexpr std::ptrdiff_t kShortRun = 8;
   static constexpr std::size_t kLongestPrefix = 256;
 
   const std::vector<std::string_view>& lines;
   Map map;
   Before before;
+  BeforeInRun beforeInRun;
 };
 
 // The key of line number `i` is its first `length` bytes.
@@ -99,10 +107,10 @@ Keyed Key(std::size_t i, std::size_t length) {
   return {0, static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(length)};
 }
 
-template <class Map, class Before>
+template <class Map, class Before, class BeforeInRun>
 void SortByKey(std::vector<std::string_view>& lines, std::vector<Keyed>& keyed, Map map,
-               Before before) {
-  KeySorter<Map, Before>(lines, map, before).Sort(keyed.data(), keyed.data() + keyed.size(), 0);
+               Before before, BeforeInRun beforeInRun) {
+  KeySorter(lines, map, before, beforeInRun).Sort(keyed.data(), keyed.data() + keyed.size(), 0);
   // Moves each line to its place, cycle by cycle.
   for (std::uint32_t start = 0; start < keyed.size(); ++start) {
     const std::string_view displaced = lines[start];
@@ -122,7 +130,7 @@ void SortByBytes(std::vector<std::string_view>& lines) {
   std::vector<Keyed> keyed;
   keyed.reserve(lines.size());
   for (std::size_t i = 0; i < lines.size(); ++i) keyed.push_back(Key(i, lines[i].size()));
-  SortByKey(lines, keyed, AsTheyAre(), std::less<>());
+  SortByKey(lines, keyed, AsTheyAre(), std::less<>(), std::less<>());
 }
 
 // The key is the folded name with its tab. Lines whose keys differ do so within the longer name or
@@ -137,7 +145,11 @@ void SortFolded(std::vector<std::string_view>& lines) {
     if (name == lines[i].size()) return std::sort(lines.begin(), lines.end(), CaseCompare());
     keyed.push_back(Key(i, strnlen(lines[i].data(), name + 1)));
   }
-  SortByKey(lines, keyed, FoldAscii(), CaseCompare());
+  // Where the folded names are equal, what differs first decides.
+  const auto inRun = [](std::string_view a, std::string_view b) {
+    return std::strcmp(a.data(), b.data()) < 0;
+  };
+  SortByKey(lines, keyed, FoldAscii(), CaseCompare(), inRun);
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
 
 #include "portable/tag_line.h"
@@ -101,6 +103,29 @@ bool OutputFile::Write(std::string_view bytes) {
     buffer += bytes;
   } else {
     isGood = isGood && WriteAll(descriptor, bytes);
+  }
+  return isGood;
+}
+
+bool OutputFile::Copy(int source, std::size_t begin, std::size_t size) {
+  auto offset = static_cast<off_t>(begin);
+  if (size >= kBuffer) {
+    if (!Flush()) return false;
+    ssize_t count = 1;
+    while (size > 0 && count > 0) {
+      count = copy_file_range(source, &offset, descriptor, nullptr, size, 0);
+      if (count > 0) size -= static_cast<std::size_t>(count);
+    }
+  }
+  // What is short, and all between files for which the system cannot do it.
+  std::string bytes;
+  while (isGood && size > 0) {
+    bytes.resize(std::min(size, kBuffer));
+    const ssize_t count = pread(source, bytes.data(), bytes.size(), offset);
+    if (count < 0 && errno == EINTR) continue;
+    isGood = count > 0 && Write({bytes.data(), static_cast<std::size_t>(count)});
+    size -= static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+    offset += count;
   }
   return isGood;
 }

@@ -4,6 +4,7 @@
 
 #include <sys/stat.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,9 @@ class OutputFile {
   bool Open(const std::string& path);
   /// False if anything failed.
   bool Write(std::string_view bytes);
+  /// Writes `size` bytes of the open file `source`, from its offset `begin` on. The system copies
+  /// them, if it can. False if anything failed, or if the file is shorter.
+  bool Copy(int source, std::size_t begin, std::size_t size);
   /// Puts the new file in the place of its target, with the mode of the old one. False on failure;
   /// the old file is then as it was.
   bool Commit();

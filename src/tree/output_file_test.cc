@@ -2,7 +2,9 @@
 // Tests that a file is replaced as a whole or not at all.
 #include "tree/output_file.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -39,6 +41,26 @@ TEST(OutputFile, ReplacesOnlyAtTheEnd) {
   EXPECT_EQ(ReadFile(path), "new");
   EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0640));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(scratch.Path()), {}), 1);
+}
+
+TEST(OutputFile, CopiesPartsOfAnotherFile) {
+  const ScratchFolder scratch;
+  std::string content;
+  for (int i = 0; content.size() < 4000000; ++i) content += std::to_string(i);
+  WriteFile(scratch.Path("source"), content);
+  const int source = open(scratch.Path("source").c_str(), O_RDONLY | O_CLOEXEC);
+  OutputFile file;
+  ASSERT_TRUE(file.Open(scratch.Path("tags")));
+  EXPECT_TRUE(file.Write("before"));
+  EXPECT_TRUE(file.Copy(source, 5, 3000001));
+  EXPECT_TRUE(file.Copy(source, 7, 11));
+  EXPECT_TRUE(file.Write("after"));
+  ASSERT_TRUE(file.Commit());
+  EXPECT_EQ(ReadFile(scratch.Path("tags")),
+            "before" + content.substr(5, 3000001) + content.substr(7, 11) + "after");
+  ASSERT_TRUE(file.Open(scratch.Path("more")));
+  EXPECT_FALSE(file.Copy(source, content.size() - 1, 2));
+  close(source);
 }
 
 TEST(OutputFile, CannotBeInAFolderThatIsNotThere) {

@@ -19,29 +19,31 @@ constexpr std::size_t kMostChanges = 64;
 class MappedFile {
  public:
   explicit MappedFile(const std::string& path) {
-    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     struct stat info;
     if (file >= 0 && fstat(file, &info) == 0 && info.st_size > 0) {
       status = info;
       size = static_cast<std::size_t>(info.st_size);
       bytes = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file, 0);
     }
-    if (file >= 0) close(file);
   }
   ~MappedFile() {
     if (bytes != MAP_FAILED) munmap(bytes, size);
+    if (file >= 0) close(file);
   }
   MappedFile(const MappedFile&) = delete;
   MappedFile& operator=(const MappedFile&) = delete;
 
   /// Of the file that is mapped, whatever the path leads to now.
   const std::optional<struct stat>& Status() const { return status; }
+  int Descriptor() const { return file; }
   std::string_view Text() const {
     return bytes == MAP_FAILED ? std::string_view()
                                : std::string_view(static_cast<const char*>(bytes), size);
   }
 
  private:
+  int file = -1;
   std::optional<struct stat> status;
   void* bytes = MAP_FAILED;
   std::size_t size = 0;
@@ -59,8 +61,12 @@ bool Refresh::WritePatched(OutputFile& output) {
   std::vector<PatchLine> removed;
   std::vector<PatchLine> added;
   if (!FindChanges(removed, added) || IsDamaged()) return false;
-  return PatchTags(old.Text(), std::move(removed), std::move(added), style,
-                   [&output](std::string_view bytes) { return output.Write(bytes); });
+  PatchSink sink;
+  sink.write = [&output](std::string_view bytes) { return output.Write(bytes); };
+  sink.copy = [&output, &old](std::size_t begin, std::size_t size) {
+    return output.Copy(old.Descriptor(), begin, size);
+  };
+  return PatchTags(old.Text(), std::move(removed), std::move(added), style, sink);
 }
 
 bool Refresh::FindChanges(std::vector<PatchLine>& removed, std::vector<PatchLine>& added) {

@@ -95,7 +95,7 @@ bool AppendPatchLines(const TaggedFile& file, const OutputStyle& style,
 }
 
 bool PatchTags(std::string_view old, std::vector<PatchLine> removed, std::vector<PatchLine> added,
-               const OutputStyle& style, const ByteSink& sink) {
+               const OutputStyle& style, const PatchSink& sink) {
   const TagOrder order = OrderOf(style);
   const auto less = [order](const PatchLine& a, const PatchLine& b) {
     return Compare(KeyOf(a), KeyOf(b), order) < 0;
@@ -120,11 +120,11 @@ bool PatchTags(std::string_view old, std::vector<PatchLine> removed, std::vector
   });
   std::size_t done = 0;
   for (const Change& change : changes) {
-    if (change.at < done || !sink(old.substr(done, change.at - done))) return false;
-    if (change.added != nullptr && !sink(change.added->text)) return false;
+    if (change.at < done || !sink.copy(done, change.at - done)) return false;
+    if (change.added != nullptr && !sink.write(change.added->text)) return false;
     done = change.at + change.removed;
   }
-  return sink(old.substr(done));
+  return sink.copy(done, old.size() - done);
 }
 
 }  // namespace vexltags::tree

@@ -58,11 +58,17 @@ void CheckPatch(const Names& before, const Names& after, const OutputStyle& styl
   std::vector<PatchLine> added;
   ASSERT_TRUE(AppendPatchLines(old.files[1], style, removed));
   ASSERT_TRUE(AppendPatchLines(now.files[1], style, added));
+  const std::string former = old.Output(style);
   std::string patched;
-  ASSERT_TRUE(PatchTags(old.Output(style), removed, added, style, [&](std::string_view bytes) {
+  PatchSink sink;
+  sink.write = [&patched](std::string_view bytes) {
     patched += bytes;
     return true;
-  }));
+  };
+  sink.copy = [&](std::size_t begin, std::size_t size) {
+    return sink.write(std::string_view(former).substr(begin, size));
+  };
+  ASSERT_TRUE(PatchTags(former, removed, added, style, sink));
   EXPECT_EQ(patched, now.Output(style));
 }
 
@@ -87,7 +93,9 @@ TEST(PatchTags, FailsIfALineIsNotThere) {
   const std::string old = project.Output(style);
   std::vector<PatchLine> removed;
   ASSERT_TRUE(AppendPatchLines(project.Add("b.c", {"alpha"}), style, removed));
-  EXPECT_FALSE(PatchTags(old, removed, {}, style, [](std::string_view) { return true; }));
+  const PatchSink sink{[](std::string_view) { return true; },
+                       [](std::size_t, std::size_t) { return true; }};
+  EXPECT_FALSE(PatchTags(old, removed, {}, style, sink));
 }
 
 TEST(PatchTags, RefusesOddLines) {

@@ -119,15 +119,19 @@ std::string MacroTable::Facts(std::string_view text) {
   return facts;
 }
 
-std::string MacroTable::TextOfFacts(std::string_view facts) {
-  // Line ends take the place of what is missing, so that what follows begins a line.
-  std::string text(TakeNumber(facts), '\n');
+void MacroTable::JoinFacts(std::string_view facts) {
+  TakeNumber(facts);
+  joined.clear();
+  pieces.clear();
   while (!facts.empty()) {
     const Part part = TakePart(facts);
-    if (part.begin > text.size() || part.text.size() > text.size() - part.begin) break;
-    part.text.copy(text.data() + part.begin, part.text.size());
+    // The newline takes the place of what is missing, so that what follows begins a line.
+    if (!joined.empty()) joined += '\n';
+    const std::size_t moved = part.begin - joined.size();
+    joined += part.text;
+    pieces.push_back({joined.size(), moved});
   }
-  return text;
+  if (pieces.empty()) pieces.push_back({0, 0});
 }
 
 bool MacroTable::HaveSameDirectives(std::string_view facts, std::string_view others) {

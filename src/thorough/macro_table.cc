@@ -286,7 +286,8 @@ std::size_t MacroTable::EndOfLine(std::string_view text, std::size_t at) {
   }
 }
 
-void MacroTable::LearnUndef(std::string_view text, std::size_t at, std::uint32_t file) {
+void MacroTable::LearnUndef(std::string_view text, std::size_t at, std::uint32_t file,
+                            const Piece& piece) {
   while (at < text.size() && IsBlank(text[at])) ++at;
   const std::size_t begin = at;
   while (at < text.size() && IsWord(text[at])) ++at;
@@ -299,7 +300,7 @@ void MacroTable::LearnUndef(std::string_view text, std::size_t at, std::uint32_t
     // One that is under a condition of its own may never happen.
     if (known.file == file && known.end == MacroDefinition::kNoEnd &&
         conditions.Depth() <= known.depth) {
-      known.end = static_cast<std::uint32_t>(begin);
+      known.end = static_cast<std::uint32_t>(begin + piece.moved);
     }
   }
 }
@@ -316,7 +317,8 @@ std::size_t MacroTable::LearnCondition(std::string_view text, std::size_t at) {
   return end;
 }
 
-std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::uint32_t file) {
+std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::uint32_t file,
+                                    const Piece& piece) {
   const std::size_t word = at;
   while (at < text.size() && IsBlank(text[at])) ++at;
   if (at == word || at == text.size() || !IsLetter(text[at])) return at;
@@ -326,7 +328,7 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
   const std::string_view name = text.substr(nameBegin, at - nameBegin);
 
   conditions.AddDefined(name);
-  const std::size_t end = EndOfDefinition(text, at);
+  const std::size_t end = EndOfDefinition(text.substr(0, piece.end), at);
   std::string_view rest = text.substr(at, end - at);
   if (rest.ends_with('\r')) rest.remove_suffix(1);
   if (rest.size() > kLongestDefinition) return end;
@@ -391,7 +393,7 @@ std::size_t MacroTable::LearnDefine(std::string_view text, std::size_t at, std::
   }
   definition.condition = conditions.Current();
   definition.depth = static_cast<std::uint32_t>(conditions.Depth());
-  definition.begin = static_cast<std::uint32_t>(nameBegin);
+  definition.begin = static_cast<std::uint32_t>(nameBegin + piece.moved);
   definition.parameters = Store(definition.parameters);
   definition.body = Store(body);
   definitions.push_back(definition);

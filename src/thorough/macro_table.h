@@ -53,11 +53,11 @@ class MacroTable {
   template <class Include>
   void Learn(std::string_view text, std::uint32_t file, Include include);
 
-  /// Returns the part of `text` from which `Learn` learns: the directives and where they are. The
-  /// form is known only to `TextOfFacts`.
+  /// Returns the part of `text` from which `Learn` learns: the directives and where they are.
   static std::string Facts(std::string_view text);
-  /// Returns a text from which `Learn` learns the same as from the text of which `facts` are.
-  static std::string TextOfFacts(std::string_view facts);
+  /// Learns the same from `facts` as `Learn` from the text of which they are.
+  template <class Include>
+  void LearnFacts(std::string_view facts, std::uint32_t file, Include include);
   /// Returns whether both facts have the same directives, wherever these are. Other files than
   /// their own then see the same definitions.
   static bool HaveSameDirectives(std::string_view facts, std::string_view others);
@@ -123,13 +123,24 @@ class MacroTable {
     const std::uint64_t hash = (first ^ name.size()) * kFirstFactor ^ last * kLastFactor;
     return static_cast<std::size_t>((hash ^ hash >> 32U) * kFirstFactor >> (64U - kFilterBits));
   }
+  /// A piece of the text that is being learned. No directive reaches into the next one.
+  struct Piece {
+    std::size_t end;    ///< One past it.
+    std::size_t moved;  ///< What is added to an offset in it for the one in the file.
+  };
+  /// Learns from `text`, which is all `pieces`.
+  template <class Include>
+  void LearnPieces(std::string_view text, std::uint32_t file, Include include);
+  /// Joins the parts of a text that `facts` have, with a newline between them, in `joined`.
+  void JoinFacts(std::string_view facts);
   /// The offset of the next line in `text` at or after `from` that begins with a directive, past
   /// its `#` and blanks; npos at the end.
   static std::size_t NextDirective(std::string_view text, std::size_t from);
-  /// Learns the definition whose name is at `at`; returns the offset of its end.
-  std::size_t LearnDefine(std::string_view text, std::size_t at, std::uint32_t file);
+  /// Learns the definition whose name is at `at` in `piece`; returns the offset of its end.
+  std::size_t LearnDefine(std::string_view text, std::size_t at, std::uint32_t file,
+                          const Piece& piece);
   /// Ends the definitions of the name at `at`, which an `#undef` names.
-  void LearnUndef(std::string_view text, std::size_t at, std::uint32_t file);
+  void LearnUndef(std::string_view text, std::size_t at, std::uint32_t file, const Piece& piece);
   /// Takes note of a directive that is none of a definition; returns the end of its argument.
   std::size_t LearnCondition(std::string_view text, std::size_t at);
   /// True when a block comment of the text that is being learned contains offset `at`. The offsets
@@ -170,24 +181,40 @@ class MacroTable {
   std::vector<std::unique_ptr<char[]>> blocks;
   char* next = nullptr;
   std::size_t room = 0;
+  std::vector<Piece> pieces;    ///< Of the text that is being learned, at least one.
+  std::string joined;           ///< That text, if it is learned from facts.
   std::size_t pastComment = 0;  ///< One past the last comment that `IsInComment` has met.
   LookupObserver* observer = nullptr;
 };
 
 template <class Include>
 void MacroTable::Learn(std::string_view text, std::uint32_t file, Include include) {
+  pieces.assign(1, {text.size(), 0});
+  LearnPieces(text, file, include);
+}
+
+template <class Include>
+void MacroTable::LearnFacts(std::string_view facts, std::uint32_t file, Include include) {
+  JoinFacts(facts);
+  LearnPieces(joined, file, include);
+}
+
+template <class Include>
+void MacroTable::LearnPieces(std::string_view text, std::uint32_t file, Include include) {
   std::size_t at = 0;
+  auto piece = pieces.begin();
   conditions.BeginFile();
   pastComment = 0;
   while ((at = NextDirective(text, at)) != std::string_view::npos) {
+    while (piece->end < at) ++piece;
     const std::string_view ahead = text.substr(at);
     if (ahead.starts_with("define")) {
-      at = LearnDefine(text, at + 6, file);
+      at = LearnDefine(text, at + 6, file, *piece);
     } else if (ahead.starts_with("include") || ahead.starts_with("import")) {
       const std::string_view path = QuotedPath(text, at + (ahead[1] == 'n' ? 7 : 6));
       if (!path.empty()) include(path);
     } else if (ahead.starts_with("undef")) {
-      LearnUndef(text, at + 5, file);
+      LearnUndef(text, at + 5, file, *piece);
     } else {
       at = LearnCondition(text, at);
     }

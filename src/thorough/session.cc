@@ -172,10 +172,15 @@ void Session::LearnPath(const std::string& path) {
 
 void Session::LearnFile(std::uint32_t number, bool isIncluded) {
   const std::string path = files[number];
-  const auto text = sources.text(path, isIncluded);
+  const auto text = sources.facts ? sources.facts(path) : sources.text(path, isIncluded);
   if (!text) return;
   const std::string folder = Normal(path.substr(0, path.rfind('/') + 1));
-  macros.Learn(*text, number, [&](std::string_view name) { FindInclude(folder, name); });
+  const auto include = [&](std::string_view name) { FindInclude(folder, name); };
+  if (sources.facts) {
+    macros.LearnFacts(*text, number, include);
+  } else {
+    macros.Learn(*text, number, include);
+  }
 }
 
 void Session::FindInclude(std::string_view includer, std::string_view name) {

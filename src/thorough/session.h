@@ -23,12 +23,14 @@ namespace vexltags::thorough {
 
 /// How a session reads the file system. The functions replace what it does by itself.
 struct SessionSources {
-  /// Returns the content of the file at the path, or a text from which macros are learned in the
-  /// same way. The view is good until the next call. Nothing if the file cannot be read, or if it
-  /// is only included and has been read under another path.
+  /// Returns the content of the file at the path. The view is good until the next call. Nothing if
+  /// the file cannot be read, or if it is only included and has been read under another path.
   std::function<std::optional<std::string_view>(const std::string& path, bool isIncluded)> text;
   /// Returns whether there is a regular file at the path.
   std::function<bool(const std::string& path)> isFile;
+  /// Returns the facts of the file at the path, see `MacroTable::Facts`. Takes the place of `text`
+  /// if it is there.
+  std::function<std::optional<std::string_view>(const std::string& path)> facts = nullptr;
 };
 
 /// Gives each file of a run its reading. A reading is good until the next one is asked for and

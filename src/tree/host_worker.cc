@@ -79,12 +79,10 @@ int ServeMachine() {
     facts.emplace(frame.head, frame.body);
   }
   thorough::SessionSources sources;
-  std::string text;
-  sources.text = [&](const std::string& path, bool) -> std::optional<std::string_view> {
+  sources.facts = [&](const std::string& path) -> std::optional<std::string_view> {
     const auto found = facts.find(path);
     if (found == facts.end()) return std::nullopt;
-    text = thorough::MacroTable::TextOfFacts(found->second);
-    return text;
+    return found->second;
   };
   thorough::Session session(order, sources);
   FileReader reader(task->isExact ? nullptr : &session);

@@ -103,10 +103,8 @@ class Refresh {
   bool Learn();
   void LearnAll();
   void MakeSession(const std::vector<std::string>* order);
-  /// What is learned from the file at `path`, as facts or as a text. The view is good until the
-  /// next call.
+  /// The facts of the file at `path`, from which macros are learned; nothing if it cannot be read.
   std::optional<std::string_view> FactsOf(const std::string& path);
-  std::optional<std::string_view> TextToLearn(const std::string& path);
   /// Waits until the file has been scanned, if it is to be.
   void WaitForScan(std::uint32_t number);
   /// Waits for what is left to be scanned; false if that is not possible.
@@ -158,7 +156,6 @@ class Refresh {
   std::optional<thorough::Session> session;
   std::unordered_map<std::string, std::uint32_t> numberOf;  ///< Path to index in `files`.
   std::unordered_map<std::int64_t, std::string> cachedFacts;
-  std::string learnedText;           ///< From which the session learns at the moment.
   std::vector<std::string> missing;  ///< Paths at which an include was looked for in vain.
   bool hasNewDigests = false;        ///< The session has learned what the cache may not know.
   std::string newDigests;            ///< Its digests, if they are known already.

@@ -53,7 +53,7 @@ bool Refresh::SurroundingsChanged() {
 
 bool Refresh::OthersChanged() {
   for (const std::string& path : SplitPaths(State("others"))) {
-    TextToLearn(path);
+    FactsOf(path);
     const TreeFile& file = files[numberOf.at(path)];
     if (file.hasFacts) continue;
     if (!file.facts || file.row.id == 0 ||
@@ -117,7 +117,7 @@ void Refresh::LearnAll() {
 
 void Refresh::MakeSession(const std::vector<std::string>* order) {
   thorough::SessionSources sources;
-  sources.text = [this](const std::string& path, bool) { return TextToLearn(path); };
+  sources.facts = [this](const std::string& path) { return FactsOf(path); };
   sources.isFile = [this](const std::string& path) {
     const bool isThere = StampOf(path).has_value();
     if (!isThere) missing.push_back(path);
@@ -134,7 +134,6 @@ void Refresh::MakeSession(const std::vector<std::string>* order) {
     session.emplace(reading, paths, sources);
   }
   cachedFacts.clear();
-  learnedText = {};
 }
 
 void Refresh::WaitForScan(std::uint32_t number) {
@@ -155,13 +154,6 @@ bool Refresh::FinishScan() {
   if (scanFailed) ReportWorkers();
   progress.Clear();
   return !scanFailed;
-}
-
-std::optional<std::string_view> Refresh::TextToLearn(const std::string& path) {
-  const std::optional<std::string_view> facts = FactsOf(path);
-  if (!facts) return std::nullopt;
-  learnedText = thorough::MacroTable::TextOfFacts(*facts);
-  return learnedText;
 }
 
 std::optional<std::string_view> Refresh::FactsOf(const std::string& path) {

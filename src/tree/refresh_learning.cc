@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "cache/content_hash.h"
+#include "tree/file_probe.h"
 #include "tree/refresh.h"
 #include "tree/worker.h"
 
@@ -45,8 +46,9 @@ std::string Refresh::MacroListing() const {
 std::string Refresh::State(const char* key) const { return cache ? cache->State(key) : ""; }
 
 bool Refresh::SurroundingsChanged() {
+  FileProbe probe;
   for (const std::string& path : SplitPaths(State("missing"))) {
-    if (StampOf(path)) return true;
+    if (probe.IsFile(path)) return true;
   }
   return State("macro listing") != MacroListing();
 }
@@ -118,8 +120,8 @@ void Refresh::LearnAll() {
 void Refresh::MakeSession(const std::vector<std::string>* order) {
   thorough::SessionSources sources;
   sources.facts = [this](const std::string& path) { return FactsOf(path); };
-  sources.isFile = [this](const std::string& path) {
-    const bool isThere = StampOf(path).has_value();
+  sources.isFile = [this, probe = FileProbe()](const std::string& path) mutable {
+    const bool isThere = probe.IsFile(path);
     if (!isThere) missing.push_back(path);
     return isThere;
   };

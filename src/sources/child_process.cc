@@ -14,30 +14,6 @@
 namespace vexltags {
 namespace {
 
-/// A pipe whose ends are not inherited.
-class Pipe {
- public:
-  Pipe() { isOpen = pipe2(ends, O_CLOEXEC) == 0; }
-  ~Pipe() {
-    CloseWriter();
-    if (isOpen) close(ends[0]);
-  }
-  Pipe(const Pipe&) = delete;
-  Pipe& operator=(const Pipe&) = delete;
-
-  bool IsOpen() const { return isOpen; }
-  int Reader() const { return ends[0]; }
-  int Writer() const { return ends[1]; }
-  void CloseWriter() {
-    if (isOpen && ends[1] >= 0) close(ends[1]);
-    ends[1] = -1;
-  }
-
- private:
-  int ends[2] = {-1, -1};
-  bool isOpen = false;
-};
-
 std::vector<char*> Pointers(const std::vector<std::string>& texts) {
   std::vector<char*> pointers;
   pointers.reserve(texts.size() + 1);
@@ -46,8 +22,55 @@ std::vector<char*> Pointers(const std::vector<std::string>& texts) {
   return pointers;
 }
 
-/// Reads both pipes to their ends.
-void ReadAll(const Pipe& output, const Pipe& errors, ChildResult& result) {
+}  // namespace
+
+ChildProcess::Pipe::Pipe() { isOpen = pipe2(ends, O_CLOEXEC) == 0; }
+
+void ChildProcess::Pipe::CloseWriter() {
+  if (isOpen && ends[1] >= 0) close(ends[1]);
+  ends[1] = -1;
+}
+
+void ChildProcess::Pipe::Close() {
+  CloseWriter();
+  if (isOpen) close(ends[0]);
+  isOpen = false;
+}
+
+ChildProcess::ChildProcess(const std::vector<std::string>& command,
+                           const std::vector<std::string>& environment) {
+  if (!output.IsOpen() || !errors.IsOpen()) return;
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_adddup2(&actions, output.Writer(), STDOUT_FILENO);
+  posix_spawn_file_actions_adddup2(&actions, errors.Writer(), STDERR_FILENO);
+  const int problem = posix_spawnp(&child, command[0].c_str(), &actions, nullptr,
+                                   Pointers(command).data(), Pointers(environment).data());
+  posix_spawn_file_actions_destroy(&actions);
+  if (problem != 0) child = -1;
+  output.CloseWriter();
+  errors.CloseWriter();
+}
+
+ChildProcess::~ChildProcess() {
+  // What it still prints then has no reader.
+  output.Close();
+  errors.Close();
+  ChildResult ignored;
+  Wait(ignored);
+}
+
+ChildResult ChildProcess::Finish() {
+  ChildResult result;
+  if (child < 0) return result;
+  result.started = true;
+  ReadAll(result);
+  Wait(result);
+  return result;
+}
+
+void ChildProcess::ReadAll(ChildResult& result) {
   struct pollfd waiting[] = {{output.Reader(), POLLIN, 0}, {errors.Reader(), POLLIN, 0}};
   std::string* texts[] = {&result.output, &result.errors};
   std::vector<char> buffer(std::size_t{1} << 16);
@@ -65,40 +88,25 @@ void ReadAll(const Pipe& output, const Pipe& errors, ChildResult& result) {
   }
 }
 
-}  // namespace
-
-ChildResult RunChild(const std::vector<std::string>& command,
-                     const std::vector<std::string>& environment) {
-  ChildResult result;
-  Pipe output;
-  Pipe errors;
-  if (!output.IsOpen() || !errors.IsOpen()) return result;
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_adddup2(&actions, output.Writer(), STDOUT_FILENO);
-  posix_spawn_file_actions_adddup2(&actions, errors.Writer(), STDERR_FILENO);
-  pid_t child = -1;
-  const int problem = posix_spawnp(&child, command[0].c_str(), &actions, nullptr,
-                                   Pointers(command).data(), Pointers(environment).data());
-  posix_spawn_file_actions_destroy(&actions);
-  if (problem != 0) return result;
-  result.started = true;
-  output.CloseWriter();
-  errors.CloseWriter();
-  ReadAll(output, errors, result);
+void ChildProcess::Wait(ChildResult& result) {
+  if (child < 0) return;
   int status = 0;
   pid_t ended = -1;
   do {
     ended = waitpid(child, &status, 0);
   } while (ended < 0 && errno == EINTR);
+  child = -1;
   if (ended < 0) {
     // Our own caller has the system discard exit statuses (it ignores SIGCHLD).
     result.status = result.errors.empty() ? 0 : -1;
   } else if (WIFEXITED(status)) {
     result.status = WEXITSTATUS(status);
   }
-  return result;
+}
+
+ChildResult RunChild(const std::vector<std::string>& command,
+                     const std::vector<std::string>& environment) {
+  return ChildProcess(command, environment).Finish();
 }
 
 }  // namespace vexltags

@@ -37,10 +37,15 @@ std::vector<std::string> Environment() {
   return result;
 }
 
-ChildResult RunGit(const std::string& directory, const std::vector<std::string>& arguments) {
+std::vector<std::string> GitCommand(const std::string& directory,
+                                    const std::vector<std::string>& arguments) {
   std::vector<std::string> command = {"git", "-C", directory};
   command.insert(command.end(), arguments.begin(), arguments.end());
-  return RunChild(command, Environment());
+  return command;
+}
+
+ChildResult RunGit(const std::string& directory, const std::vector<std::string>& arguments) {
+  return RunChild(GitCommand(directory, arguments), Environment());
 }
 
 /// Returns `text` with a backslash before each character that is special in a pattern.
@@ -72,21 +77,21 @@ void AddPatterns(const std::string& directory, const IgnorePatterns& patterns,
   }
 }
 
-/// Adds an item of the output: `MODE OBJECT STAGE TAB PATH` for a tracked file, or the path alone.
-void AddItem(std::string_view item, GitListing& listing) {
-  constexpr std::size_t kModeLength = 6;
-  const std::size_t tab = item.find('\t');
-  const std::string_view head = item.substr(0, tab == item.npos ? 0 : tab);
-  const bool isTracked = head.size() > kModeLength && head[kModeLength] == ' ' &&
-                         head.find_first_not_of("0123456789abcdef ") == head.npos;
-  if (isTracked) {
-    const bool isSubmodule = head.starts_with(kSubmoduleMode);
-    (isSubmodule ? listing.repositories : listing.files).emplace_back(item.substr(tab + 1));
-  } else if (item.ends_with('/')) {
-    listing.repositories.emplace_back(item.substr(0, item.size() - 1));
-  } else if (!item.empty()) {
-    listing.files.emplace_back(item);
+/// Calls `take` with each item of `output`.
+template <class Take>
+void ForEachItem(std::string_view output, Take take) {
+  while (!output.empty()) {
+    const std::size_t end = std::min(output.find('\0'), output.size());
+    if (end > 0) take(output.substr(0, end));
+    output.remove_prefix(std::min(end + 1, output.size()));
   }
+}
+
+/// Returns what two programs have reported, without a newline at its end. Mostly they agree.
+std::string Joined(std::string tracked, const std::string& others) {
+  std::string all = others.find(tracked) == others.npos ? std::move(tracked) + others : others;
+  while (all.ends_with('\n')) all.pop_back();
+  return all;
 }
 
 }  // namespace
@@ -107,22 +112,34 @@ bool IsIgnoredByGit(const std::string& directory) {
   return RunGit(directory, {"check-ignore", "-q", "."}).status == 0;
 }
 
-GitListing ListGitFiles(const std::string& directory, const IgnorePatterns& patterns) {
+GitListing ListGitFiles(const std::string& directory, const IgnorePatterns& patterns,
+                        const std::function<void(std::string_view path)>& take) {
   GitListing listing;
-  std::vector<std::string> arguments = {"ls-files", "-z", "-s", "-c", "-o", "--exclude-standard"};
+  std::vector<std::string> arguments = {"ls-files", "-z", "-o", "--exclude-standard"};
   AddPatterns(directory, patterns, arguments);
-  const ChildResult result = RunGit(directory, arguments);
-  if (!result.started) return listing;
-  listing.problem = result.errors;
-  while (listing.problem.ends_with('\n')) listing.problem.pop_back();
-  if (result.status != 0) return listing;
-  std::string_view rest = result.output;
-  while (!rest.empty()) {
-    const std::size_t end = std::min(rest.find('\0'), rest.size());
-    AddItem(rest.substr(0, end), listing);
-    rest.remove_prefix(std::min(end + 1, rest.size()));
-  }
-  const bool isEmpty = listing.files.empty() && listing.repositories.empty();
+  ChildProcess others(GitCommand(directory, arguments), Environment());
+  const ChildResult tracked = RunGit(directory, {"ls-files", "-z", "-s"});
+  // Each is `MODE OBJECT STAGE TAB PATH`.
+  ForEachItem(tracked.output, [&](std::string_view item) {
+    const std::string_view path = item.substr(item.find('\t') + 1);
+    if (item.starts_with(kSubmoduleMode)) {
+      listing.repositories.emplace_back(path);
+    } else {
+      take(path);
+    }
+  });
+  const ChildResult rest = others.Finish();
+  if (!tracked.started || !rest.started) return listing;
+  listing.problem = Joined(tracked.errors, rest.errors);
+  if (tracked.status != 0 || rest.status != 0) return listing;
+  ForEachItem(rest.output, [&](std::string_view path) {
+    if (path.ends_with('/')) {
+      listing.repositories.emplace_back(path.substr(0, path.size() - 1));
+    } else {
+      take(path);
+    }
+  });
+  const bool isEmpty = tracked.output.empty() && rest.output.empty();
   listing.isListed = !isEmpty || !IsIgnoredByGit(directory);
   return listing;
 }

@@ -101,6 +101,13 @@ class Lister {
   }
 
  private:
+  /// A source, if what it was found by counts.
+  struct Candidate {
+    Source source;
+    std::string relative;  ///< The path from the root.
+    bool isLink = false;
+  };
+
   /// Notes which directory the paths of an argument are in, to find files that two arguments name.
   void SetIdentity(const std::string& directory) {
     if (!hasSeveralArguments) return;
@@ -119,17 +126,21 @@ class Lister {
     if ((languages & options.languages) == 0) return;
     const fs::path path(root);
     SetIdentity(path.parent_path().string());
-    Take(root, path.filename().string(), stamp);
+    Take({root, stamp}, path.filename().string());
   }
 
   /// Lists the directory `at`, relative to the root, through git. False if git does not know it.
   bool ListGit(const std::string& at) {
     const std::string directory = ForSystem(Join(root, at));
-    const GitListing listing =
-        ListGitFiles(directory, at.empty() ? options.patterns : UnanchoredPatterns());
+    std::vector<Candidate> candidates;
+    const std::size_t problems = list.problems.size();
+    const GitListing listing = ListGitFiles(
+        directory, at.empty() ? options.patterns : UnanchoredPatterns(),
+        [&](std::string_view file) { Consider(Join(at, file), *gitFilter, candidates); });
+    if (!listing.isListed) list.problems.resize(problems);
     if (!listing.problem.empty()) list.problems.push_back(listing.problem);
     if (!listing.isListed) return false;
-    for (const std::string& file : listing.files) Consider(Join(at, file), *gitFilter);
+    Take(candidates);
     for (const std::string& below : listing.repositories) {
       const std::string path = Join(at, below);
       if (gitFilter->Judge(path, true) == PathVerdict::kExcluded) continue;
@@ -151,6 +162,7 @@ class Lister {
 
   void Walk(const std::string& start) {
     std::vector<std::string> waiting = {start};
+    std::vector<Candidate> candidates;
     while (!waiting.empty()) {
       const std::string at = std::move(waiting.back());
       waiting.pop_back();
@@ -162,12 +174,13 @@ class Lister {
         const std::string path = Join(at, entry.path().filename().string());
         std::error_code error;
         if (entry.symlink_status(error).type() != fs::file_type::directory) {
-          Consider(path, *walkFilter);
+          Consider(path, *walkFilter, candidates);
         } else if (walkFilter->Judge(path, true) != PathVerdict::kExcluded) {
           waiting.push_back(path);
         }
       }
     }
+    Take(candidates);
   }
 
   void ReadDirectory(const std::string& path, std::vector<fs::directory_entry>& entries) {
@@ -193,8 +206,8 @@ class Lister {
     return pattern != nullptr && pattern->IsNegated();
   }
 
-  /// Takes the file `path`, relative to the root, if it is a source.
-  void Consider(const std::string& path, PathFilter& filter) {
+  /// Adds the file `path`, relative to the root, to `candidates` if it is a source.
+  void Consider(const std::string& path, PathFilter& filter, std::vector<Candidate>& candidates) {
     LanguageSet languages = LanguagesOfSuffix(path);
     const bool isBare = HasNoSuffix(path);
     if (languages == 0 && !isBare && options.patterns.Empty()) return;
@@ -216,10 +229,16 @@ class Lister {
     if (isLink && stat(full.c_str(), &status) != 0) return;
     if (!S_ISREG(status.st_mode)) return;
     if (!isKnown && !IsText(full, isNamed)) return;
-    if (isLink) {
-      links.push_back({full, StampOf(status)});
-    } else {
-      Take(full, path, StampOf(status));
+    candidates.push_back({{full, StampOf(status)}, path, isLink});
+  }
+
+  void Take(std::vector<Candidate>& candidates) {
+    for (Candidate& candidate : candidates) {
+      if (candidate.isLink) {
+        links.push_back(std::move(candidate.source));
+      } else {
+        Take(std::move(candidate.source), candidate.relative);
+      }
     }
   }
 
@@ -229,9 +248,9 @@ class Lister {
     return LooksLikeHeader(start);
   }
 
-  void Take(const std::string& full, const std::string& relative, const FileStamp& stamp) {
+  void Take(Source source, const std::string& relative) {
     if (hasSeveralArguments && !taken.insert(Join(identity, relative)).second) return;
-    list.sources.push_back({full, stamp});
+    list.sources.push_back(std::move(source));
   }
 
   /// Adds the symbolic links to files that are not listed otherwise.

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Sorts the tags of all files without copying them. Tags are first divided by their first eight
-// bytes into as many parts as there are threads.
+// Sorts the tags of all files without copying them. Tags are first put into buckets by the first
+// two bytes of their names, which are then sorted one by one, in threads.
 #include "tree/tag_sort.h"
 
 #include <algorithm>
-#include <functional>
+#include <atomic>
 #include <numeric>
-#include <thread>
 
 #include "tree/sort_key.h"
+#include "tree/threads.h"
 
 namespace vexltags::tree {
 namespace {
@@ -86,17 +86,28 @@ class Sorter {
   /// Sorts tags with the same name.
   void SortFiles(TagPlace* run, TagPlace* end) const {
     std::sort(run, end, [this](const TagPlace& a, const TagPlace& b) {
-      return ranks[a.file] < ranks[b.file];
+      return ranks[a.file] != ranks[b.file] ? ranks[a.file] < ranks[b.file] : a.at < b.at;
     });
     for (TagPlace* same = run; same != end;) {
       TagPlace* const next = std::find_if(same, end, [this, same](const TagPlace& tag) {
         return ranks[tag.file] != ranks[same->file];
       });
-      if (next - same > 1) {
-        std::sort(same, next, [this](const TagPlace& a, const TagPlace& b) { return Less(a, b); });
-      }
+      if (next - same > 1) SortLines(same, next);
       same = next;
     }
+  }
+
+  /// Sorts tags with the same name in the same file, which mostly are in the order of lines.
+  void SortLines(TagPlace* first, TagPlace* last) const {
+    if (ties == TieOrder::kLines) {
+      for (TagPlace* tag = first; tag != last; ++tag) {
+        tag->key = static_cast<std::uint64_t>(LineOf(EntryOf(*tag).rest));
+      }
+    }
+    std::sort(first, last, [this](const TagPlace& a, const TagPlace& b) {
+      if (ties == TieOrder::kLines && a.key != b.key) return a.key < b.key;
+      return Less(a, b);
+    });
   }
 
   bool Less(const TagPlace& a, const TagPlace& b) const {
@@ -124,19 +135,6 @@ class Sorter {
   std::vector<std::uint32_t> ranks;
 };
 
-std::size_t CountEntries(std::string_view entries) {
-  std::size_t count = 0;
-  for (std::size_t at = 0; SkipEntry(entries, at);) ++count;
-  return count;
-}
-
-void RunInThreads(int threads, const std::function<void(int)>& work) {
-  std::vector<std::thread> others;
-  for (int i = 1; i < threads; ++i) others.emplace_back(work, i);
-  work(0);
-  for (std::thread& other : others) other.join();
-}
-
 /// Divides the files into parts of about the same size, one for each thread. Returns the index of
 /// the first file of each part, and the number of files.
 std::vector<std::size_t> SplitFiles(std::span<const TaggedFile> files, std::size_t bytes,
@@ -152,52 +150,66 @@ std::vector<std::size_t> SplitFiles(std::span<const TaggedFile> files, std::size
   return bounds;
 }
 
-/// Returns the tags in the order of the files. Each part of them is looked through by a thread,
-/// which calls `prepare` with each tag.
-template <class Prepare>
-std::vector<TagPlace> FindTags(std::span<const TaggedFile> files,
-                               const std::vector<std::size_t>& bounds, Prepare prepare) {
-  const auto forEachFile = [&bounds](const auto& work) {
-    RunInThreads(static_cast<int>(bounds.size()) - 1, [&](int number) {
-      const auto part = static_cast<std::size_t>(number);
-      for (std::size_t i = bounds[part]; i < bounds[part + 1]; ++i) work(i);
-    });
-  };
-  std::vector<std::size_t> starts(files.size() + 1);
-  forEachFile([&](std::size_t i) { starts[i + 1] = CountEntries(files[i].entries); });
-  std::partial_sum(starts.begin(), starts.end(), starts.begin());
-  std::vector<TagPlace> places(starts.back());
-  forEachFile([&](std::size_t i) {
-    std::size_t at = 0;
-    for (std::size_t tag = starts[i]; tag < starts[i + 1]; ++tag) {
-      places[tag].file = static_cast<std::uint32_t>(i);
-      places[tag].at = static_cast<std::uint32_t>(at);
-      prepare(places[tag]);
-      SkipEntry(files[i].entries, at);
+/// The tags of a part of the files, in their order.
+struct FoundTags {
+  std::vector<TagPlace> places;
+  std::vector<std::uint32_t> counts;  ///< How many of them each bucket has.
+};
+
+constexpr unsigned kBucketShift = 48;
+constexpr std::size_t kBuckets = std::size_t{1} << (64 - kBucketShift);
+std::size_t BucketOf(const TagPlace& tag) { return tag.key >> kBucketShift; }
+
+/// Returns the tags of each part of the files, which a thread looks through. Sets their keys by
+/// `sorter`, null to leave them alone.
+std::vector<FoundTags> FindTags(std::span<const TaggedFile> files,
+                                const std::vector<std::size_t>& bounds, const Sorter* sorter) {
+  /// Of an entry, in bytes. Memory for more tags than there are is never touched.
+  constexpr std::size_t kSmall = 32;
+  std::vector<FoundTags> found(bounds.size() - 1);
+  RunInThreads(static_cast<int>(found.size()), [&](int number) {
+    const auto part = static_cast<std::size_t>(number);
+    FoundTags& tags = found[part];
+    tags.counts.resize(kBuckets);
+    std::size_t bytes = 0;
+    for (std::size_t i = bounds[part]; i < bounds[part + 1]; ++i) bytes += files[i].entries.size();
+    tags.places.reserve(bytes / kSmall);
+    for (std::size_t i = bounds[part]; i < bounds[part + 1]; ++i) {
+      TagPlace tag;
+      tag.file = static_cast<std::uint32_t>(i);
+      for (std::size_t at = 0;
+           tag.at = static_cast<std::uint32_t>(at), SkipEntry(files[i].entries, at);) {
+        if (sorter != nullptr) sorter->SetKey(tag, 0);
+        tags.places.push_back(tag);
+        ++tags.counts[BucketOf(tag)];
+      }
     }
   });
-  return places;
+  return found;
 }
 
-/// Puts tags into as many parts as there are threads, all of one part before those of the next, by
-/// a sample of their keys. Returns where the parts begin, and the end.
-std::vector<TagPlace*> SplitByKeys(std::vector<TagPlace>& places, int threads) {
-  constexpr std::size_t kSample = 1000;
-  std::vector<std::uint64_t> sample;
-  for (std::size_t i = 0; i < places.size(); i += places.size() / kSample + 1) {
-    sample.push_back(places[i].key);
+/// Returns the tags of all parts, one bucket after the other, and sets `starts` to where each
+/// bucket begins, and the end.
+std::vector<TagPlace> PutIntoBuckets(std::vector<FoundTags> found,
+                                     std::vector<std::size_t>& starts) {
+  starts.assign(kBuckets + 1, 0);
+  std::size_t next = 0;
+  for (std::size_t bucket = 0; bucket < kBuckets; ++bucket) {
+    starts[bucket] = next;
+    for (FoundTags& tags : found) {
+      // From now on where the next tag of the part goes.
+      const std::size_t count = tags.counts[bucket];
+      tags.counts[bucket] = static_cast<std::uint32_t>(next);
+      next += count;
+    }
   }
-  std::sort(sample.begin(), sample.end());
-  TagPlace* const end = places.data() + places.size();
-  std::vector<TagPlace*> parts = {places.data()};
-  for (int i = 1; i < threads; ++i) {
-    const std::uint64_t split =
-        sample[sample.size() * static_cast<std::size_t>(i) / static_cast<std::size_t>(threads)];
-    parts.push_back(std::partition(parts.back(), end,
-                                   [split](const TagPlace& tag) { return tag.key < split; }));
-  }
-  parts.push_back(end);
-  return parts;
+  starts[kBuckets] = next;
+  std::vector<TagPlace> places(next);
+  RunInThreads(static_cast<int>(found.size()), [&](int number) {
+    FoundTags& tags = found[static_cast<std::size_t>(number)];
+    for (const TagPlace& tag : tags.places) places[tags.counts[BucketOf(tag)]++] = tag;
+  });
+  return places;
 }
 
 }  // namespace
@@ -245,14 +257,20 @@ std::vector<TagPlace> SortTags(std::span<const TaggedFile> files, TagOrder order
   std::size_t bytes = 0;
   for (const TaggedFile& file : files) bytes += file.entries.size();
   if (bytes < kFewBytes) threads = 1;
-  std::vector<TagPlace> places = FindTags(files, SplitFiles(files, bytes, threads), [&](auto& tag) {
-    if (order != TagOrder::kFiles) sorter.SetKey(tag, 0);
-  });
+  std::vector<FoundTags> found = FindTags(files, SplitFiles(files, bytes, threads),
+                                          order == TagOrder::kFiles ? nullptr : &sorter);
+  // Without keys, all tags are in one bucket.
+  std::vector<std::size_t> starts;
+  std::vector<TagPlace> places = PutIntoBuckets(std::move(found), starts);
   if (order == TagOrder::kFiles) return places;
-  const std::vector<TagPlace*> parts = SplitByKeys(places, threads);
-  RunInThreads(threads, [&](int number) {
-    const auto part = static_cast<std::size_t>(number);
-    sorter.Sort(parts[part], parts[part + 1], 0);
+  std::atomic<std::size_t> next = 0;
+  RunInThreads(threads, [&](int) {
+    constexpr std::size_t kAtOnce = 64;
+    for (std::size_t first; (first = next.fetch_add(kAtOnce)) < kBuckets;) {
+      for (std::size_t i = first; i < first + kAtOnce; ++i) {
+        sorter.Sort(places.data() + starts[i], places.data() + starts[i + 1], 0);
+      }
+    }
   });
   return places;
 }

@@ -18,6 +18,8 @@ namespace vexltags::tree {
 namespace {
 
 constexpr std::size_t kBuffer = std::size_t{1} << 20;
+/// What is written without a copy in the buffer.
+constexpr std::size_t kLarge = std::size_t{1} << 16;
 constexpr mode_t kNewMode = 0666;
 
 bool IsTagsFile(std::string_view start) {
@@ -98,8 +100,9 @@ bool OutputFile::Open(const std::string& path) {
 }
 
 bool OutputFile::Write(std::string_view bytes) {
-  if (buffer.size() + bytes.size() > kBuffer && !Flush()) return false;
-  if (bytes.size() < kBuffer) {
+  const bool isLarge = bytes.size() >= kLarge;
+  if ((isLarge || buffer.size() + bytes.size() > kBuffer) && !Flush()) return false;
+  if (!isLarge) {
     buffer += bytes;
   } else {
     isGood = isGood && WriteAll(descriptor, bytes);

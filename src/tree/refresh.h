@@ -121,9 +121,10 @@ class Refresh {
   /// on them. False if that is not possible; the output then has to be opened again.
   bool WritePatched(OutputFile& file);
   bool FindChanges(std::vector<PatchLine>& removed, std::vector<PatchLine>& added);
-  /// The tags of a file for the output, with made-up names numbered from `base`.
-  TaggedFile Tagged(const std::string& path, const FileInfo& info, std::string_view tags,
-                    std::int32_t base);
+  /// The tags of a file for the output, with made-up names numbered as in `tags`.
+  TaggedFile Tagged(const std::string& path, const FileInfo& info, std::string_view tags);
+  /// Whether these numbers change if `base` such names come before those of the file.
+  static bool NeedsNumbers(const FileInfo& info, std::int32_t base);
   bool TakeInfos();
   std::string FieldOf(const std::string& path, const FileInfo& info);
   void StoreFiles();

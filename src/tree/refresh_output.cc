@@ -5,13 +5,16 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <filesystem>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "formats/language_names.h"
 #include "portable/portable_path.h"
 #include "tree/refresh.h"
+#include "tree/threads.h"
 
 namespace vexltags::tree {
 namespace {
@@ -120,13 +123,9 @@ std::string Refresh::FieldOf(const std::string& path, const FileInfo& info) {
   return *relativeFolder + path.substr(folder.size());
 }
 
-TaggedFile Refresh::Tagged(const std::string& path, const FileInfo& info, std::string_view tags,
-                           std::int32_t base) {
+TaggedFile Refresh::Tagged(const std::string& path, const FileInfo& info, std::string_view tags) {
   TaggedFile file;
   file.entries = tags;
-  if (info.anonCount > 0 && info.anonStart < 0 && base > 0) {
-    file.entries = entries.emplace_back(RenumberAnon(tags, base));
-  }
   file.field = FieldOf(path, info);
   file.language = LanguageName(path);
   file.rest = info.rest;
@@ -134,7 +133,17 @@ TaggedFile Refresh::Tagged(const std::string& path, const FileInfo& info, std::s
   return file;
 }
 
+bool Refresh::NeedsNumbers(const FileInfo& info, std::int32_t base) {
+  return info.anonCount > 0 && info.anonStart < 0 && base > 0;
+}
+
 bool Refresh::WriteEverything(OutputFile& output) {
+  /// A file whose made-up names get other numbers, each in some thread.
+  struct Renumbering {
+    std::size_t file;
+    std::int32_t base;
+    std::string& entries;
+  };
   std::unordered_map<std::int64_t, std::string> cached;
   const bool needsCached = std::any_of(files.begin(), files.end(), [](const TreeFile& file) {
     return file.isListed && file.hasResult && !file.result;
@@ -147,6 +156,7 @@ bool Refresh::WriteEverything(OutputFile& output) {
   }
   std::vector<TaggedFile> tagged;
   tagged.reserve(sourceCount);
+  std::vector<Renumbering> renumberings;
   std::int32_t base = 0;
   for (std::size_t i = 0; i < sourceCount; ++i) {
     const TreeFile& file = files[i];
@@ -155,16 +165,27 @@ bool Refresh::WriteEverything(OutputFile& output) {
     if (!file.result && !DecodeInfo(file.row.info, decoded)) return false;
     const FileInfo& info = file.result ? file.result->info : decoded;
     const std::string_view tags = file.result ? file.result->entries.View() : cached[file.row.id];
-    TaggedFile entry = Tagged(file.path, info, tags, base);
-    base += info.anonCount;
+    TaggedFile entry = Tagged(file.path, info, tags);
+    const bool isRenumbered = NeedsNumbers(info, base);
+    const std::int32_t start = std::exchange(base, base + info.anonCount);
     if (style.format == Format::kTags && !FitsInLine(entry.field)) {
       std::fprintf(stderr,
                    "vexltags-tree: the path of a file has a tab or newline; its tags are "
                    "left out\n");
       continue;
     }
+    if (isRenumbered) renumberings.push_back({tagged.size(), start, entries.emplace_back()});
     tagged.push_back(std::move(entry));
   }
+  std::atomic<std::size_t> next = 0;
+  RunInThreads(renumberings.empty() ? 1 : options.jobs, [&](int) {
+    for (std::size_t i; (i = next++) < renumberings.size();) {
+      Renumbering& one = renumberings[i];
+      std::string_view& tags = tagged[one.file].entries;
+      one.entries = RenumberAnon(tags, one.base);
+      tags = one.entries;
+    }
+  });
   return WriteAllTags(tagged, style, options.jobs,
                       [&output](std::string_view bytes) { return output.Write(bytes); });
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "tree/refresh.h"
 
@@ -80,13 +81,18 @@ bool Refresh::FindChanges(std::vector<PatchLine>& removed, std::vector<PatchLine
   std::int32_t newBase = 0;
   std::size_t changes = 0;
   auto old = before.begin();
+  const auto append = [this](const std::string& path, const FileInfo& info, std::string_view tags,
+                             std::int32_t base, std::vector<PatchLine>& lines) {
+    if (NeedsNumbers(info, base)) tags = entries.emplace_back(RenumberAnon(tags, base));
+    return AppendPatchLines(Tagged(path, info, tags), style, lines);
+  };
   const auto remove = [&](const CachedFile& row) {
     FileInfo info;
     if (++changes > kMostChanges || !DecodeInfo(row.info, info)) return false;
     const std::string& tags = entries.emplace_back(cache->Blob(row.id, BlobKind::kResult));
     const bool isDone =
-        !IsDamaged() && AppendPatchLines(Tagged(row.path, info, tags, oldBase), style, removed);
-    oldBase += info.anonCount;
+        !IsDamaged() &&
+        append(row.path, info, tags, std::exchange(oldBase, oldBase + info.anonCount), removed);
     return isDone;
   };
   for (std::size_t i = 0; i < sourceCount; ++i) {
@@ -108,10 +114,10 @@ bool Refresh::FindChanges(std::vector<PatchLine>& removed, std::vector<PatchLine
     if (!file.IsRead()) continue;
     const FileInfo& info = file.result->info;
     if (++changes > kMostChanges ||
-        !AppendPatchLines(Tagged(file.path, info, file.result->entries, newBase), style, added)) {
+        !append(file.path, info, file.result->entries,
+                std::exchange(newBase, newBase + info.anonCount), added)) {
       return false;
     }
-    newBase += info.anonCount;
   }
   for (; old != before.end(); ++old) {
     if (!remove(**old)) return false;

@@ -73,23 +73,23 @@ Options DefaultOptions() {
 
 }  // namespace
 
-std::optional<std::string> ReadSource(const std::string& path) {
+std::optional<std::string_view> ReadSource(const std::string& path, std::string& buffer) {
   const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (file < 0) return std::nullopt;
-  std::optional<std::string> text;
+  std::optional<std::string_view> text;
   struct stat status;
   if (fstat(file, &status) == 0 && S_ISREG(status.st_mode)) {
-    text.emplace();
-    text->resize(static_cast<std::size_t>(status.st_size));
+    const auto expected = static_cast<std::size_t>(status.st_size);
+    if (buffer.size() < expected) buffer.resize(expected);
+    ssize_t count = 0;
     std::size_t size = 0;
-    while (size < text->size()) {
-      const ssize_t count = read(file, text->data() + size, text->size() - size);
+    while (size < expected) {
+      count = read(file, buffer.data() + size, expected - size);
       if (count < 0 && errno == EINTR) continue;
-      if (count < 0) text.reset();
       if (count <= 0) break;
       size += static_cast<std::size_t>(count);
     }
-    if (text) text->resize(size);
+    if (count >= 0) text = std::string_view(buffer).substr(0, size);
   }
   close(file);
   return text;

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/options.h"
 #include "driver/process.h"
@@ -44,7 +45,7 @@ class FileReader {
 };
 
 /// Returns the content of a regular file or of the null device, which is empty; nothing if it
-/// cannot be read.
-std::optional<std::string> ReadSource(const std::string& path);
+/// cannot be read. It is at the start of `buffer`, which grows as needed.
+std::optional<std::string_view> ReadSource(const std::string& path, std::string& buffer);
 
 }  // namespace vexltags::tree

@@ -49,11 +49,12 @@ void Refresh::ReadOnHosts(std::vector<PooledRequest>& requests, const PoolEvents
   std::vector<std::string> tasks;
   std::int64_t cost = share;
   PathResolver resolver;
+  std::string buffer;
   for (const PooledRequest& request : requests) {
     const std::string& path = request.request.job.path;
-    std::optional<std::string> text;
+    std::optional<std::string_view> text;
     if (options.sendsFiles) {
-      text = ReadSource(path);
+      text = ReadSource(path, buffer);
       if (!text) continue;
     }
     if (cost >= share) {

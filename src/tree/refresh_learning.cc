@@ -11,6 +11,9 @@
 namespace vexltags::tree {
 namespace {
 
+/// How long to wait for more when the next file to be learned is not there yet, in milliseconds.
+constexpr int kShortPause = 3;
+
 /// All files in and below `paths`, with their stamps, as text.
 std::string ListingOf(const std::vector<std::string>& paths) {
   std::string listing;
@@ -102,10 +105,10 @@ void Refresh::LearnAll() {
   learnedOrder.assign(session->Files().begin(), session->Files().end());
   const std::string before = State("digests");
   hasNewDigests = true;
-  if (before.empty()) return;
+ if (before.empty()) return;
   const MacroDigests digests = DigestsOf(*session);
   newDigests = EncodeDigests(digests);
-  if (before == newDigests) return;
+ if (before == newDigests) return;
   const WordSet words(ChangedWords(DecodeDigests(before), digests));
   std::unordered_map<std::int64_t, TreeFile*> known;
   for (std::size_t i = 0; i < sourceCount; ++i) {
@@ -135,13 +138,13 @@ void Refresh::MakeSession(const std::vector<std::string>* order) {
     for (std::size_t i = 0; i < sourceCount; ++i) paths.push_back(files[i].path);
     session.emplace(reading, paths, sources);
   }
-  cachedFacts.clear();
+ cachedFacts.clear();
 }
 
 void Refresh::WaitForScan(std::uint32_t number) {
   const bool isRequested = number < sourceCount;
   while (scan && isRequested && !files[number].isScanned) {
-    if (!scan->Pump() && !scan->IsDone()) {
+    if (!scan->Pump(kShortPause) && !scan->IsDone()) {
       scanFailed = true;
       scan.reset();
     }
@@ -149,7 +152,7 @@ void Refresh::WaitForScan(std::uint32_t number) {
 }
 
 bool Refresh::FinishScan() {
-  while (scan && scan->Pump()) {
+  while (scan && scan->Pump(kPauseMilliseconds)) {
   }
   scanFailed = scanFailed || (scan && !scan->IsDone());
   scan.reset();
@@ -168,7 +171,8 @@ std::optional<std::string_view> Refresh::FactsOf(const std::string& path) {
     if (const auto stamp = StampOf(path)) file.stamp = *stamp;
     MatchRow(file);
     if (!file.hasFacts) {
-      Answer answer = ReadFacts(path);
+      std::string buffer;
+      Answer answer = ReadFacts(path, buffer);
       if (answer.result.info.status == FileStatus::kRead) {
         file.facts = std::move(answer.facts);
         file.factsHash = answer.result.info.hash;

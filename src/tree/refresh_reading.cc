@@ -94,8 +94,9 @@ bool Refresh::ReadFiles(const std::vector<std::uint32_t>& numbers, bool forFacts
                         const char* verb) {
   progress.Begin(verb, numbers.size(), SizeOf(numbers));
   if (forFacts && numbers.size() <= kFewFiles) {
+    std::string buffer;
     for (const std::uint32_t number : numbers) {
-      Answer answer = ReadFacts(files[number].path);
+      Answer answer = ReadFacts(files[number].path, buffer);
       answer.index = number;
       TakeAnswer(std::move(answer));
     }

@@ -22,8 +22,6 @@
 namespace vexltags::tree {
 namespace {
 
-/// How long to wait before looking for answers.
-constexpr int kPauseMilliseconds = 3;
 /// Files of this size are read first: one at the end would keep all others waiting.
 constexpr std::int64_t kLargeFile = std::int64_t{1} << 18;
 constexpr std::size_t kReadSize = std::size_t{1} << 16;
@@ -43,6 +41,7 @@ WorkerPool::WorkerPool(const std::vector<PooledRequest>& all, int count, thoroug
     for (const PooledRequest& request : all) {
       if ((request.cost > kLargeFile) == wantsLarge) requests.push_back(request.request);
     }
+    if (wantsLarge) largeCount = requests.size();
   }
   workers.resize(std::min(static_cast<std::size_t>(std::max(count, 1)), requests.size()));
   void* const memory = mmap(nullptr, (1 + workers.size()) * sizeof *shared, PROT_READ | PROT_WRITE,
@@ -91,7 +90,7 @@ void WorkerPool::Serve(const Worker& worker, int output) {
   // Signals from a terminal are for the main process, whose end is also the worker's.
   std::signal(SIGINT, SIG_IGN);
   std::signal(SIGTERM, SIG_DFL);
-  Work({requests, Next(), CurrentOf(worker), *worker.store, output}, session);
+  Work({requests, largeCount, Next(), CurrentOf(worker), *worker.store, output}, session);
   _exit(0);
 }
 
@@ -108,14 +107,14 @@ void WorkerPool::Stop(Worker& worker, bool kills) {
   worker.store = nullptr;
 }
 
-bool WorkerPool::Pump() {
+bool WorkerPool::Pump(int milliseconds) {
   if (IsDone()) return false;
   std::vector<pollfd> polls;
   for (const Worker& worker : workers) polls.push_back({worker.pipe, POLLIN, 0});
   const bool isRunning =
       std::any_of(workers.begin(), workers.end(), [](const Worker& w) { return w.pipe >= 0; });
   if (!isRunning) return false;
-  if (poll(polls.data(), polls.size(), kPauseMilliseconds) < 0 && errno != EINTR) return false;
+  if (poll(polls.data(), polls.size(), milliseconds) < 0 && errno != EINTR) return false;
   for (std::size_t i = 0; i < workers.size(); ++i) {
     Worker& worker = workers[i];
     if (worker.pipe < 0) continue;
@@ -185,6 +184,7 @@ void WorkerPool::Replace(Worker& worker) {
     if (!isAnswered[i]) left.push_back(requests[i]);
   }
   requests = std::move(left);
+  largeCount = 0;
   isAnswered.assign(requests.size(), false);
   Next() = 0;
   Start(worker);
@@ -194,7 +194,7 @@ bool RunInWorkers(const std::vector<PooledRequest>& requests, int count, thoroug
                   AnswerStores& stores, const PoolEvents& events) {
   if (requests.empty()) return true;
   WorkerPool pool(requests, count, session, stores, events);
-  while (pool.Pump()) {
+  while (pool.Pump(kPauseMilliseconds)) {
   }
   return pool.IsDone();
 }

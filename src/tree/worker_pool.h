@@ -31,6 +31,9 @@ struct PoolEvents {
   std::function<bool()> onTick;
 };
 
+/// How long to wait before looking for answers, if nothing else waits for one.
+inline constexpr int kPauseMilliseconds = 20;
+
 /// Where the bytes of answers are.
 using AnswerStores = std::deque<AnswerStore>;
 
@@ -49,9 +52,9 @@ class WorkerPool {
   WorkerPool(const WorkerPool&) = delete;
   WorkerPool& operator=(const WorkerPool&) = delete;
 
-  /// Waits for a short time, and passes on what answers there are. Returns false if there is
-  /// nothing left to wait for: `IsDone` tells whether everything is answered.
-  bool Pump();
+  /// Waits for at most `milliseconds`, and passes on what answers there are. Returns false if there
+  /// is nothing left to wait for: `IsDone` tells whether everything is answered.
+  bool Pump(int milliseconds);
   bool IsDone() const { return unanswered == 0; }
 
  private:
@@ -82,6 +85,7 @@ class WorkerPool {
   }
 
   std::vector<Request> requests;
+  std::size_t largeCount = 0;  ///< How many large ones come first.
   std::vector<bool> isAnswered;
   std::size_t unanswered = 0;
   thorough::Session* session;

@@ -11,6 +11,8 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <thread>
+#include <utility>
 
 #include "base/version.h"
 #include "cache/content_hash.h"
@@ -94,8 +96,13 @@ Refresh::Outcome Refresh::Try() {
   startedAt = std::chrono::duration_cast<std::chrono::nanoseconds>(
                   std::chrono::system_clock::now().time_since_epoch())
                   .count();
-  if (!ListFiles()) return Outcome::kFailed;
+  SourceList list;
+  // That mostly waits for git.
+  std::thread listing([this, &list] { list = ListSources(options.folders, options.sources); });
   OpenCache();
+  hasNewSurroundings = !options.isExact && SurroundingsChanged();
+  listing.join();
+  if (!TakeList(std::move(list))) return Outcome::kFailed;
   if (IsFresh()) {
     PrintSummary();
     return Outcome::kDone;
@@ -143,8 +150,7 @@ void Refresh::LoseCache() {
 
 // Listing -----------------------------------------------------------------------------------------
 
-bool Refresh::ListFiles() {
-  SourceList list = ListSources(options.folders, options.sources);
+bool Refresh::TakeList(SourceList list) {
   for (const std::string& problem : list.problems) Print(problem);
   for (const std::string& missingOne : list.missing) Print(missingOne);
   files.reserve(list.sources.size());

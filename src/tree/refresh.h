@@ -67,7 +67,8 @@ class Refresh {
   bool IsDamaged() const { return cache && cache->Error() == DatabaseError::kDamaged; }
 
   // Listing.
-  bool ListFiles();
+  /// Prints its messages and makes `files` of it; false if an argument does not exist.
+  bool TakeList(SourceList list);
   void MatchRows();
   /// Sets what the cache knows of a file, without its content.
   void MatchRow(TreeFile& file);
@@ -109,7 +110,8 @@ class Refresh {
   void WaitForScan(std::uint32_t number);
   /// Waits for what is left to be scanned; false if that is not possible.
   bool FinishScan();
-  bool SurroundingsChanged();
+  /// Whether there is now a file where an include was looked for in vain, or a new macro file.
+  bool SurroundingsChanged() const;
   bool OthersChanged();
   std::string MacroListing() const;
   std::string State(const char* key) const;
@@ -152,6 +154,7 @@ class Refresh {
   std::vector<CachedFile> rows;
   std::vector<std::int64_t> removedRows;
   bool listChanged = false;
+  bool hasNewSurroundings = false;
   bool factsChanged = false;
 
   std::optional<thorough::Session> session;

@@ -48,7 +48,7 @@ std::string Refresh::MacroListing() const {
 
 std::string Refresh::State(const char* key) const { return cache ? cache->State(key) : ""; }
 
-bool Refresh::SurroundingsChanged() {
+bool Refresh::SurroundingsChanged() const {
   FileProbe probe;
   for (const std::string& path : SplitPaths(State("missing"))) {
     if (probe.IsFile(path)) return true;
@@ -80,7 +80,7 @@ bool Refresh::Learn() {
   if (learns) {
     learnedOrder = SplitPaths(State("learned"));
     const bool isKnown = !learnedOrder.empty();
-    if (!isKnown || listChanged || factsChanged || SurroundingsChanged() || OthersChanged()) {
+    if (!isKnown || listChanged || factsChanged || hasNewSurroundings || OthersChanged()) {
       LearnAll();
       if (!FinishScan()) return false;
     } else {
@@ -105,10 +105,10 @@ void Refresh::LearnAll() {
   learnedOrder.assign(session->Files().begin(), session->Files().end());
   const std::string before = State("digests");
   hasNewDigests = true;
- if (before.empty()) return;
+  if (before.empty()) return;
   const MacroDigests digests = DigestsOf(*session);
   newDigests = EncodeDigests(digests);
- if (before == newDigests) return;
+  if (before == newDigests) return;
   const WordSet words(ChangedWords(DecodeDigests(before), digests));
   std::unordered_map<std::int64_t, TreeFile*> known;
   for (std::size_t i = 0; i < sourceCount; ++i) {
@@ -138,7 +138,7 @@ void Refresh::MakeSession(const std::vector<std::string>* order) {
     for (std::size_t i = 0; i < sourceCount; ++i) paths.push_back(files[i].path);
     session.emplace(reading, paths, sources);
   }
- cachedFacts.clear();
+  cachedFacts.clear();
 }
 
 void Refresh::WaitForScan(std::uint32_t number) {

@@ -73,7 +73,7 @@ bool Refresh::IsFresh() {
   if (record.is_null() || record.value("listing", "") != ListingHash(SplitPaths(State("others")))) {
     return false;
   }
-  if (!options.isExact && SurroundingsChanged()) return false;
+  if (hasNewSurroundings) return false;
   counts.tags = record.value("tags", std::size_t{0});
   return true;
 }

@@ -111,11 +111,17 @@ void DeclarationRepairer::RepairPlain() {
       outline.assign == kNoWord && end == DeclarationEnd::Semicolon) {
     return Erase(0, words.size());
   }
+  // `friend class API A;`
+  if (TypeAt(0) == kMainKw_friend && outline.classKey == 1 && outline.params == kNoWord &&
+      end == DeclarationEnd::Semicolon && words.size() > 4) {
+    return Erase(0, words.size());
+  }
   if (IsMacroCall(outline)) {
     if (!RepairMemberCall()) Erase(0, words.size());
     return;
   }
   if (TypeAt(outline.begin) == kMainKw_using) return RepairUsing();
+  if (SplitDeclarators(outline)) return;
   if (IsFunction(outline)) {
     RepairFunction(outline);
     EmptyTemplateHeads();

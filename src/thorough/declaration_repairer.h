@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <initializer_list>
 #include <string_view>
+#include <vector>
 
 #include "thorough/declaration_outline.h"
 #include "thorough/declaration_repair.h"
@@ -105,6 +106,9 @@ class DeclarationRepairer {
 
   /// Removes macros at the beginning of a declaration: `API_EXPORT int f();`
   void RemoveMacrosBefore();
+  /// True if the word at `name` is that of a function whose result the call at `macro` before it
+  /// makes: `API(int) name(int a);`
+  bool NamesFunctionAfterMacro(std::size_t macro, std::size_t name) const;
   /// Removes `template(typename T)(requires X<T>)` and `MAKE_TEMPLATE(typename T)(requires X<T>)`,
   /// which some libraries use in place of a template head.
   void RemoveMadeTemplateHead();
@@ -138,6 +142,14 @@ class DeclarationRepairer {
   bool IsFunction(const Outline& outline) const;
   /// Leaves the result, the scope and the name of a function; the tag shows scope and name.
   void RepairFunction(const Outline& outline);
+
+  // Several names
+
+  /// The commas between the declarators from `begin` on, and the last word.
+  std::vector<std::size_t> DeclaratorEnds(std::size_t begin);
+  /// Makes a declaration of each declarator where one of several has parentheses:
+  /// `int f(int), *g(int);`. Returns false, and changes nothing, for any other declaration.
+  bool SplitDeclarators(const Outline& outline);
 
   // Variables and typedefs
 

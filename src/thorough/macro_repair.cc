@@ -38,12 +38,14 @@ void DeclarationRepairer::RemoveMacrosBefore() {
   for (;;) {
     while (IsSpecifier(TypeAt(i)) || TypeAt(i) == kMainKw_const) words[kept++] = words[i++];
     if (TypeAt(i) == kMainId && TypeAt(i + 1) == kMainLParen) {
+      // A constructor.
+      if (place.inClass && words[i].text == place.className) break;
       const std::size_t past = PastBracket(words, i + 1);
       const unsigned after = TypeAt(past);
       // A macro that makes a type.
       const bool isLastName = after == kMainId && TypeAt(past + 1) == kMainSemicolon &&
                               LooksLikeMacro(words[i]) && !LooksLikeMacro(words[past]);
-      if (after == kMainStar || isLastName ||
+      if (after == kMainStar || isLastName || NamesFunctionAfterMacro(i, past) ||
           (after == kMainId && !LooksLikeMacro(words[past]) && !LooksLikeMacro(words[i]))) {
         Erase(i + 1, past);
         break;
@@ -72,6 +74,17 @@ void DeclarationRepairer::RemoveMacrosBefore() {
   }
   Erase(kept, i);
   RemoveThirdNames(kept);
+}
+
+bool DeclarationRepairer::NamesFunctionAfterMacro(std::size_t macro, std::size_t name) const {
+  if (TypeAt(name) != kMainId || TypeAt(name + 1) != kMainLParen || LooksLikeMacro(words[name]) ||
+      words[name].line > words[macro].line || words[name].text == place.className) {
+    return false;
+  }
+  if (end == DeclarationEnd::Body || TypeAt(name + 2) == kMainRParen) return true;
+  // `int a`, `A* a`
+  return BeginsParameter(name + 2) ||
+         (TypeAt(name + 2) == kMainId && TypeAt(name + 3) == kMainStar);
 }
 
 void DeclarationRepairer::RemoveMadeTemplateHead() {
@@ -211,7 +224,8 @@ void DeclarationRepairer::RemoveTrailingMacros() {
       }
       // The name after the type `decltype(...)`, or after one that a macro makes.
       if (open == 0 || TypeAt(open - 1) == kMainKw_decltype || open == 1) return;
-      if (open == 2 && TypeAt(0) == kMainKw_typedef) return;
+      const bool followsMacro = LooksLikeMacro(words[open - 1]) && !LooksLikeMacro(words[at]);
+      if (TypeAt(0) == kMainKw_typedef && (open == 2 || followsMacro)) return;
     }
     const bool isExtra = before == kMainRParen || before == kMainRSquare ||
                          (before == kMainId && at >= 3 &&

@@ -56,6 +56,16 @@ void DeclarationRepairer::RepairVariable(const Outline& outline) {
   CutInitializer(outline.begin);
   RemoveArguments();
   RemoveTrailingMacros();
+  // `int (*name[2])(int)`
+  if (outline.pointer != kNoWord && outline.params == kNoWord) {
+    std::size_t close = PastBracket(words, outline.pointer) - 1;
+    while (close > outline.pointer && TypeAt(close - 1) == kMainRSquare) {
+      std::size_t open = close - 1;
+      while (open > outline.pointer && TypeAt(open) != kMainLSquare) --open;
+      Erase(open, close);
+      close = open;
+    }
+  }
   // `int (*name)[2]`
   if (outline.pointer != kNoWord && outline.params == kNoWord) {
     const std::size_t past = PastBracket(words, outline.pointer);
@@ -68,13 +78,23 @@ void DeclarationRepairer::RepairVariable(const Outline& outline) {
   // `int (* const name)(int)`, `int (A::* const name)(int) noexcept`
   if (outline.pointer != kNoWord && outline.params == kNoWord) {
     std::size_t past = PastBracket(words, outline.pointer);
+    // `int (*(name))(int)`
+    if (past == outline.pointer + 6 && TypeAt(past - 5) == kMainStar &&
+        TypeAt(past - 4) == kMainLParen && TypeAt(past - 2) == kMainRParen) {
+      Erase(past - 2, past - 1);
+      Erase(past - 4, past - 3);
+      past -= 2;
+    }
     // `int (** name)(int)`
     while (TypeAt(outline.pointer + 1) == kMainStar && TypeAt(outline.pointer + 2) == kMainStar) {
       Erase(outline.pointer + 1, outline.pointer + 2);
       --past;
     }
-    for (std::size_t i = outline.pointer + 2; i < past; ++i) {
-      if (TypeAt(i - 1) != kMainStar || !IsQualifier(TypeAt(i))) continue;
+    for (std::size_t i = outline.pointer + 2; i < past;) {
+      if (TypeAt(i - 1) != kMainStar || !IsQualifier(TypeAt(i))) {
+        ++i;
+        continue;
+      }
       Erase(i, i + 1);
       --past;
     }
@@ -167,8 +187,12 @@ void DeclarationRepairer::RepairTypedef(const Outline& outline) {
   if (outline.pointer != kNoWord) {
     // The last name in the parentheses.
     name = PastBracket(words, outline.pointer) - 1;
+    for (std::size_t i = outline.pointer; i < name; ++i) {
+      if (TypeAt(i) == kMainLSquare) name = i;
+    }
     while (name > outline.pointer && TypeAt(name) != kMainId) --name;
-  } else if (outline.params == 2 && TypeAt(outline.pastParams) == kMainId) {
+  } else if (outline.params != kNoWord && TypeAt(outline.pastParams) == kMainId &&
+             (outline.params == 2 || LooksLikeMacro(words[outline.params - 1]))) {
     name = outline.pastParams;  // `typedef MACRO(arguments) name;`
   } else if (outline.params != kNoWord) {
     name = outline.params - 1;

@@ -27,8 +27,9 @@ struct Depth {
 
 /// A stretch of text as its neighbours see it.
 struct Shape {
-  char first = 0;  ///< The first character that is neither blank nor comment; 0 for none.
-  char last = 0;   ///< The last one; `;` where it ends a word that ends a statement.
+  char first = 0;       ///< The first character that is neither blank nor comment; 0 for none.
+  char last = 0;        ///< The last one; `;` where it ends a word that ends a statement.
+  char beforeLast = 0;  ///< The last one of the piece before the last piece.
   Depth curlies;
   Depth parentheses;
 
@@ -36,11 +37,15 @@ struct Shape {
   bool IsBalanced() const { return curlies.IsBalanced() && parentheses.IsBalanced(); }
   void Take(std::string_view piece) {
     if (first == 0) first = piece.front();
+    beforeLast = last;
     last = piece.back();
   }
   void Append(const Shape& next) {
     if (first == 0) first = next.first;
-    if (next.last != 0) last = next.last;
+    if (next.last != 0) {
+      beforeLast = next.beforeLast != 0 ? next.beforeLast : last;
+      last = next.last;
+    }
     curlies.Append(next.curlies);
     parentheses.Append(next.parentheses);
   }
@@ -201,7 +206,8 @@ class Chooser {
     Current().Append(shape);
   }
 
-  /// True for a branch that ends with `@end`, or with a macro alone after a statement.
+  /// True for a branch that ends with `@end`, or with a macro alone after a statement or a
+  /// directive.
   bool EndsWithWord(const Branch& branch) const {
     constexpr std::string_view kBlanks = " \t\r\n";
     std::string_view rest = text.substr(branch.begin, branch.end - branch.begin);
@@ -212,7 +218,13 @@ class Chooser {
     }
     const std::size_t before = rest.find_last_not_of(kBlanks);
     if (before == std::string_view::npos || before + 1 == rest.size()) return false;
-    return rest[before] == ';' || rest[before] == '}' || rest[before] == '{';
+    if (rest[before] == ';' || rest[before] == '}' || rest[before] == '{') return true;
+    // On a line of its own, after a directive or a comment.
+    if (rest.find('\n', before) == std::string_view::npos) return false;
+    const std::size_t line = rest.rfind('\n', before) + 1;  // 0 in the first line.
+    if (rest[rest.find_first_not_of(kBlanks, line)] == '#') return true;
+    const char last = branch.shape.beforeLast;
+    return last == ';' || last == '}' || last == '{';
   }
 
   static bool KeepsAll(const Conditional& group) {

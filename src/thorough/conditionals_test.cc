@@ -180,6 +180,8 @@ TEST(Conditionals, TakesLinearTimeForDeepNesting) {
 
 TEST(Conditionals, KeepsAllBranchesThatEndWithAMacro) {
   EXPECT_EQ(Kept("#if X\nint a;\nEND_DECLS\n#else\nint b;\n#endif\n"), "int a; END_DECLS int b;");
+  EXPECT_EQ(Kept("#if X\nint a; // b\nEND_DECLS\n#else\nBEGIN\n#include <a>\nEND_DECLS\n#endif\n"),
+            "int a; // b END_DECLS BEGIN #include <a> END_DECLS");
   EXPECT_EQ(Kept("int a\n#if X\nSECTION\n#else\nOTHER\n#endif\n;"), "int a SECTION ;");
 }
 

@@ -63,8 +63,12 @@ class DeclarationPass {
   bool IsNameAt(std::size_t index) const;
   /// True where a declaration has its type, but no name yet.
   bool NeedsName() const;
-  bool IsWorthExpanding(const MacroDefinition& definition, const std::vector<Word>& result,
-                        bool hasBodyAfter, bool& declaresNothing) const;
+  /// True if the call of a macro with arguments can be a function instead, whose name another file
+  /// uses for a macro: `int name(int);`. `past` is the index after the call.
+  bool MayBeFunction(const MacroDefinition& definition, std::string_view name,
+                     const Arguments& arguments, std::size_t past) const;
+  bool IsWorthExpanding(bool isCallOfMacro, const std::vector<Word>& result, bool hasBodyAfter,
+                        bool& declaresNothing) const;
   void Take(const Word& word);
   void TakeCurly(const Word& word);
   void TakeClose(const Word& word);

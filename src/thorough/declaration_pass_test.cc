@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,14 +15,14 @@ namespace vexltags::thorough {
 namespace {
 
 /// The texts of the tokens of `source` after the pass, with a blank between two. `macros` are the
-/// definitions that the file can use.
+/// definitions that the file can use, which are in file number `file`, 0 for the same file.
 std::string Prepared(std::string_view source, std::string_view macros = "",
-                     Dialect dialect = Dialect::Cxx) {
+                     Dialect dialect = Dialect::Cxx, std::uint32_t file = 0) {
   testing_support::MainText text(source);
   EXPECT_TRUE(text.IsComplete()) << source;
-  const std::vector<std::string> paths{"test.cc"};
+  const std::vector<std::string> paths{"test.cc", "other.h"};
   MacroTable table;
-  table.Learn(macros, 0, [](std::string_view) {});
+  table.Learn(macros, file, [](std::string_view) {});
   MacroBodies bodies;
   Expander expander(table, bodies);
   expander.BeginFile(0, paths);
@@ -62,6 +63,18 @@ TEST(DeclarationPass, SplitsNamespaces) {
 
 TEST(DeclarationPass, KnowsTheClassOfAConstructor) {
   EXPECT_EQ(Prepared("class A { A(int); MADE(a); };"), "class A { A ( ) ; } ;");
+}
+
+TEST(DeclarationPass, TakesTheCallOfAnotherFilesMacroForAFunction) {
+  constexpr std::string_view kMacros = "#define add(a, b) __extension__({ const int c = a; })\n";
+  constexpr std::uint32_t kOther = 1;
+  EXPECT_EQ(Prepared("int add(A a, int b);", kMacros, Dialect::C, kOther), "int add ( ) ;");
+  EXPECT_EQ(Prepared("int add(A a, int b) { }", kMacros, Dialect::C, kOther), "int add ( ) { }");
+  constexpr std::string_view kMakers =
+      "#define field(a) a __attribute__((x))\n#define ADD(a) const a\n";
+  EXPECT_EQ(Prepared("int field(a);", kMakers, Dialect::C, kOther), "int a ;");
+  EXPECT_EQ(Prepared("int ADD(A a);", kMakers, Dialect::C, kOther), "int const A a ;");
+  EXPECT_EQ(Prepared("int field(A a);", kMakers, Dialect::C), "int a ;");
 }
 
 TEST(DeclarationPass, ShortensAccessLabels) {

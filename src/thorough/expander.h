@@ -52,6 +52,9 @@ class Expander {
   const MacroDefinition* ForCall(const MacroDefinition* definition, std::string_view name,
                                  std::size_t count);
 
+  /// True for a definition in the file itself.
+  bool IsOwn(const MacroDefinition& definition) const { return definition.file == file; }
+
   /// Appends to `result` what `definition` expands to. `arguments` must be those of one call, as
   /// `SplitArguments` returns them. All words are on `line`. Returns false and leaves `result`
   /// unchanged if this nests too deep or exceeds the budget.

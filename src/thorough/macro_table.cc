@@ -7,6 +7,7 @@
 
 #include "base/character_class.h"
 #include "cfamily/main_words.h"
+#include "thorough/source_text.h"
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {
@@ -74,14 +75,11 @@ bool IsWord(char c) { return kLettersAndDigits[static_cast<unsigned char>(c)]; }
 bool IsLetter(char c) { return kLetters[static_cast<unsigned char>(c)]; }
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
-/// True for a body that begins like a method of Objective-C: a sign, a type in parentheses, a word.
-bool BeginsMethod(std::string_view body) {
-  if (body[0] != '-' && body[0] != '+') return false;
-  std::size_t at = 1;
-  while (at < body.size() && IsBlank(body[at])) ++at;
-  if (at == body.size() || body[at] != '(') return false;
-  constexpr std::size_t kLongestType = 256;
-  const std::size_t end = std::min(body.size(), at + kLongestType);
+/// The offset of what follows the parentheses that open at `at`, without blanks; the size of `body`
+/// where they are too long.
+std::size_t PastParentheses(std::string_view body, std::size_t at) {
+  constexpr std::size_t kLongest = 256;
+  const std::size_t end = std::min(body.size(), at + kLongest);
   int open = 0;
   for (; at < end; ++at) {
     if (body[at] == '(') ++open;
@@ -89,13 +87,31 @@ bool BeginsMethod(std::string_view body) {
   }
   for (++at; at < end && IsBlank(body[at]); ++at) {
   }
-  return at < end && IsLetter(body[at]);
+  return at < end ? at : body.size();
+}
+
+/// True for a body that begins like a method of Objective-C: a sign, a type in parentheses, a word.
+bool BeginsMethod(std::string_view body) {
+  if (body[0] != '-' && body[0] != '+') return false;
+  std::size_t at = 1;
+  while (at < body.size() && IsBlank(body[at])) ++at;
+  if (at == body.size() || body[at] != '(') return false;
+  at = PastParentheses(body, at);
+  return at < body.size() && IsLetter(body[at]);
+}
+
+/// True for a body that begins like the name and the parameters of a pointer to a function:
+/// `(*name) parameters`.
+bool BeginsPointer(std::string_view body) {
+  if (!body.starts_with("(*")) return false;
+  const std::size_t past = PastParentheses(body, 0);
+  return past < body.size() && (body[past] == '(' || IsLetter(body[past]));
 }
 
 /// True for a body that can be more than an expression, by how it begins.
 bool CanDeclare(std::string_view body, bool isFunction) {
   if (body.empty()) return true;
-  if (isFunction && BeginsMethod(body)) return true;
+  if (isFunction && (BeginsMethod(body) || BeginsPointer(body))) return true;
   const char c = body[0];
   if (IsLetter(c) || c == '{' || c == '}' || c == ';' || c == ':' || c == '[' || c == '@') {
     return true;
@@ -235,6 +251,7 @@ std::size_t MacroTable::EndOfDefinition(std::string_view text, std::size_t at) {
     if (rest.find('/') == kNone) break;
     const std::size_t open = rest.rfind("/*");
     if (open == kNone || rest.find("*/", open + 2) != kNone || rest.find("//") < open) break;
+    if (EndsInString(rest.substr(0, open))) break;
     const std::size_t close = text.substr(0, end + kLongestDefinition).find("*/", end);
     if (close == kNone) break;
     end = EndOfLine(text, close + 2);
@@ -243,16 +260,17 @@ std::size_t MacroTable::EndOfDefinition(std::string_view text, std::size_t at) {
 }
 
 MacroTable::Comment MacroTable::NextComment(std::string_view text, std::size_t from,
-                                            std::size_t before) {
+                                            std::size_t limit) {
   constexpr std::size_t kLongestLine = 512;
   for (;;) {
-    const std::size_t open = text.substr(0, before).find("/*", from);
+    const std::size_t open = text.substr(0, limit).find("/*", from);
     if (open == kNone) return {kNone, kNone};
-    // One after `//` is none.
+    // One after `//` or in a string is none.
     const std::size_t least = open > kLongestLine ? open - kLongestLine : 0;
     std::size_t line = open;
     while (line > least && text[line - 1] != '\n' && text[line - 1] != '\r') --line;
-    if (text.substr(line, open - line).find("//") == kNone) {
+    const std::string_view before = text.substr(line, open - line);
+    if (before.find("//") == kNone && !EndsInString(before)) {
       const std::size_t close = text.find("*/", open + 2);
       return {open, close == kNone ? kNone : close + 2};
     }

@@ -151,8 +151,8 @@ class MacroTable {
     std::size_t open;
     std::size_t past;
   };
-  /// The next comment of `text` that opens at or after `from` and before `before`.
-  static Comment NextComment(std::string_view text, std::size_t from, std::size_t before);
+  /// The next comment of `text` that opens at or after `from` and before `limit`.
+  static Comment NextComment(std::string_view text, std::size_t from, std::size_t limit);
   /// One past the definition whose name ends at `at`: its line, and those into which comments
   /// reach.
   static std::size_t EndOfDefinition(std::string_view text, std::size_t at);

@@ -10,6 +10,7 @@
 #include "thorough/conditionals.h"
 #include "thorough/declaration_pass.h"
 #include "thorough/skipped_block.h"
+#include "thorough/source_text.h"
 #include "vocabulary/main_tokens.h"
 
 namespace vexltags::thorough {
@@ -37,6 +38,31 @@ bool HasChoice(std::string_view text) {
     if (word < text.size() && text[word] >= '0' && text[word] <= '9') return true;
   }
   return false;
+}
+
+/// Blanks the `*` of each `/*` in a string of a directive, which the lexer takes for the beginning
+/// of a comment. `bytes` are those of `text`.
+void HideCommentMarks(std::string_view text, char* bytes) {
+  constexpr std::size_t kLongestLine = 512;
+  std::size_t line = 0;    // Where the line begins.
+  std::size_t looked = 0;  // Before this, its beginning has been looked for.
+  for (std::size_t at = text.find("/*"); at != std::string_view::npos;) {
+    const std::size_t newline = text.substr(looked, at - looked).rfind('\n');
+    if (newline != std::string_view::npos) line = looked + newline + 1;
+    looked = at;
+    // Longer ones are taken as they are.
+    const std::string_view before = text.substr(line, at - line < kLongestLine ? at - line : 0);
+    const std::size_t first = before.find_first_not_of(" \t");
+    const bool isDirective = first != std::string_view::npos && before[first] == '#';
+    if (isDirective && EndsInString(before)) {
+      bytes[at + 1] = ' ';
+      at = text.find("/*", at + 2);
+      continue;
+    }
+    const std::size_t close = text.find("*/", at + 2);
+    if (close == std::string_view::npos) return;
+    at = text.find("/*", close + 2);
+  }
 }
 
 using Byte = unsigned char;
@@ -118,8 +144,9 @@ void MainReading::SetFile(std::uint32_t newNumber) {
 
 void MainReading::PrepareText(pANTLR3_INPUT_STREAM input) {
   text = TextOf(input);
-  if (!HasChoice(text)) return;
   auto* const bytes = static_cast<char*>(input->data);
+  HideCommentMarks(text, bytes);
+  if (!HasChoice(text)) return;
   for (const TextRange& range : DroppedText(text, dialect)) {
     for (std::uint32_t i = range.begin; i < range.end; ++i) {
       if (bytes[i] != '\n' && bytes[i] != '\r') bytes[i] = ' ';

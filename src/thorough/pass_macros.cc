@@ -28,6 +28,14 @@ bool Declares(unsigned type) {
   return type >= kMainKw_typedef;
 }
 
+/// True for a type and the name of a pointer to a function, which lack its parameters:
+/// `int (*name)`.
+bool IsPointer(const Words& expansion) {
+  const std::size_t size = expansion.size();
+  return size > 4 && expansion[size - 1].type == kMainRParen &&
+         expansion[size - 2].type == kMainId && expansion[size - 3].type == kMainStar;
+}
+
 /// True for arguments that cannot be parameters.
 bool HasLiteral(const Arguments& arguments) {
   return std::any_of(arguments.begin(), arguments.end(), [](std::span<const Word> argument) {
@@ -64,10 +72,16 @@ bool DeclarationPass::TryMacro() {
   bool isWorth = expander.Expand(*definition, arguments, tokens.LineAt(at), expansion);
   bool declaresNothing = false;
   if (isWorth) {
+    const std::size_t pastName = past;
     ExpandLast(past);
+    // `#define API API_OF`, with `API(int) f();`
+    const bool isLastCalled =
+        past != pastName && !expansion.empty() && expansion[0].type != kMainComma;
+    const bool isCall = definition->isFunction || isLastCalled;
     const bool hasBodyAfter = past < tokens.Count() && tokens.TypeAt(past) == kMainLCurly;
     isWorth = TakesPlaceOfName(*definition, name, arguments, past) ||
-              IsWorthExpanding(*definition, expansion, hasBodyAfter, declaresNothing);
+              (!MayBeFunction(*definition, name, arguments, past) &&
+               IsWorthExpanding(isCall, expansion, hasBodyAfter, declaresNothing));
   }
   if (!isWorth) {
     if (call.size() > kShortCall) vainWords += call.size();
@@ -136,6 +150,7 @@ bool DeclarationPass::TakesPlaceOfName(const MacroDefinition& definition, std::s
                                        const Arguments& arguments, std::size_t past) const {
   const unsigned after = past < tokens.Count() ? tokens.TypeAt(past) : 0;
   if (expansion.empty()) return after == kMainId && (HasLiteral(arguments) || IsNameAt(past));
+  if (after == kMainLParen && IsPointer(expansion)) return true;
   return HasNameOfMacro(name) && NamesFunction(definition, expansion, after);
 }
 
@@ -149,6 +164,18 @@ bool DeclarationPass::NamesFunction(const MacroDefinition& definition, const Wor
       result.size() > 1 && result[1].type == kMainLParen && PastBracket(result, 1) == result.size();
   if (!isCall) return false;
   return words.empty() ? result[0].text == ClassName() : NeedsName();
+}
+
+bool DeclarationPass::MayBeFunction(const MacroDefinition& definition, std::string_view name,
+                                    const Arguments& arguments, std::size_t past) const {
+  if (!definition.isFunction || HasNameOfMacro(name) || expander.IsOwn(definition)) return false;
+  const bool hasParameters =
+      std::any_of(arguments.begin(), arguments.end(), [](std::span<const Word> argument) {
+        return argument.size() != 1 || IsBuiltInType(argument[0].type);
+      });
+  if (!hasParameters) return false;
+  const unsigned after = past < tokens.Count() ? tokens.TypeAt(past) : 0;
+  return (after == kMainSemicolon || after == kMainLCurly) && NeedsName();
 }
 
 bool DeclarationPass::IsNameAt(std::size_t index) const {
@@ -183,13 +210,12 @@ bool DeclarationPass::NeedsName() const {
   return last == kMainStar || last == kMainAmpersand || names == 1;
 }
 
-bool DeclarationPass::IsWorthExpanding(const MacroDefinition& definition,
-                                       const std::vector<Word>& result, bool hasBodyAfter,
-                                       bool& declaresNothing) const {
+bool DeclarationPass::IsWorthExpanding(bool isCallOfMacro, const std::vector<Word>& result,
+                                       bool hasBodyAfter, bool& declaresNothing) const {
   const bool saysNothing = result.empty() || result[0].type == kMainNumber ||
                            (result.size() == 1 && LooksLikeMacro(result[0]));
   // A function may have the name of a macro that takes its place where the function is not wanted.
-  if (definition.isFunction && saysNothing && NeedsName()) return false;
+  if (isCallOfMacro && saysNothing && NeedsName()) return false;
   if (result.empty()) return true;
   const unsigned first = result[0].type;
   const bool isMethod = (first == kMainPlus || first == kMainMinus) &&
@@ -203,7 +229,7 @@ bool DeclarationPass::IsWorthExpanding(const MacroDefinition& definition,
                             first == kMainKw_true || first == kMainKw_false || first == kMainNot ||
                             first == kMainMinus;
   if (isExpression) return false;
-  if (!definition.isFunction) {
+  if (!isCallOfMacro) {
     const bool namesNamespace = !words.empty() && words.back().type == kMainKw_namespace;
     return declares || (namesNamespace && first == kMainId);
   }

@@ -19,6 +19,14 @@ bool IsWord(char c) { return kLettersAndDigits[static_cast<unsigned char>(c)]; }
 
 }  // namespace
 
+bool EndsInString(std::string_view line) {
+  bool isOpen = false;
+  for (std::size_t at = line.find('"'); at < line.size(); at = line.find('"', at + 1)) {
+    if (!isOpen || line[at - 1] != '\\') isOpen = !isOpen;
+  }
+  return isOpen;
+}
+
 DirectiveKind DirectiveKindOf(std::string_view word) {
   if (word == "if") return DirectiveKind::If;
   if (word == "ifdef") return DirectiveKind::Ifdef;

@@ -28,6 +28,10 @@ enum class DirectiveKind : std::uint8_t {
 /// The kind of the directive whose name is `word`.
 DirectiveKind DirectiveKindOf(std::string_view word);
 
+/// True if a string that begins in `line`, a part of a line from its beginning, is still open at
+/// its end.
+bool EndsInString(std::string_view line);
+
 /// A preprocessor directive: a line whose first character that is not blank is `#`.
 struct Directive {
   DirectiveKind kind = DirectiveKind::Other;

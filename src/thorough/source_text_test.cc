@@ -32,6 +32,16 @@ Directive First(std::string_view text) {
   return source.Found();
 }
 
+TEST(EndsInString, CountsQuotesWithoutBackslash) {
+  EXPECT_FALSE(EndsInString(""));
+  EXPECT_FALSE(EndsInString("#define A "));
+  EXPECT_TRUE(EndsInString("#define A \"a"));
+  EXPECT_TRUE(EndsInString("\""));
+  EXPECT_FALSE(EndsInString("#define A \"a\" "));
+  EXPECT_TRUE(EndsInString("\"a\\\"b"));
+  EXPECT_FALSE(EndsInString("\"a\\\"b\""));
+}
+
 TEST(SourceText, KnowsTheKindsOfDirectives) {
   EXPECT_EQ(First("#if A").kind, DirectiveKind::If);
   EXPECT_EQ(First("#ifdef A").kind, DirectiveKind::Ifdef);

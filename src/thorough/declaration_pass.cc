@@ -177,6 +177,10 @@ void DeclarationPass::Take(const Word& word) {
     case kMainRCurly:
       return TakeClose(word);
     case kMainSemicolon:
+      if (brackets == 1 && IsInCall()) {
+        words.erase(words.begin(), words.begin() + 2);
+        hasChanged = true;
+      }
       words.push_back(word);
       if (inEnum && enumDepth > 0) return;
       if (IsOldStyleHead()) return;
@@ -197,6 +201,12 @@ void DeclarationPass::Take(const Word& word) {
       ++brackets;
       break;
     case kMainRParen:
+      if (words.empty() && word.index >= 0) {
+        // That of a call with declarations in it.
+        hasChanged = true;
+        return Flush();
+      }
+      [[fallthrough]];
     case kMainRSquare:
       if (brackets > 0) --brackets;
       break;
@@ -216,6 +226,13 @@ void DeclarationPass::Take(const Word& word) {
       break;
   }
   words.push_back(word);
+}
+
+bool DeclarationPass::IsInCall() const {
+  if (words.size() < 4 || inEnum) return false;
+  const std::string_view name = words[0].text;
+  return words[0].type == kMainId && words[1].type == kMainLParen && name != "for" &&
+         name != "if" && name != "while" && name != "switch";
 }
 
 bool DeclarationPass::SkipHiddenCall(const Word& open) {

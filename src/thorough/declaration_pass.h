@@ -77,6 +77,8 @@ class DeclarationPass {
   /// lines before `word`, with which a declaration surely begins.
   void DropCallsBefore(const Word& word);
   void TakeStdNamespace(const Word& word);
+  /// True for the beginning of a call whose argument is a declaration: `DEBUG_CODE(int a`.
+  bool IsInCall() const;
   /// Skips the arguments in `int f(int) __nonnull((1));`, whose parenthesis is `open`: the lexer
   /// hides the word before them only. Returns true if it has.
   bool SkipHiddenCall(const Word& open);

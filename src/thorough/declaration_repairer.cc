@@ -47,7 +47,18 @@ constexpr bool IsCxxWord(unsigned type) {
 }
 
 /// Kinds of words that only some declarations have, so that steps can be left out.
-enum WordKind : std::uint8_t { kCxxWords = 1, kScopes = 2, kEnumWords = 4, kAutoWords = 8 };
+enum WordKind : std::uint8_t {
+  kCxxWords = 1,
+  kScopes = 2,
+  kEnumWords = 4,
+  kAutoWords = 8,
+  kOwnership = 16,
+};
+
+/// `__weak` and `__strong`, which have no names in the vocabulary.
+constexpr unsigned kWeak = kMainKw_void + 1;
+constexpr unsigned kStrong = kWeak + 1;
+static_assert(kMainKw_register == kStrong + 1);
 
 constexpr ByteTable<std::uint8_t> MakeWordKinds() {
   ByteTable<std::uint8_t> kinds{};
@@ -57,6 +68,8 @@ constexpr ByteTable<std::uint8_t> MakeWordKinds() {
   kinds[kMainScope] = kScopes;
   kinds[kMainKw_enum] = kEnumWords;
   kinds[kMainKw_auto] = kAutoWords;
+  kinds[kWeak] = kOwnership;
+  kinds[kStrong] = kOwnership;
   return kinds;
 }
 constexpr ByteTable<std::uint8_t> kWordKinds = MakeWordKinds();
@@ -101,6 +114,7 @@ void DeclarationRepairer::RepairPlain() {
   }
   unsigned kinds = 0;
   for (const Word& word : words) kinds |= kWordKinds[word.type % kWordKinds.size()];
+  if ((kinds & kOwnership) != 0) RemoveOwnership();
   if (place.dialect != Dialect::C && (kinds & kCxxWords) != 0) RetypeNames();
   RemoveMacrosBefore();
   if ((kinds & kScopes) != 0) RemoveLeadingScopes();
@@ -181,6 +195,12 @@ void DeclarationRepairer::RemoveEnumWords() {
     } else {
       ++i;
     }
+  }
+}
+
+void DeclarationRepairer::RemoveOwnership() {
+  for (std::size_t i = words.size(); i-- > 0;) {
+    if (TypeAt(i) == kWeak || TypeAt(i) == kStrong) Erase(i, i + 1);
   }
 }
 

@@ -184,6 +184,8 @@ class DeclarationRepairer {
   /// Removes `enum` before the name of a type: the grammar has the word only where an enum is
   /// declared.
   void RemoveEnumWords();
+  /// Removes `__weak` and `__strong`, which the grammar has before a type only.
+  void RemoveOwnership();
   /// Makes a name of `auto`, which the grammar then reads as a type, with qualifiers or references.
   void RetypeAuto();
 

@@ -160,6 +160,18 @@ const MacroDefinition* Expander::ForCall(const MacroDefinition* definition, std:
   return definition;
 }
 
+const MacroDefinition* Expander::KeepingArguments(const MacroDefinition* definition,
+                                                  std::string_view name) {
+  for (const MacroDefinition* known = macros.Find(name); known; known = macros.Next(*known)) {
+    if (!known->isFunction || known->body.empty()) continue;
+    const MacroBody& body = bodies.Of(*known);
+    if (body.tokens.size() == 1 && body.parameterCount == 1 && body.tokens[0].parameter == 0) {
+      return known;
+    }
+  }
+  return definition;
+}
+
 bool Expander::IsActive(const MacroDefinition* definition) const {
   return std::find(active.begin(), active.end(), definition) != active.end();
 }

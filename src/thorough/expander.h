@@ -52,6 +52,10 @@ class Expander {
   const MacroDefinition* ForCall(const MacroDefinition* definition, std::string_view name,
                                  std::size_t count);
 
+  /// Returns a definition of `name` that expands to its arguments alone, or `definition`, which is
+  /// empty, if there is none.
+  const MacroDefinition* KeepingArguments(const MacroDefinition* definition, std::string_view name);
+
   /// True for a definition in the file itself.
   bool IsOwn(const MacroDefinition& definition) const { return definition.file == file; }
 

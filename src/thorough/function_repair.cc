@@ -13,7 +13,7 @@ bool DeclarationRepairer::BeginsParameter(std::size_t at) const {
     // `a::B c`, `a::B* MACRO c`
     std::size_t next = at + 1;
     while (TypeAt(next) == kMainScope && TypeAt(next + 1) == kMainId) next += 2;
-    if (TypeAt(next) == kMainId) return true;
+    if (TypeAt(next) == kMainId || IsQualifier(TypeAt(next))) return true;
     const std::size_t type = next;
     while (TypeAt(next) == kMainStar || TypeAt(next) == kMainAmpersand) ++next;
     return next > type &&

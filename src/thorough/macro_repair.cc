@@ -163,8 +163,12 @@ void DeclarationRepairer::RemoveThirdNames(std::size_t from) {
         (TypeAt(i + 2) == kMainLess && LooksLikeMacro(words[i])) ||
         (TypeAt(i + 2) == kMainScope && LooksLikeMacro(words[i]));
     if (hasTypeBefore && LooksLikeMacro(words[i + 1]) && !LooksLikeMacro(words[i])) {
-      // `int name MACRO`
-      if (TypeAt(i + 2) != kMainLParen || TypeAt(i + 3) == kMainRParen) {
+      // `int name MACRO`, `int name MACRO (int a)`
+      const bool hasParameters =
+          TypeAt(i + 2) == kMainLParen &&
+          (TypeAt(i + 3) == kMainRParen || BeginsParameter(i + 3) ||
+           (end == DeclarationEnd::Body && TypeAt(PastBracket(words, i + 2)) != kMainLParen));
+      if (TypeAt(i + 2) != kMainLParen || hasParameters) {
         remove(i + 1, i + 2);
         continue;
       }

@@ -40,9 +40,22 @@ bool HasChoice(std::string_view text) {
   return false;
 }
 
+void Blank(char* bytes, std::size_t begin, std::size_t end) {
+  for (std::size_t i = begin; i < end; ++i) {
+    if (bytes[i] != '\n' && bytes[i] != '\r') bytes[i] = ' ';
+  }
+}
+
+/// True for what follows the `#` of a `#define`.
+bool IsDefinition(std::string_view directive) {
+  const std::size_t word = directive.find_first_not_of(" \t");
+  return word != std::string_view::npos && directive.substr(word).starts_with("define");
+}
+
 /// Blanks the `*` of each `/*` in a string of a directive, which the lexer takes for the beginning
-/// of a comment. `bytes` are those of `text`.
-void HideCommentMarks(std::string_view text, char* bytes) {
+/// of a comment, and comments after other directives than definitions, of which it takes only the
+/// first line. `bytes` are those of `text`.
+void HideComments(std::string_view text, char* bytes) {
   constexpr std::size_t kLongestLine = 512;
   std::size_t line = 0;    // Where the line begins.
   std::size_t looked = 0;  // Before this, its beginning has been looked for.
@@ -61,6 +74,7 @@ void HideCommentMarks(std::string_view text, char* bytes) {
     }
     const std::size_t close = text.find("*/", at + 2);
     if (close == std::string_view::npos) return;
+    if (isDirective && !IsDefinition(before.substr(first + 1))) Blank(bytes, at, close + 2);
     at = text.find("/*", close + 2);
   }
 }
@@ -145,13 +159,9 @@ void MainReading::SetFile(std::uint32_t newNumber) {
 void MainReading::PrepareText(pANTLR3_INPUT_STREAM input) {
   text = TextOf(input);
   auto* const bytes = static_cast<char*>(input->data);
-  HideCommentMarks(text, bytes);
+  HideComments(text, bytes);
   if (!HasChoice(text)) return;
-  for (const TextRange& range : DroppedText(text, dialect)) {
-    for (std::uint32_t i = range.begin; i < range.end; ++i) {
-      if (bytes[i] != '\n' && bytes[i] != '\r') bytes[i] = ' ';
-    }
-  }
+  for (const TextRange& range : DroppedText(text, dialect)) Blank(bytes, range.begin, range.end);
 }
 
 Scanner MainReading::ScannerFor(Scanner /*exact*/) {

@@ -36,6 +36,11 @@ bool IsPointer(const Words& expansion) {
          expansion[size - 2].type == kMainId && expansion[size - 3].type == kMainStar;
 }
 
+/// True for a call that has a whole declaration among its arguments: `DEBUG_CODE(int a;)`.
+bool HasStatement(const Words& call) {
+  return call.size() > 3 && call[call.size() - 2].type == kMainSemicolon;
+}
+
 /// True for arguments that cannot be parameters.
 bool HasLiteral(const Arguments& arguments) {
   return std::any_of(arguments.begin(), arguments.end(), [](std::span<const Word> argument) {
@@ -64,6 +69,9 @@ bool DeclarationPass::TryMacro() {
     if (vainWords > kMostVainWords) return false;
     if (!ReadCall(past, call, arguments)) return false;
     definition = expander.ForCall(definition, name, arguments.size());
+    if (definition->body.empty() && HasStatement(call)) {
+      definition = expander.KeepingArguments(definition, name);
+    }
   } else if (past < tokens.Count() &&
              (tokens.TypeAt(past) == kMainScope || tokens.TypeAt(past) == kMainLess)) {
     return false;

@@ -162,6 +162,9 @@ class DeclarationRepairer {
   void RepairBitFields(std::size_t colon);
   /// Removes the arguments in `const Type name("text");`, which cannot be parameters.
   void RemoveArguments();
+  /// True if one of the parameters in `outline` is a literal or a cast, and thus an argument:
+  /// `const Type name(other, 1);`
+  bool HasValue(const Outline& outline) const;
   /// Removes the arguments in `constexpr bool name<A::B> = true;`, which would be taken for part
   /// of a qualified name.
   void RemoveNameArguments(std::size_t begin);

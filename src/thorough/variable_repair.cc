@@ -160,8 +160,35 @@ void DeclarationRepairer::RemoveArguments() {
     case kMainKw_new:
       return Erase(outline.params, outline.pastParams);
     default:
+      if (HasValue(outline)) Erase(outline.params, outline.pastParams);
       return;
   }
+}
+
+bool DeclarationRepairer::HasValue(const Outline& outline) const {
+  for (std::size_t i = outline.params + 1; i + 1 < outline.pastParams; ++i) {
+    const unsigned before = TypeAt(i - 1);
+    const bool begins = before == kMainLParen || before == kMainComma;
+    switch (TypeAt(i)) {
+      case kMainNumber:
+      case kMainStringLiteral:
+      case kMainCharLiteral:
+      case kMainKw_true:
+      case kMainKw_false:
+        if (begins) return true;
+        break;
+      case kMainId:
+        if (begins && TypeAt(i + 1) == kMainLess && words[i].text.ends_with("_cast")) return true;
+        break;
+      case kMainLSquare:
+      case kMainLess:
+      case kMainAssign:
+        return false;
+      default:
+        break;
+    }
+  }
+  return false;
 }
 
 void DeclarationRepairer::RemoveNameArguments(std::size_t begin) {
@@ -178,6 +205,12 @@ void DeclarationRepairer::RemoveNameArguments(std::size_t begin) {
 
 void DeclarationRepairer::RepairTypedef(const Outline& outline) {
   RemoveTrailingMacros();
+  // `typedef struct A (*Name);`
+  if (outline.pointer != kNoWord && TypeAt(outline.pointer + 3) == kMainRParen &&
+      TypeAt(outline.pointer + 4) == kMainSemicolon) {
+    Erase(outline.pointer + 3, outline.pointer + 4);
+    return Erase(outline.pointer, outline.pointer + 2);
+  }
   const std::size_t last = words.size() - 1;
   if (TypeAt(last) != kMainSemicolon || outline.comma != kNoWord || outline.classKey != kNoWord ||
       outline.operatorWord != kNoWord || last < 3) {

@@ -7,3 +7,4 @@ static int (*const table[])(void) = {a, b};
 static void *(*const volatile both)(void *, int) = set;
 typedef int (*Handlers[SIZE])(int);
 typedef A DEPRECATED(b) Name;
+typedef struct S (*Pointer);

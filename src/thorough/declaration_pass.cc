@@ -180,6 +180,7 @@ void DeclarationPass::Take(const Word& word) {
       if (brackets == 1 && IsInCall()) {
         words.erase(words.begin(), words.begin() + 2);
         hasChanged = true;
+        ++openCalls;
       }
       words.push_back(word);
       if (inEnum && enumDepth > 0) return;
@@ -201,8 +202,9 @@ void DeclarationPass::Take(const Word& word) {
       ++brackets;
       break;
     case kMainRParen:
-      if (words.empty() && word.index >= 0) {
+      if (words.empty() && word.index >= 0 && openCalls > 0) {
         // That of a call with declarations in it.
+        --openCalls;
         hasChanged = true;
         return Flush();
       }

@@ -134,6 +134,7 @@ class DeclarationPass {
   bool followsTemplate = false;    ///< ... and this class is a template.
   int madeCurlies = 0;             ///< Open braces of a block that a macro opened ...
   bool madeBody = false;           ///< ... and whether it is the body of a function.
+  int openCalls = 0;               ///< Calls that declarations have been found in.
   bool missesBlock = false;        ///< A block that was skipped has been needed.
   bool unclosed = false;           ///< A block that stays open has been met: there is no other end.
   std::vector<Scope> scopes;

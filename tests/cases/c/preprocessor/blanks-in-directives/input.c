@@ -1,0 +1,15 @@
+#  include int a;
+#		include int b;
+#  import int c;
+#		import int d;
+#  undef int e;
+#		undef int f;
+#  pragma int g;
+#		pragma int h;
+#  error int i;
+#		error int j;
+#  warning int k;
+#		warning int l;
+#  endif int m;
+#		endif int n;
+int o;

@@ -1,0 +1,14 @@
+auto near *a();
+auto NEAR *b();
+auto far *c();
+auto FAR *d();
+auto * const volatile e();
+auto NEAR * const f();
+auto A::*g();
+auto A::* const h();
+auto A::* const volatile i();
+auto A<B>::*j();
+auto **k();
+auto *&l();
+auto &&m();
+int x;

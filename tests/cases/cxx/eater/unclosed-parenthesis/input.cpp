@@ -1,0 +1,3 @@
+A<(b> x;
+int y = a < (b;
+int z;

@@ -1,0 +1,4 @@
+using A = const B;
+using C = const int;
+using D = int const;
+using E = int;

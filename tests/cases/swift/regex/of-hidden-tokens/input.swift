@@ -1,0 +1,3 @@
+let a = b(/@c/)
+enum D { case e = /@f/, g }
+let h = 1

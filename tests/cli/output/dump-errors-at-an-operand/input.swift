@@ -1,0 +1,4 @@
+class A {
+  let a = b =
+}
+let c = 1

@@ -269,6 +269,23 @@ TEST_F(ListSourcesTest, ListsRepositoriesInRepositories) {
   EXPECT_EQ(Found({"top"}), (Paths{"top/a.c", "top/nested/b.c"}));
 }
 
+TEST_F(ListSourcesTest, WalksWhereGitListsTrackedFilesOnly) {
+  Make("top/a.c");
+  Make("top/.hidden/b.c");
+  Make("more/c.c");
+  if (!Git("", {"init", "-q", "top"})) GTEST_SKIP() << "git is not installed";
+  Git("top", {"add", "."});
+  EXPECT_EQ(Found({"top", "more"}), (Paths{"more/c.c", "top/.hidden/b.c", "top/a.c"}));
+  // What is to be ignored cannot be read.
+  fs::remove_all(scratch.Path("top/.git/info/exclude"));
+  fs::create_directories(scratch.Path("top/.git/info/exclude"));
+  const SourceList walked = List({"top", "more"});
+  ASSERT_EQ(walked.sources.size(), 2U);
+  EXPECT_EQ(walked.sources[0].path, "more/c.c");
+  EXPECT_EQ(walked.sources[1].path, "top/a.c");
+  EXPECT_EQ(walked.problems.size(), 1U);
+}
+
 TEST_F(ListSourcesTest, WalksWhereGitIsMissingOrFails) {
   Make("a.c");
   Make("sub/b.c");

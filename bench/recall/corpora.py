@@ -85,8 +85,11 @@ _LIBCXX = ("-nostdinc++", "-isystem", "/usr/lib/llvm-14/include/c++/v1")
 _QT = "/usr/include/x86_64-linux-gnu/qt5"
 _QT_MODULES = ("QtCore", "QtGui", "QtWidgets", "QtNetwork", "QtDBus", "QtSql", "QtXml", "QtTest",
                "QtConcurrent", "QtPrintSupport")
+# The folder of the build's settings.
+_WX = "-I" + _newest("/usr/lib/*/wx/include/*-3.2")
 _GLIB = ("-I/usr/include/glib-2.0", "-I/usr/lib/x86_64-linux-gnu/glib-2.0/include",
          "-I/usr/include/gio-unix-2.0")
+_POSTGRES = _newest("/usr/include/postgresql/*/server")
 _KERNEL = _newest("/usr/src/linux-headers-*-common")
 _KERNEL_BUILD = _newest("/usr/src/linux-headers-*-amd64")
 _KERNEL_FLAGS = ("-std=gnu11", "-nostdinc", "-D__KERNEL__", "-fshort-wchar", "-fms-extensions",
@@ -173,6 +176,13 @@ CORPORA = [
            configurations=_standards("gnu++17")),
     Corpus("opencv", "OpenCV, core", "libopencv-core-dev", ["/usr/include/opencv4/opencv2"],
            configurations=_standards("gnu++17", more=("-I/usr/include/opencv4",))),
+    Corpus("wx", "wxWidgets", "libwxgtk3.2-dev", ["/usr/include/wx-3.2"],
+           configurations=(("-std=gnu++17", "-I/usr/include/wx-3.2", _WX, "-D__WXGTK__",
+                            "-D_FILE_OFFSET_BITS=64", "-DWXUSINGDLL", "-include", "wx/wx.h"),)),
+    Corpus("osg", "OpenSceneGraph", "libopenscenegraph-dev",
+           ["/usr/include/" + name for name in ("osg", "osgUtil", "osgDB", "osgGA", "osgText",
+                                                "osgViewer", "OpenThreads")],
+           bare=True, ctags=("--language-force=C++",), configurations=_standards("gnu++14")),
     Corpus("re2", "RE2 and Abseil, sources", "re2", ["re2/vendor"],
            patterns=_CXX_HEADERS + ("*.cc",), npm=True,
            without=("*_test.cc", "*benchmark*", "*/testing/*", "*/fuzzing/*"),
@@ -206,6 +216,22 @@ CORPORA = [
            ("*.h",), ctags=_C_CTAGS, configurations=(("-std=gnu11", "-D_GNU_SOURCE"),)),
     Corpus("glib", "GLib", "libglib2.0-dev", ["/usr/include/glib-2.0"], "c", ("*.h",),
            ctags=_C_CTAGS, configurations=(("-std=gnu11", *_GLIB, "-include", "glib.h"),)),
+    Corpus("magick", "ImageMagick", "libmagick++-6-headers", ["/usr/include/ImageMagick-6"], "c",
+           ("*.h",), without=("*/Magick++*",), ctags=_C_CTAGS,
+           configurations=(("-std=gnu11", "-I/usr/include/ImageMagick-6",
+                            "-I/usr/include/x86_64-linux-gnu/ImageMagick-6",
+                            "-DMAGICKCORE_QUANTUM_DEPTH=16", "-DMAGICKCORE_HDRI_ENABLE=0",
+                            "-include", "magick/MagickCore.h"),)),
+    Corpus("nss", "NSS", "libnss3-dev", ["/usr/include/nss", "/usr/include/nspr"], "c", ("*.h",),
+           ctags=_C_CTAGS, configurations=(("-std=gnu11", "-I/usr/include/nss",
+                                            "-I/usr/include/nspr"),)),
+    Corpus("postgres", "PostgreSQL", "postgresql-server-dev-15", [_POSTGRES], "c", ("*.h",),
+           ctags=_C_CTAGS, configurations=(("-std=gnu11", "-D_GNU_SOURCE", "-I" + _POSTGRES,
+                                            "-include", "postgres.h"),)),
+    Corpus("sass", "LibSass, sources", "node-sass",
+           ["node-sass/src/libsass/src", "node-sass/src/libsass/include"],
+           patterns=_CXX_HEADERS + ("*.cpp",), npm=True,
+           configurations=(("-std=gnu++17", "-I{npm}/node-sass/src/libsass/include"),)),
     Corpus("c", "curl and zlib, headers", "libcurl4-openssl-dev, zlib1g-dev",
            ["/usr/include/x86_64-linux-gnu/curl", "/usr/include/zlib.h", "/usr/include/zconf.h",
             "/usr/include/x86_64-linux-gnu/openssl", "/usr/include/openssl"], "c", ("*.h",),
@@ -217,6 +243,12 @@ CORPORA = [
     Corpus("objc", "Objective-C sources", "react-native, expo-modules-core, @capacitor/ios",
            ["react-native/React", "react-native/Libraries", "expo-modules-core/ios",
             "@capacitor/ios"], "objc", ("*.m",), npm=True, stubs=True,
+           ctags=("--language-force=ObjectiveC",),
+           configurations=((*_APPLE, "-include", "Foundation/Foundation.h"),)),
+    Corpus("objcxx", "Objective-C++ sources",
+           "react-native-screens, react-native-svg, react-native-gesture-handler",
+           ["react-native-screens/ios", "react-native-svg/apple",
+            "react-native-gesture-handler/apple"], "objc", ("*.mm",), npm=True, stubs=True,
            ctags=("--language-force=ObjectiveC",),
            configurations=((*_APPLE, "-include", "Foundation/Foundation.h"),)),
     Corpus("python", "Python's library", "libpython3.11-stdlib", ["/usr/lib/python3.11"], "python",

@@ -73,9 +73,10 @@ std::vector<std::size_t> DeclarationRepairer::DeclaratorEnds(std::size_t begin) 
 }
 
 bool DeclarationRepairer::SplitDeclarators(const Outline& outline) {
-  const bool mayBeSeveral = end == DeclarationEnd::Semicolon && outline.comma != kNoWord &&
-                            outline.begin == 0 && outline.operatorWord == kNoWord &&
-                            TypeAt(0) != kMainKw_using &&
+  const bool hasGroup = outline.params != kNoWord || outline.pointer != kNoWord;
+  if (outline.comma == kNoWord || !hasGroup) return false;
+  const bool mayBeSeveral = end == DeclarationEnd::Semicolon && outline.begin == 0 &&
+                            outline.operatorWord == kNoWord && TypeAt(0) != kMainKw_using &&
                             TypeAt(words.size() - 1) == kMainSemicolon;
   if (!mayBeSeveral) return false;
   // A macro, with or without another one after it.

@@ -2,6 +2,7 @@
 // The reading of C, C++ and Objective-C files.
 #include "thorough/main_reading.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "base/character_class.h"
@@ -52,30 +53,55 @@ bool IsDefinition(std::string_view directive) {
   return word != std::string_view::npos && directive.substr(word).starts_with("define");
 }
 
-/// Blanks the `*` of each `/*` in a string of a directive, which the lexer takes for the beginning
-/// of a comment, and comments after other directives than definitions, of which it takes only the
-/// first line. `bytes` are those of `text`.
-void HideComments(std::string_view text, char* bytes) {
-  constexpr std::size_t kLongestLine = 512;
-  std::size_t line = 0;    // Where the line begins.
-  std::size_t looked = 0;  // Before this, its beginning has been looked for.
-  for (std::size_t at = text.find("/*"); at != std::string_view::npos;) {
-    const std::size_t newline = text.substr(looked, at - looked).rfind('\n');
-    if (newline != std::string_view::npos) line = looked + newline + 1;
-    looked = at;
-    // Longer ones are taken as they are.
-    const std::string_view before = text.substr(line, at - line < kLongestLine ? at - line : 0);
-    const std::size_t first = before.find_first_not_of(" \t");
-    const bool isDirective = first != std::string_view::npos && before[first] == '#';
-    if (isDirective && EndsInString(before)) {
-      bytes[at + 1] = ' ';
-      at = text.find("/*", at + 2);
+/// Directives of more characters in a line are taken as they are.
+constexpr std::size_t kLongestLine = 512;
+
+/// True if a comment that begins not far before `at` is still open there.
+bool IsInComment(std::string_view text, std::size_t at) {
+  constexpr std::size_t kLongestComment = 4096;
+  const std::size_t from = at - std::min(at, kLongestComment);
+  const std::string_view before = text.substr(from, at - from);
+  const std::size_t open = before.rfind("/*");
+  if (open == std::string_view::npos) return false;
+  return before.find("*/", open) == std::string_view::npos;
+}
+
+/// Blanks comments in the directive whose `#` is at `hash`, but for those of a definition, and the
+/// `*` of each `/*` in a string. `bytes` are those of `text`. Returns false if a comment has no
+/// end.
+bool HideComments(std::string_view text, std::size_t hash, char* bytes) {
+  const std::string_view line = text.substr(hash, kLongestLine);
+  const std::size_t end = std::min(line.find('\n'), line.size());
+  std::size_t first = hash;
+  while (first > 0 && (text[first - 1] == ' ' || text[first - 1] == '\t')) --first;
+  if (first > 0 && text[first - 1] != '\n') return true;
+  const bool isDefinition = IsDefinition(line.substr(1));
+  for (std::size_t at = line.find("/*"); at < end; at = line.find("/*", at + 2)) {
+    if (EndsInString(line.substr(0, at))) {
+      bytes[hash + at + 1] = ' ';
       continue;
     }
-    const std::size_t close = text.find("*/", at + 2);
-    if (close == std::string_view::npos) return;
-    if (isDirective && !IsDefinition(before.substr(first + 1))) Blank(bytes, at, close + 2);
-    at = text.find("/*", close + 2);
+    if (isDefinition) return true;
+    if (line.substr(0, end).find("*/", at + 2) != std::string_view::npos) continue;
+    if (IsInComment(text, hash)) return true;
+    const std::size_t close = text.find("*/", hash + at + 2);
+    if (close == std::string_view::npos) return false;
+    Blank(bytes, hash + at, close + 2);
+  }
+  return true;
+}
+
+/// Hides what the lexer would read in another way than a compiler: it takes what begins a comment
+/// in a string of a directive for one, and only the first line of a comment after a directive that
+/// is no definition.
+void HideCommentsOfDirectives(std::string_view text, char* bytes) {
+  std::size_t comment = 0;
+  for (std::size_t at = text.find('#'); at != std::string_view::npos; at = text.find('#', at + 1)) {
+    if (comment < at) comment = text.find("/*", at);
+    if (comment == std::string_view::npos) return;
+    if (comment - at >= kLongestLine) continue;
+    if (text.substr(at, comment - at).find('\n') != std::string_view::npos) continue;
+    if (!HideComments(text, at, bytes)) return;
   }
 }
 
@@ -159,7 +185,7 @@ void MainReading::SetFile(std::uint32_t newNumber) {
 void MainReading::PrepareText(pANTLR3_INPUT_STREAM input) {
   text = TextOf(input);
   auto* const bytes = static_cast<char*>(input->data);
-  HideComments(text, bytes);
+  HideCommentsOfDirectives(text, bytes);
   if (!HasChoice(text)) return;
   for (const TextRange& range : DroppedText(text, dialect)) Blank(bytes, range.begin, range.end);
 }

@@ -242,6 +242,8 @@ bool DeclarationPass::IsWorthExpanding(bool isCallOfMacro, const std::vector<Wor
     return declares || (namesNamespace && first == kMainId);
   }
   if (declares) {
+    // What ends a block that another macro opened may begin in any way.
+    if (madeCurlies > 0) return true;
     // A statement, which a file has no place for.
     return result[0].text != "do" && result[0].text != "if" && result[0].text != "for" &&
            result[0].text != "while" && result[0].text != "return" && result[0].text != "switch";

@@ -1,0 +1,4 @@
+NS_ENUM(, A) { B };
+int x;
+NS_ENUM(int, ) { C };
+int y;

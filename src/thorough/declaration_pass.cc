@@ -266,9 +266,12 @@ void DeclarationPass::DropCallsBefore(const Word& word) {
   if (word.index < 0 || brackets > 0 || inEnum || words.size() > kLongestCalls) return;
   bool areMacros = true;
   for (std::size_t i = 0; i < words.size();) {
-    if (words[i].type != kMainId || i + 1 == words.size() || words[i + 1].type != kMainLParen) {
-      return;
+    if (words[i].type != kMainId || i + 1 == words.size()) return;
+    if (LooksLikeMacro(words[i]) && words[i + 1].line > words[i].line) {
+      ++i;  // Alone on its line.
+      continue;
     }
+    if (words[i + 1].type != kMainLParen) return;
     areMacros = areMacros && BeginsLikeMacro(words[i].text);
     i = PastBracket(words, i + 1);
   }
@@ -277,9 +280,17 @@ void DeclarationPass::DropCallsBefore(const Word& word) {
   const unsigned second = at + 1 < tokens.Count() ? tokens.TypeAt(at + 1) : 0;
   const bool isClass =
       IsClassKey(type) && (next == kMainLCurly || second == kMainLCurly || second == kMainColon);
+  const bool opensNext = next == kMainLCurly || next == kMainColon;
+  const bool opensSecond = second == kMainLCurly || second == kMainColon;
+  const bool isEnum =
+      type == kMainKw_enum && (opensNext || opensSecond || (IsClassKey(next) && second == kMainId));
+  const bool isLabel =
+      IsAccess(type) && (next == kMainColon || (next == kMainId && second == kMainColon));
   const bool cannotFollow = type == kMainKw_typedef || type == kMainKw_extern ||
                             type == kMainKw_static || type == kMainKw_namespace ||
-                            type == kMainKw_template || type == kMainKw_using || isClass;
+                            type == kMainKw_template || type == kMainKw_using ||
+                            type == kMainKw_explicit || type == kMainKw_virtual ||
+                            type == kMainKw_friend || isClass || isEnum || isLabel;
   // What else begins a declaration may be that of an old-style parameter.
   const bool begins = type == kMainKw_const
                           ? next == kMainId || IsBuiltInType(next) || IsClassKey(next)

@@ -65,7 +65,7 @@ SIZES = {"c/classes-members": 3000}
 # the others no tag is required: what is never closed may hide the rest of the file, a stray closing
 # bracket ends a C file's tags, and what begins no declaration ends a Swift file's.
 RESYNCHRONISES = {
-    "c": """parentheses-initializer parentheses-statement parentheses-enumerator
+    "c": """bodies bodies-defines parentheses-initializer parentheses-statement parentheses-enumerator
         parentheses-array-size parentheses-parameter parentheses-default parentheses-attribute calls
         calls-enumerator casts casts-enumerator casts-name casts-pointer static-cast
         static-cast-enumerator sizeof sizeof-enumerator ternaries ternaries-enumerator
@@ -133,7 +133,7 @@ LOST_THOROUGHLY = {
         unclosed-attribute-word unclosed-availability unclosed-asm-brace unclosed-static-assert
         unclosed-ternary-value unclosed-requires unclosed-requires-brace unclosed-ns-options stars
         stars-unclosed macro-eater-unclosed conditionals-stray-else
-        conditionals-stray-elif""".split(),
+        conditionals-stray-elif bodies-unclosed bodies-unclosed-nested""".split(),
     "macros": [],
     "conditionals": "deep-unclosed deep-function elif-row-unbalanced raw-strings".split(),
     "swift": """enums words-point unclosed-enum unclosed-string unclosed-raw-string-multiline

@@ -394,7 +394,8 @@ class Examples(Scratch):
         rows = [line.split("|")[1:-1] for line in read("bench/results/recall-debian12.md").splitlines()
                 if " of " in line and line.startswith("|")]
         recall = {row[0].strip(): [cell.split("/") for cell in (row[5], row[3])] for row in rows}
-        other = ("GNUstep headers", "Objective-C sources", "Python's library", "Swift")
+        other = ("GNUstep headers", "Objective-C sources", "Objective-C++ sources",
+                 "Python's library", "Swift")
         for title, which in (("declarations found", 0), ("tags that are right", 1)):
             cells = []
             for program in (0, 1):

@@ -278,10 +278,9 @@ void DeclarationPass::DropCallsBefore(const Word& word) {
   const unsigned type = word.type;
   const unsigned next = at < tokens.Count() ? tokens.TypeAt(at) : 0;
   const unsigned second = at + 1 < tokens.Count() ? tokens.TypeAt(at + 1) : 0;
-  const bool isClass =
-      IsClassKey(type) && (next == kMainLCurly || second == kMainLCurly || second == kMainColon);
   const bool opensNext = next == kMainLCurly || next == kMainColon;
   const bool opensSecond = second == kMainLCurly || second == kMainColon;
+  const bool isClass = IsClassKey(type) && (next == kMainLCurly || opensSecond);
   const bool isEnum =
       type == kMainKw_enum && (opensNext || opensSecond || (IsClassKey(next) && second == kMainId));
   const bool isLabel =

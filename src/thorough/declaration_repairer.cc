@@ -55,11 +55,6 @@ enum WordKind : std::uint8_t {
   kOwnership = 16,
 };
 
-/// `__weak` and `__strong`, which have no names in the vocabulary.
-constexpr unsigned kWeak = kMainKw_void + 1;
-constexpr unsigned kStrong = kWeak + 1;
-static_assert(kMainKw_register == kStrong + 1);
-
 constexpr ByteTable<std::uint8_t> MakeWordKinds() {
   ByteTable<std::uint8_t> kinds{};
   for (unsigned type = 0; type < kinds.size(); ++type) {
@@ -68,8 +63,8 @@ constexpr ByteTable<std::uint8_t> MakeWordKinds() {
   kinds[kMainScope] = kScopes;
   kinds[kMainKw_enum] = kEnumWords;
   kinds[kMainKw_auto] = kAutoWords;
-  kinds[kWeak] = kOwnership;
-  kinds[kStrong] = kOwnership;
+  kinds[kMainWeak] = kOwnership;
+  kinds[kMainStrong] = kOwnership;
   return kinds;
 }
 constexpr ByteTable<std::uint8_t> kWordKinds = MakeWordKinds();
@@ -200,7 +195,7 @@ void DeclarationRepairer::RemoveEnumWords() {
 
 void DeclarationRepairer::RemoveOwnership() {
   for (std::size_t i = words.size(); i-- > 0;) {
-    if (TypeAt(i) == kWeak || TypeAt(i) == kStrong) Erase(i, i + 1);
+    if (TypeAt(i) == kMainWeak || TypeAt(i) == kMainStrong) Erase(i, i + 1);
   }
 }
 

@@ -21,8 +21,11 @@ inline constexpr unsigned kMainProperty = MainLiteral("@property");
 inline constexpr unsigned kMainGetter = MainLiteral("getter=");
 inline constexpr unsigned kMainSetter = MainLiteral("setter=");
 inline constexpr unsigned kMainNoexceptMacro = MainLiteral("_NOEXCEPT");
+inline constexpr unsigned kMainWeak = MainLiteral("__weak");
+inline constexpr unsigned kMainStrong = MainLiteral("__strong");
 static_assert(kMainSynthesize != kMainEndOfFile && kMainProperty != kMainEndOfFile &&
               kMainGetter != kMainEndOfFile && kMainSetter != kMainEndOfFile &&
-              kMainNoexceptMacro != kMainEndOfFile);
+              kMainNoexceptMacro != kMainEndOfFile && kMainWeak != kMainEndOfFile &&
+              kMainStrong != kMainEndOfFile);
 
 }  // namespace vexltags::thorough

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 
 #include "base/byte_search.h"
+#include "engine/scanner_base.h"
 #include "thorough/declaration_outline.h"
 #include "thorough/main_literals.h"
 #include "thorough/source_text.h"
@@ -64,6 +64,20 @@ bool OpensBlock(const TokenTable& table) {
   return hasParameters;
 }
 
+class BlockScanner : public ScannerBase {
+ public:
+  using ScannerBase::ScannerBase;
+
+  /// Takes the text from the `{` at the current position up to the `}` at `close` as one token.
+  void TakeTo(const Byte* close) {
+    const bool hasStatement = FindByte(';', at, close) != close;
+    TakeLines(kMainLCurly, close);
+    // Where the head cannot be read the parser goes on after a semicolon.
+    if (hasStatement) Take(kMainSemicolon, close);
+    Leave();
+  }
+};
+
 }  // namespace
 
 bool SkipBlock(ScanCursor& cursor, TokenTable& table) {
@@ -78,18 +92,7 @@ bool SkipBlock(ScanCursor& cursor, TokenTable& table) {
   }
   const unsigned char* const end = cursor.begin + close;
   if (end == cursor.at + 1) return false;
-  table.Add(kMainLCurly, cursor.at, end, cursor.line);
-  for (const unsigned char* at = FindByte('\n', cursor.at, end); at < end;
-       at = FindByte('\n', cursor.columnZero, end)) {
-    ++cursor.line;
-    cursor.columnZero = at + 1;
-  }
-  // Where the head cannot be read the parser goes on after a semicolon.
-  const auto length = static_cast<std::size_t>(end - cursor.at);
-  if (std::memchr(cursor.at, ';', length) != nullptr) {
-    table.Add(kMainSemicolon, end, end, cursor.line);
-  }
-  cursor.at = end;
+  BlockScanner(cursor, table).TakeTo(end);
   return true;
 }
 
